@@ -1,0 +1,134 @@
+#include "cli/CliSupport.h"
+
+#include <iostream>
+
+#include "solver/SolverEngine.h"
+
+namespace tessaly::cli {
+
+void StderrUserInterface::message(const std::string& text) {
+  std::string escaped;
+  for (char ch : text) {
+    if (ch == '\n')
+      escaped += "\\n";
+    else
+      escaped.push_back(ch);
+  }
+  std::cerr << "message: " << escaped << '\n';
+}
+
+bool StderrUserInterface::question(const std::string& text) {
+  message(text);
+  return true;
+}
+
+CliSession::CliSession(const PuzzleOptions& options) {
+  if (options.seed)
+    m_random = std::make_unique<SeededRandom>(*options.seed);
+  else
+    m_random = std::make_unique<ClockMixedRandom>(m_clock);
+  Services services;
+  services.ui = &m_ui;
+  services.clock = &m_clock;
+  services.random = m_random.get();
+  m_session = std::make_unique<Session>(services);
+  m_session->writesConfiguration = false;
+  if (options.ruleOrder) m_session->config.RuleOrder = *options.ruleOrder;
+  if (options.maxTries) m_session->config.MaxTries = *options.maxTries;
+}
+
+bool takeOption(Arguments& args, const std::string& name, std::string& value, bool& present) {
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    if (args[i] != name) continue;
+    if (i + 1 >= args.size()) {
+      std::cerr << "tessaly-cli: " << name << " needs a value\n";
+      return false;
+    }
+    value = args[i + 1];
+    present = true;
+    args.erase(args.begin() + long(i), args.begin() + long(i) + 2);
+    return true;
+  }
+  return true;
+}
+
+bool takeFlag(Arguments& args, const std::string& name) {
+  for (std::size_t i = 0; i < args.size(); ++i)
+    if (args[i] == name) {
+      args.erase(args.begin() + long(i));
+      return true;
+    }
+  return false;
+}
+
+namespace {
+bool parseInt(const std::string& text, long long& out) {
+  if (text.empty()) return false;
+  std::size_t pos = 0;
+  try {
+    out = std::stoll(text, &pos);
+  } catch (...) {
+    return false;
+  }
+  return pos == text.size();
+}
+}  // namespace
+
+std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usage) {
+  PuzzleOptions options;
+  options.raw = takeFlag(args, "--raw");
+  std::string seed, order, tries;
+  bool hasSeed = false, hasOrder = false, hasTries = false;
+  if (!takeOption(args, "--seed", seed, hasSeed) || !takeOption(args, "--rule-order", order, hasOrder) ||
+      !takeOption(args, "--max-tries", tries, hasTries))
+    return std::nullopt;
+  long long n = 0;
+  if (hasSeed) {
+    if (!parseInt(seed, n) || n < 0) {
+      std::cerr << "tessaly-cli: --seed needs a non-negative whole number\n";
+      return std::nullopt;
+    }
+    options.seed = static_cast<unsigned long long>(n);
+  }
+  if (hasOrder) options.ruleOrder = order;
+  if (hasTries) {
+    if (!parseInt(tries, n) || n < 0 || n > 2000000000) {
+      std::cerr << "tessaly-cli: --max-tries needs a non-negative whole number\n";
+      return std::nullopt;
+    }
+    options.maxTries = int(n);
+  }
+  if (args.size() < 2) {
+    std::cerr << "Usage: " << usage << '\n';
+    return std::nullopt;
+  }
+  options.file = args[0];
+  if (!parseInt(args[1], n) || (n < 1 && n != -1) || n > 2000000000) {
+    std::cerr << "tessaly-cli: the puzzle number must be 1 or more, or -1 for the last\n";
+    return std::nullopt;
+  }
+  options.number = int(n);
+  args.erase(args.begin(), args.begin() + 2);
+  return options;
+}
+
+void printLogAndGrid(Session& session, bool raw) {
+  std::string out;
+  for (int n = 1; n <= session.log.TotalLines(); ++n) {
+    if (raw)
+      out += session.log.line(n);
+    else
+      out += session.log.text(n);
+    out += '\n';
+  }
+  out += "grid:\n";
+  out += session.grid.valueCode();
+  out += '\n';
+  std::cout << out;
+}
+
+bool gridSolved(Session& session) {
+  return session.grid.filledCount() == kCells && SolverEngine(session).givensAreValid();
+}
+
+}  // namespace tessaly::cli

@@ -1,0 +1,25 @@
+#pragma once
+// The subcommands of tessaly-cli. Each one lives in its own <Name>Command.cpp
+// and has one line in the command table of main.cpp.
+
+#include <string>
+#include <vector>
+
+namespace tessaly::cli {
+
+/// The arguments after the subcommand's name.
+using Arguments = std::vector<std::string>;
+
+/// A subcommand: reads its arguments, writes to standard output and error, and
+/// returns the process exit code.
+using CommandFunction = int (*)(const Arguments& args);
+
+/// Exit codes shared by all subcommands.
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitFailure = 1;
+inline constexpr int kExitUsage = 2;  ///< unknown subcommand or bad arguments
+
+// The subcommands, one function per <Name>Command.cpp.
+int solveCommand(const Arguments& args);  // SolveCommand.cpp
+
+}  // namespace tessaly::cli

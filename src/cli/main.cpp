@@ -1,0 +1,81 @@
+// tessaly-cli: the core without a window. The first argument names a
+// subcommand; the rest goes to that subcommand's function.
+
+#include <iomanip>
+#include <iostream>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "cli/Commands.h"
+
+namespace tessaly::cli {
+namespace {
+
+struct CommandEntry {
+  std::string_view name;
+  std::string_view summary;  ///< one line for the usage text
+  CommandFunction run;
+};
+
+int helpCommand(const Arguments& args);
+
+// Adding a subcommand: write its function in <Name>Command.cpp, declare it in
+// Commands.h and add its line here.
+constexpr CommandEntry kCommands[] = {
+    {"help", "show this usage text", helpCommand},
+    {"solve", "read puzzle N of FILE and solve it, printing the narration", solveCommand},
+};
+
+constexpr std::string_view kProgramName = "tessaly-cli";
+constexpr int kNameWidth = 10;  ///< column of the summaries in the usage text
+
+void printUsage(std::ostream& out) {
+  out << "Usage: " << kProgramName << " <command> [arguments]\n"
+      << "       " << kProgramName << " --help | --version\n"
+      << "\nCommands:\n";
+  for (const CommandEntry& command : kCommands) {
+    out << "  " << std::left << std::setw(kNameWidth) << command.name << command.summary << '\n';
+  }
+}
+
+int helpCommand(const Arguments&) {
+  printUsage(std::cout);
+  return kExitOk;
+}
+
+const CommandEntry* findCommand(std::string_view name) {
+  for (const CommandEntry& command : kCommands) {
+    if (command.name == name) return &command;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+int runCommandLine(std::span<char*> argv) {
+  if (argv.size() < 2) {
+    printUsage(std::cerr);
+    return kExitUsage;
+  }
+  const std::string_view first = argv[1];
+  if (first == "--help" || first == "-h") return helpCommand({});
+  if (first == "--version") {
+    std::cout << kProgramName << ' ' << TESSALY_VERSION << '\n';
+    return kExitOk;
+  }
+  const CommandEntry* command = findCommand(first);
+  if (command == nullptr) {
+    std::cerr << kProgramName << ": unknown command '" << first << "'; see '" << kProgramName
+              << " --help'\n";
+    return kExitUsage;
+  }
+  const Arguments args(argv.begin() + 2, argv.end());
+  return command->run(args);
+}
+
+}  // namespace tessaly::cli
+
+int main(int argc, char** argv) {
+  return tessaly::cli::runCommandLine(std::span<char*>(argv, static_cast<std::size_t>(argc)));
+}

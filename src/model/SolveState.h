@@ -1,0 +1,81 @@
+#pragma once
+// The solver's working records: queue keys, guess levels and rule statistics.
+
+#include <array>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace tessaly {
+
+/// A placement key "CCBBSQnnBXbbVLdigits": candidate count, the box's missing
+/// count, the cell, its box (all two digits) and the candidate digits. Keys sort
+/// as text, which is the placement order: fewest candidates, then the box with
+/// the fewest missing digits, then the lowest cell. Retry entries carry count
+/// and missing count 0 ("0000SQ...") so that they always come first.
+struct QueueEntry {
+  int count = 0;
+  int boxMissing = 0;
+  int cell = 0;
+  int box = 0;
+  std::string digits;
+
+  std::string text() const;
+  /// The first digit after "VL" (0 when none).
+  int firstDigit() const { return digits.empty() ? 0 : digits[0] - '0'; }
+  friend bool operator<(const QueueEntry& a, const QueueEntry& b) {
+    return std::tie(a.count, a.boxMissing, a.cell, a.box, a.digits) <
+           std::tie(b.count, b.boxMissing, b.cell, b.box, b.digits);
+  }
+  friend bool operator==(const QueueEntry&, const QueueEntry&) = default;
+};
+
+/// The open cells in placement order; the head (index 0) is placed next.
+class CandidateQueue {
+ public:
+  void clear() { m_entries.clear(); }
+  /// Inserts at the sorted position.
+  void insert(QueueEntry entry);
+  void removeHead() { m_entries.erase(m_entries.begin()); }
+  bool empty() const { return m_entries.empty(); }
+  int size() const { return int(m_entries.size()); }
+  const QueueEntry& operator[](int i) const { return m_entries[std::size_t(i)]; }
+
+ private:
+  std::vector<QueueEntry> m_entries;
+};
+
+/// One saved guess: the untried digits of the guessed cell and the grid before it.
+struct GuessLevel {
+  QueueEntry entry;      ///< "0000SQnnBXbbVL" + untried digits
+  std::string snapshot;  ///< GridSnapshot: 81 characters, "0" for a blank
+};
+
+/// Saved guesses, newest on top.
+class GuessStack {
+ public:
+  void clear() { m_levels.clear(); }
+  void push(GuessLevel level) { m_levels.push_back(std::move(level)); }
+  void pop() { m_levels.pop_back(); }
+  bool empty() const { return m_levels.empty(); }
+  int levels() const { return int(m_levels.size()); }
+  const GuessLevel& top() const { return m_levels.back(); }
+  /// The design's flat view: entry 0 is the top level's key, entry 1 its snapshot,
+  /// and so on; reading beyond the end yields "".
+  std::string entry(int index) const;
+
+ private:
+  std::vector<GuessLevel> m_levels;
+};
+
+/// Times applied and total reductions of Rules 2 to 6 (index = rule number).
+struct RuleStatistics {
+  std::array<int, 7> timesApplied{};
+  std::array<int, 7> totalReductions{};
+  void reset() {
+    timesApplied.fill(0);
+    totalReductions.fill(0);
+  }
+};
+
+}  // namespace tessaly

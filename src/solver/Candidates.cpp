@@ -1,0 +1,136 @@
+#include <array>
+
+#include "solver/SolverEngine.h"
+
+namespace tessaly {
+
+std::string removeDigit(std::string_view text, int digit) {
+  std::string out;
+  out.reserve(text.size());
+  char d = char('0' + digit);
+  for (char ch : text)
+    if (digit < 1 || digit > 9 || ch != d) out.push_back(ch);
+  return out;
+}
+
+std::string removeDigits(std::string_view text, std::string_view digits) {
+  std::string out(text);
+  for (char d : digits) out = removeDigit(out, d - '0');
+  return out;
+}
+
+bool hasRepeatedDigit(std::string_view values) {
+  std::array<int, 10> counts{};
+  for (char ch : values)
+    if (ch >= '1' && ch <= '9') ++counts[std::size_t(ch - '0')];
+  for (int d = 1; d <= 9; ++d)
+    if (counts[std::size_t(d)] > 1) return true;
+  return false;
+}
+
+namespace {
+// The digits present in each row, column and box, as candidate masks.
+struct PresentDigits {
+  std::array<CandidateSet, 10> row{}, col{}, box{};
+};
+PresentDigits presentDigits(const PuzzleGrid& grid) {
+  PresentDigits p;
+  for (int c = 1; c <= kCells; ++c)
+    if (int v = grid[c].value) {
+      p.row[std::size_t(CellRow[c])].add(v);
+      p.col[std::size_t(CellCol[c])].add(v);
+      p.box[std::size_t(CellBox[c])].add(v);
+    }
+  return p;
+}
+}  // namespace
+
+int SolverEngine::computeCandidates(bool analyse) {
+  for (int r = 1; r <= 9; ++r)
+    for (int c = 1; c <= 9; ++c) {
+      int v = s.grid[CellNumber[r][c]].value;
+      s.PuzzleCells[std::size_t(r)][std::size_t(c)] = char('0' + v);
+    }
+  PresentDigits present = presentDigits(s.grid);
+  for (int c = 1; c <= kCells; ++c) {
+    Cell& cell = s.grid[c];
+    if (cell.given) continue;
+    if (cell.value) {
+      cell.candidates = CandidateSet();
+      continue;
+    }
+    CandidateSet set = CandidateSet::full();
+    set.removeAll(present.row[std::size_t(CellRow[c])]);
+    set.removeAll(present.col[std::size_t(CellCol[c])]);
+    set.removeAll(present.box[std::size_t(CellBox[c])]);
+    cell.candidates = set;
+  }
+  for (int b = 1; b <= 9; ++b) {
+    CandidateSet missing = CandidateSet::full();
+    missing.removeAll(present.box[std::size_t(b)]);
+    s.BoxMissingCount[std::size_t(b - 1)] = missing.size();
+  }
+  s.BlanksLeft = kCells - s.grid.filledCount();
+  if (!analyse) return -1;
+  applyRule1();
+  return firstDeadCell();
+}
+
+int SolverEngine::firstDeadCell() const {
+  for (int c = 1; c <= kCells; ++c)
+    if (!s.grid[c].value && s.grid[c].candidates.empty()) return c;
+  return -1;
+}
+
+void SolverEngine::removeDuplicates(int cell, int digit, int& counter) {
+  counter = 0;
+  if (digit < 1 || digit > 9) return;
+  static constexpr const char* kPassWords[] = {"Remove row duplicate ", "Remove col duplicate ",
+                                               "Remove box duplicate "};
+  const int areaNumbers[] = {CellRow[cell], CellCol[cell], CellBox[cell]};
+  for (int pass = 0; pass < 3; ++pass) {
+    for (int c : areaCells(static_cast<AreaKind>(pass), areaNumbers[pass])) {
+      CandidateSet& cands = s.grid[c].candidates;
+      if (c == cell || !cands.has(digit) || cands.size() <= 1) continue;
+      CandidateSet reduced = cands;
+      reduced.remove(digit);
+      highlightArea(c, pass == 0 ? CellRow[c] : 0, pass == 1 ? CellCol[c] : 0, pass == 2 ? CellBox[c] : 0);
+      s.say(kStyleNormal, true, kPassWords[pass], char('0' + digit), " from choice ", cands.text(), " in row",
+            Num{CellRow[c]}, ", col", Num{CellCol[c]}, ", cell", Num{c});
+      cands = reduced;
+      restoreHighlight(c);
+      ++counter;
+    }
+  }
+}
+
+bool SolverEngine::givensAreValid() const {
+  for (AreaKind kind : {AreaKind::Row, AreaKind::Col, AreaKind::Box})
+    for (int n = 1; n <= 9; ++n) {
+      CandidateSet seen;
+      for (int c : areaCells(kind, n)) {
+        int v = s.grid[c].value;
+        if (!v) continue;
+        if (seen.has(v)) return false;
+        seen.add(v);
+      }
+    }
+  return true;
+}
+
+void SolverEngine::markSingles() {
+  if (s.RunMode >= kRunNoPause) return;
+  s.display().markSingles();
+}
+
+void SolverEngine::highlightArea(int cell, int row, int col, int box) {
+  if (s.RunMode >= kRunNoPause) return;
+  s.display().highlightArea(cell, row, col, box);
+}
+
+void SolverEngine::restoreHighlight(int cell) {
+  if (s.RunMode >= kRunNoPause) return;
+  s.display().restoreHighlight(cell);
+}
+
+}  // namespace tessaly

@@ -1,0 +1,179 @@
+// Solve runs and the commands that start and pace them.
+
+#include "model/FileUtil.h"
+#include "play/Texts.h"
+#include "solver/SolverEngine.h"
+
+namespace tessaly {
+
+namespace {
+constexpr const char* kNoSolutionStatus = "There appears to be no possible solution to this puzzle.";
+constexpr const char* kProblemMessage =
+    "This Puzzle appears to have a problem, please check fixed values for duplicates and solve again";
+constexpr const char* kEventLogFile = "Eventlog.txt";
+}  // namespace
+
+bool SolverEngine::hasBlankCell() const { return s.grid.filledCount() < kCells; }
+
+template <class F>
+void SolverEngine::guarded(F&& body) {
+  try {
+    body();
+  } catch (const EventLogFull& full) {
+    s.controls.nextEnabled = false;
+    s.controls.editEnabled = true;
+    s.controls.clearEnabled = true;
+    s.ui().setBusy(false);
+    s.message(full.what());
+  } catch (const RunStopped&) {
+    // The window is going away; nothing more to tell anyone.
+  }
+}
+
+void SolverEngine::solveAll() {
+  applyRule1();
+  analyseGrid(0);
+  if (s.BlanksLeft != 0) {
+    for (int c = 1; c <= kCells; ++c)
+      s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
+    do {
+      placeNext();
+      if (s.PlacementCount > s.config.MaxTries) {
+        const std::string text = "Tried" + num(s.config.MaxTries) + " times, solution aborted";
+        s.message(text);
+        s.MesLab = text;
+        s.RunMode = kRunReleased;
+        s.PlacementCount = 0;
+        return;
+      }
+    } while (!s.candidateQueue.empty());
+  }
+  if (s.RunMode == kRunSilent) return;  // creation reports nothing
+  if (hasBlankCell()) {
+    s.MesLab = kNoSolutionStatus;
+    finalCleanUp();
+    return;
+  }
+  if (!givensAreValid()) {
+    if (s.controls.currentTab != 3) s.message(kProblemMessage);
+    return;
+  }
+  reportOutcome();
+  finalCleanUp();
+}
+
+void SolverEngine::reportOutcome() {
+  s.RunMode = kRunReleased;
+  s.say(kStyleNormal, false, "");
+  if (s.PlacementCount <= 1) s.PlacementCount = 1;
+  const std::string outcome =
+      s.SavedGuessCount > 0 ? "Solved with" + num(s.SavedGuessCount) + " retries" : "Solved with no re-tries";
+  s.say(kStyleNormal, false, outcome);
+  s.MesLab = outcome;
+  s.say(kStyleNormal, false, "");
+  s.say(kStyleNormal, false, " Rules statistics");
+  s.say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
+  for (int rule = 2; rule <= 6; ++rule)
+    s.say(kStyleNormal, false, "   Rule ", char('0' + rule), ' ', padded(s.stats.timesApplied[std::size_t(rule)], 3),
+          std::string(29, ' '), padded(s.stats.totalReductions[std::size_t(rule)], 3));
+}
+
+void SolverEngine::finalCleanUp() {
+  s.processEvents();
+  s.RunMode = kRunSilent;
+  s.controls.nextEnabled = false;
+  s.controls.startEnabled = false;
+  s.controls.clearEnabled = true;
+  s.controls.editEnabled = true;
+  s.display().setProgress(0);
+  for (int c = 1; c <= kCells; ++c) {
+    s.grid[c].candidates = CandidateSet();
+    s.display().paintCell(c, CellPaint::Normal);
+  }
+}
+
+void SolverEngine::beginRun() {
+  s.guessStack.clear();
+  s.candidateQueue.clear();
+  s.PlacementCount = 0;
+  s.SavedGuessCount = 0;
+}
+
+void SolverEngine::solveCommand() {
+  guarded([&] {
+    s.ui().setBusy(true);
+    beginRun();
+    s.RunMode = kRunNoPause;
+    s.log.RecordedLineCount = 0;
+    // The grid as it stands becomes the puzzle.
+    for (int c = 1; c <= kCells; ++c) {
+      Cell& cell = s.grid[c];
+      cell.given = cell.value != 0;
+      if (cell.given) cell.candidates = CandidateSet::of(cell.value);
+    }
+    s.recountGivens();
+    solveAll();
+    // The recorded line count was set to 0 above and no run raises it, so the
+    // file is written empty; only a hint records lines for it.
+    if (!s.log.writeTextFile(kEventLogFile)) s.message(std::string("Could not write file: ") + kEventLogFile);
+    s.message("Done");
+    s.ui().setBusy(false);
+  });
+}
+
+void SolverEngine::startCommand() {
+  guarded([&] {
+    if (!hasBlankCell()) {
+      s.message("There are no blanks in this puzzle");
+      return;
+    }
+    beginRun();
+    s.stats.reset();
+    s.controls.editEnabled = false;
+    if (s.controls.Check3) {
+      s.ui().setBusy(true);
+      s.RunMode = kRunNoPause;
+      solveAll();
+      s.controls.clearEnabled = true;
+      s.controls.editEnabled = true;
+      s.ui().setBusy(false);
+      return;
+    }
+    for (std::string_view paragraph : kApproachText) s.logEvent(kStyleNormal, paragraph);
+    s.controls.nextEnabled = true;
+    s.RunMode = s.controls.PauseCheck ? kRunNoPause : kRunWaiting;
+    s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
+    s.say(kStyleNormal, true, "Ready to start the solution, click Next");
+    s.stats.reset();
+    s.say(kStyleNormal, false, "Commence solution");
+    s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
+    s.controls.clearEnabled = false;
+    s.controls.startEnabled = false;
+    s.RunMode = s.controls.PauseCheck ? kRunNoPause : kRunReleased;
+    solveAll();
+    s.controls.editEnabled = true;
+  });
+}
+
+void SolverEngine::nextCommand(bool secondaryButton) {
+  if (s.currentCell > 0) s.display().paintCell(s.currentCell, CellPaint::Normal);
+  if (secondaryButton) {
+    s.controls.PauseCheck = true;
+    s.RunMode = kRunNoPause;
+    s.controls.nextEnabled = false;
+    return;
+  }
+  s.RunMode = kRunReleased;
+}
+
+void SolverEngine::setPauseCheck(bool checked) {
+  s.controls.PauseCheck = checked;
+  if (checked) {
+    s.RunMode = kRunNoPause;
+    s.controls.nextEnabled = false;
+  } else {
+    s.RunMode = kRunReleased;
+  }
+}
+
+}  // namespace tessaly

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/Session.h"
+
+namespace tessaly {
+
+/// Deletes every occurrence of the digit from a candidate text ("0" deletes nothing).
+std::string removeDigit(std::string_view text, int digit);
+/// Deletes every digit of `digits` from the text, one after the other.
+std::string removeDigits(std::string_view text, std::string_view digits);
+/// True when some digit 1..9 occurs more than once; other characters are ignored.
+bool hasRepeatedDigit(std::string_view values);
+
+/// The solver: candidates, the six rules, placement, the solve step with its
+/// retraction, and the solve runs. It works on the session's grid and narrates
+/// into the session's event log.
+class SolverEngine {
+ public:
+  explicit SolverEngine(Session& session) : s(session) {}
+
+  // --- candidates
+  /// Recomputes every non-given cell's candidates from the values, the boxes'
+  /// missing counts and BlanksLeft. With `analyse` it then runs Rule 1 and returns
+  /// the first empty cell left without candidates (-1 when none).
+  int computeCandidates(bool analyse);
+  /// Deletes the digit from the other cells of the cell's row, column and box that
+  /// hold it among two or more candidates, narrating each deletion.
+  void removeDuplicates(int cell, int digit, int& counter);
+  /// True when no row, column or box holds a digit twice.
+  bool givensAreValid() const;
+  void markSingles();
+  void highlightArea(int cell, int row, int col, int box);
+  void restoreHighlight(int cell);
+
+  // --- the rules
+  void applyRule1();
+  void applyRule2();
+  void applyRule3();
+  void applyRule4();
+  void applyRule5();
+  void applyRule6();
+
+  // --- placement and the solve step
+  void placeValue(int cell, int value, const std::string& candidates);
+  /// Mode 1 (AnalyseOnly) computes plain candidates; 0 runs the full analysis.
+  /// Returns -1, a dead cell 1..81, or 999 when every cell is determined.
+  int analyseGrid(int mode);
+  void applyRulesInOrder();
+  void shuffleRuleTable();
+  void placeNext();
+
+  // --- runs and commands
+  void solveAll();
+  /// The Solve command: a run without pauses, Eventlog.txt, "Done".
+  void solveCommand();
+  /// The Start command: the approach text, then a run that pauses for Next.
+  void startCommand();
+  /// The Next command; the secondary button runs on without pauses.
+  void nextCommand(bool secondaryButton);
+  /// The Pause box changed.
+  void setPauseCheck(bool checked);
+
+  static constexpr int kAnalyseOnly = 1;
+  static constexpr int kAllDetermined = 999;
+
+ private:
+  void finishRule(int rule);
+  int firstDeadCell() const;
+  void rebuildQueue(int& singleCells);
+  void retractInvalidPlacement();
+  void retractInvalidCompletion();
+  void retractDeadCell(int cell);
+  void retry();
+  void reportOutcome();
+  void finalCleanUp();
+  bool hasBlankCell() const;
+  void beginRun();
+  /// Runs a command body, turning a full log or a stopped run into a message.
+  template <class F>
+  void guarded(F&& body);
+
+  Session& s;
+};
+
+}  // namespace tessaly
