@@ -1,0 +1,70 @@
+#pragma once
+// Helpers shared by the core tests: sessions made from puzzle text, log dumps.
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+#include "model/Services.h"
+#include "model/Session.h"
+
+namespace tessaly::test {
+
+/// Loads an 81-character puzzle (digits are givens, anything else blank) into the
+/// grid the way a read does: givens carry their digit as candidate.
+inline void loadGivens(Session& s, const std::string& puzzle) {
+  for (int c = 1; c <= kCells; ++c) {
+    const char ch = std::size_t(c - 1) < puzzle.size() ? puzzle[std::size_t(c - 1)] : '.';
+    const int v = ch >= '1' && ch <= '9' ? ch - '0' : 0;
+    s.grid[c].value = v;
+    s.grid[c].given = v != 0;
+    s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
+  }
+  s.recountGivens();
+}
+
+/// The stored log lines from line `from` on (with their style prefix).
+inline std::vector<std::string> logLines(const Session& s, int from = 1) {
+  std::vector<std::string> lines;
+  for (int n = from; n <= s.log.TotalLines(); ++n) lines.push_back(s.log.line(n));
+  return lines;
+}
+
+/// A fresh empty folder under the system's temporary folder, removed on destruction.
+class TempDir {
+ public:
+  TempDir();
+  ~TempDir();
+  const std::string& path() const { return m_path; }
+  std::string file(const std::string& name) const { return m_path + "/" + name; }
+
+ private:
+  std::string m_path;
+};
+
+inline TempDir::TempDir() {
+  static int counter = 0;
+  auto base = std::filesystem::temp_directory_path() /
+              ("tessaly-test-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+  std::filesystem::create_directories(base);
+  m_path = base.string();
+}
+
+inline TempDir::~TempDir() {
+  std::error_code ec;
+  std::filesystem::remove_all(m_path, ec);
+}
+
+/// A session whose messages are recorded and whose runs never wait.
+struct TestSession {
+  ScriptedUserInterface ui;
+  FixedClock clock;
+  SeededRandom random{1};
+  CountingPacer pacer;
+  Session session{Services{&ui, nullptr, &pacer, &clock, &random}};
+  TestSession() { session.writesConfiguration = false; }
+};
+
+}  // namespace tessaly::test
