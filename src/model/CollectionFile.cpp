@@ -54,7 +54,9 @@ std::optional<int> appendPuzzle(const std::string& path, const std::string& text
     out += "\r\n";
   }
   ++count;
-  out += "#" + std::to_string(count) + "\r\n";
+  out += '#';
+  out += std::to_string(count);
+  out += "\r\n";
   for (int r = 0; r < 9; ++r) {
     out += text.substr(std::size_t(r) * 9, 9);
     out += "\r\n";

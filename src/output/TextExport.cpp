@@ -1,0 +1,149 @@
+#include "output/TextExport.h"
+
+#include <algorithm>
+
+#include "model/FileUtil.h"
+#include "model/GridTables.h"
+#include "model/Session.h"
+#include "model/Text.h"
+
+namespace tessaly {
+
+namespace {
+
+constexpr const char* kCrLf = "\r\n";
+constexpr const char* kRuleLine = "+---+---+---+---+---+---+---+---+---+";
+
+void addLine(std::string& out, std::string_view line) {
+  out.append(line);
+  out.append(kCrLf);
+}
+
+const Cell& cellAt(const Session& session, int row, int col) { return session.grid[CellNumber[row][col]]; }
+
+/// The digit of a given cell, `otherwise` for any other cell.
+char givenChar(const Cell& cell, char otherwise) {
+  return cell.given && cell.value > 0 ? char('0' + cell.value) : otherwise;
+}
+/// The digit of any filled cell, `otherwise` for an empty one.
+char valueChar(const Cell& cell, char otherwise) { return cell.value > 0 ? char('0' + cell.value) : otherwise; }
+
+// One CSV row: every field quoted, empty inside when charOf yields no character (0).
+template <class CharOf>
+std::string csvRow(const Session& session, int row, CharOf charOf) {
+  std::string line;
+  for (int col = 1; col <= 9; ++col) {
+    char ch = charOf(cellAt(session, row, col));
+    line += '"';
+    if (ch) line += ch;
+    line += "\",";
+  }
+  line.pop_back();  // no comma after the last field
+  return line;
+}
+
+// The report's framed grid: a rule line, then per row a cell line and a rule
+// line. A cell line is "| " and, per cell, its character and " | ", so it is 38
+// characters long and keeps a blank after its last bar.
+template <class CharOf>
+void addFramedGrid(std::string& out, const Session& session, CharOf charOf) {
+  addLine(out, kRuleLine);
+  for (int row = 1; row <= 9; ++row) {
+    std::string line = "| ";
+    for (int col = 1; col <= 9; ++col) {
+      line += charOf(cellAt(session, row, col));
+      line += " | ";
+    }
+    addLine(out, line);
+    addLine(out, kRuleLine);
+  }
+}
+
+std::string twoDigits(int n) { return padded(n, 2); }
+
+}  // namespace
+
+std::string csvExportText(const Session& session) {
+  std::string out;
+  addLine(out, "PUZZLE");
+  for (int row = 1; row <= 9; ++row)
+    addLine(out, csvRow(session, row, [](const Cell& c) { return givenChar(c, 0); }));
+  addLine(out, "SOLUTION");
+  for (int row = 1; row <= 9; ++row)
+    addLine(out, csvRow(session, row, [](const Cell& c) { return valueChar(c, 0); }));
+  return out;
+}
+
+std::string txtExportText(const Session& session) {
+  std::string out;
+  addLine(out, "PUZZLE");
+  for (int row = 1; row <= 9; ++row) {
+    std::string line;
+    for (int col = 1; col <= 9; ++col) line += givenChar(cellAt(session, row, col), '0');
+    addLine(out, line);
+  }
+  addLine(out, "SOLUTION");
+  for (int row = 1; row <= 9; ++row) {
+    std::string line;
+    for (int col = 1; col <= 9; ++col) line += valueChar(cellAt(session, row, col), '0');
+    addLine(out, line);
+  }
+  return out;
+}
+
+bool writeCsvExport(const Session& session, const std::string& path) {
+  return writeFileAtomically(path, csvExportText(session));
+}
+
+bool writeTxtExport(const Session& session, const std::string& path) {
+  return writeFileAtomically(path, txtExportText(session));
+}
+
+std::string reportText(const Session& session, bool includeLog) {
+  const std::string heading = "Puzzle Number" + num(session.CurrentPuzzleNumber);
+  std::string out;
+  addLine(out, heading);
+  addLine(out, "");
+  addFramedGrid(out, session, [](const Cell& c) { return givenChar(c, ' '); });
+
+  if (includeLog) {
+    addLine(out, "");
+    addLine(out, "EVENT LOG");
+    // Bounded by the recorded line count, not by the lines held: only a hint
+    // sets that count and every solve resets it, so after a plain solve the
+    // heading stands alone.
+    int last = std::min(session.log.RecordedLineCount, session.log.TotalLines());
+    for (int n = 1; n <= last; ++n) {
+      const std::string& stored = session.log.line(n);
+      addLine(out, stored.size() > 2 ? std::string_view(stored).substr(2) : std::string_view());
+    }
+  }
+
+  addLine(out, "");
+  addLine(out, heading + " Solution");
+  addLine(out, "");
+  addFramedGrid(out, session, [](const Cell& c) { return valueChar(c, ' '); });
+
+  addLine(out, "");
+  addLine(out, std::string("Tessaly Puzzle Solution and Creation - Free download at ") + kDownloadAddress);
+  return out;
+}
+
+std::string reportFileName(int puzzleNumber, const TimeOfDay& time) {
+  // The time is formatted hh:mm:ss and every ":" then turned into "-", which
+  // file systems accept.
+  return "P#" + trimmed(std::to_string(puzzleNumber)) + "@" + twoDigits(time.hours) + "-" +
+         twoDigits(time.minutes) + "-" + twoDigits(time.seconds) + ".txt";
+}
+
+std::string printToTextFile(Session& session, bool includeLog) {
+  std::string name = reportFileName(session.CurrentPuzzleNumber, session.clock().now());
+  if (!writeFileAtomically(name, reportText(session, includeLog))) {
+    session.message("Could not write file: " + name);
+    return {};
+  }
+  session.message("Printed to: " + name);
+  return name;
+}
+
+}  // namespace tessaly
