@@ -20,6 +20,7 @@ inline constexpr int kExitFailure = 1;
 inline constexpr int kExitUsage = 2;  ///< unknown subcommand or bad arguments
 
 // The subcommands, one function per <Name>Command.cpp.
-int solveCommand(const Arguments& args);  // SolveCommand.cpp
+int solveCommand(const Arguments& args);   // SolveCommand.cpp
+int exportCommand(const Arguments& args);  // ExportCommand.cpp
 
 }  // namespace tessaly::cli

@@ -25,6 +25,7 @@ int helpCommand(const Arguments& args);
 constexpr CommandEntry kCommands[] = {
     {"help", "show this usage text", helpCommand},
     {"solve", "read puzzle N of FILE and solve it, printing the narration", solveCommand},
+    {"export", "solve puzzle N of FILE and export it (CSV, TXT, XLS or report)", exportCommand},
 };
 
 constexpr std::string_view kProgramName = "tessaly-cli";

@@ -1,0 +1,48 @@
+# Shared by ./run, ./test and .ci/run (sourced, not executed).
+# Holds the one list of Debian packages the build needs and the helpers that
+# install what is missing and configure a build directory.
+
+# Compiler and build tools, Qt 6 for the desktop program, GoogleTest for the
+# tests, Google Benchmark for the benchmarks, Xvfb for running the window
+# without a real display.
+TESSALY_PACKAGES=(
+  g++
+  cmake
+  ninja-build
+  qt6-base-dev
+  libgtest-dev
+  libbenchmark-dev
+  xvfb
+  xauth
+)
+
+# Installs the packages that dpkg does not report as installed; does nothing
+# (and needs no network) when everything is there already.
+tessaly_install_deps() {
+  local missing=() pkg
+  for pkg in "${TESSALY_PACKAGES[@]}"; do
+    if [[ "$(dpkg -s "$pkg" 2>/dev/null)" != *"Status: install ok installed"* ]]; then
+      missing+=("$pkg")
+    fi
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+
+  echo "Installing missing packages: ${missing[*]}"
+  local sudo=()
+  if [ "$(id -u)" -ne 0 ]; then
+    sudo=(sudo)
+  fi
+  "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -q &&
+    "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
+
+# tessaly_configure DIR [CMAKE-OPTION...]: configures DIR with Ninja, keeping
+# optimisation and debug information.
+tessaly_configure() {
+  local dir=$1
+  shift
+  cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@"
+}
+
+# Two cores on the build machines.
+TESSALY_JOBS=2
