@@ -2,30 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "model/FileUtil.h"
-#include "support/TestSupport.h"
+#include "cli/CliRunner.h"
 
 namespace tessaly {
 namespace {
 
-struct CliRun {
-  int status = -1;
-  std::string out, err;
-};
+using clitest::CliResult;
 
-CliRun runCli(const std::string& arguments) {
-  test::TempDir dir;
-  const std::string command = std::string(TESSALY_CLI_PATH) + " " + arguments + " > " + dir.file("out") + " 2> " +
-                              dir.file("err");
-  CliRun run;
-  const int raw = std::system(command.c_str());
-  run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  run.out = readWholeFile(dir.file("out")).value_or("");
-  run.err = readWholeFile(dir.file("err")).value_or("");
-  return run;
+CliResult runCli(const std::string& arguments) {
+  std::vector<std::string> args;
+  std::size_t pos = 0;
+  while (pos < arguments.size()) {
+    std::size_t next = arguments.find(' ', pos);
+    if (next == std::string::npos) next = arguments.size();
+    if (next > pos) args.push_back(arguments.substr(pos, next - pos));
+    pos = next + 1;
+  }
+  return clitest::runCli(args);
 }
 
 std::string puzzles(const std::string& name) { return std::string(TESSALY_PUZZLES_DIR) + "/" + name; }
@@ -45,11 +41,11 @@ class GoldenNarration : public ::testing::TestWithParam<GoldenCase> {};
 
 TEST_P(GoldenNarration, MatchesTheExpectedOutputLineByLine) {
   const GoldenCase& c = GetParam();
-  CliRun run = runCli("solve " + puzzles(std::string(c.set) + ".sud") + " " + std::to_string(c.number) + " --raw " +
+  CliResult run = runCli("solve " + puzzles(std::string(c.set) + ".sud") + " " + std::to_string(c.number) + " --raw " +
                       c.extra);
   EXPECT_EQ(run.out, golden(std::string(c.name) + ".out"));
   EXPECT_EQ(run.err, golden(std::string(c.name) + ".err"));
-  EXPECT_EQ(run.status, c.status);
+  EXPECT_EQ(run.exitCode, c.status);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -67,42 +63,42 @@ INSTANTIATE_TEST_SUITE_P(
     });
 
 TEST(SolveCli, PlainOutputDropsTheStylePrefix) {
-  CliRun run = runCli("solve " + puzzles("pe96.sud") + " 1");
+  CliResult run = runCli("solve " + puzzles("pe96.sud") + " 1");
   EXPECT_EQ(run.out.substr(0, 35), "Puzzle has been read and analysed\nP");
   EXPECT_NE(run.out.find("\nApply Rule 1\n"), std::string::npos);
-  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.exitCode, 0);
 }
 
 TEST(SolveCli, BadInputExitsWithStatusTwo) {
-  CliRun missing = runCli("solve /nonexistent/file.sud 1");
-  EXPECT_EQ(missing.status, 2);
-  CliRun badNumber = runCli("solve " + puzzles("pe96.sud") + " x");
-  EXPECT_EQ(badNumber.status, 2);
-  CliRun notFound = runCli("solve " + puzzles("pe96.sud") + " 51");
-  EXPECT_EQ(notFound.status, 2);
+  CliResult missing = runCli("solve /nonexistent/file.sud 1");
+  EXPECT_EQ(missing.exitCode, 2);
+  CliResult badNumber = runCli("solve " + puzzles("pe96.sud") + " x");
+  EXPECT_EQ(badNumber.exitCode, 2);
+  CliResult notFound = runCli("solve " + puzzles("pe96.sud") + " 51");
+  EXPECT_EQ(notFound.exitCode, 2);
   EXPECT_EQ(notFound.err, "message: Puzzle number 51 not found in file: " + puzzles("pe96.sud") + "\n");
   EXPECT_EQ(notFound.out, "grid:\n" + std::string(81, '0') + "\n");
 }
 
 TEST(SolveCli, TheLastPuzzleIsMinusOne) {
-  CliRun last = runCli("solve " + puzzles("pe96.sud") + " -1 --run solve");
-  CliRun fifty = runCli("solve " + puzzles("pe96.sud") + " 50 --run solve");
+  CliResult last = runCli("solve " + puzzles("pe96.sud") + " -1 --run solve");
+  CliResult fifty = runCli("solve " + puzzles("pe96.sud") + " 50 --run solve");
   EXPECT_EQ(last.out, fifty.out);
-  EXPECT_EQ(last.status, 0);
+  EXPECT_EQ(last.exitCode, 0);
 }
 
 TEST(SolveCli, ASeedMakesTheFirstGuessRepeatable) {
   // These puzzles have several solutions, so the first placement is a drawn guess.
-  CliRun a = runCli("solve " + puzzles("serg_benchmark.sud") + " 1 --seed 7");
-  CliRun b = runCli("solve " + puzzles("serg_benchmark.sud") + " 1 --seed 7");
+  CliResult a = runCli("solve " + puzzles("serg_benchmark.sud") + " 1 --seed 7");
+  CliResult b = runCli("solve " + puzzles("serg_benchmark.sud") + " 1 --seed 7");
   EXPECT_EQ(a.out, b.out);
   EXPECT_EQ(a.err.substr(0, 50), "message: This puzzle might have multiple solutions");
 }
 
 TEST(SolveCli, EveryTop95PuzzleEndsWithoutCrashOrHang) {
   for (int n = 1; n <= 95; ++n) {
-    CliRun run = runCli("solve " + puzzles("top95.sud") + " " + std::to_string(n) + " --run solve");
-    ASSERT_TRUE(run.status == 0 || run.status == 1) << "puzzle " << n << " status " << run.status;
+    CliResult run = runCli("solve " + puzzles("top95.sud") + " " + std::to_string(n) + " --run solve");
+    ASSERT_TRUE(run.exitCode == 0 || run.exitCode == 1) << "puzzle " << n << " status " << run.exitCode;
     EXPECT_NE(run.out.find("grid:\n"), std::string::npos) << n;
   }
 }
