@@ -22,5 +22,6 @@ inline constexpr int kExitUsage = 2;  ///< unknown subcommand or bad arguments
 // The subcommands, one function per <Name>Command.cpp.
 int solveCommand(const Arguments& args);   // SolveCommand.cpp
 int exportCommand(const Arguments& args);  // ExportCommand.cpp
+int createCommand(const Arguments& args);  // CreateCommand.cpp
 
 }  // namespace tessaly::cli

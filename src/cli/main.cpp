@@ -26,6 +26,7 @@ constexpr CommandEntry kCommands[] = {
     {"help", "show this usage text", helpCommand},
     {"solve", "read puzzle N of FILE and solve it, printing the narration", solveCommand},
     {"export", "solve puzzle N of FILE and export it (CSV, TXT, XLS or report)", exportCommand},
+    {"create", "create new puzzles with a chosen number and distribution of blanks", createCommand},
 };
 
 constexpr std::string_view kProgramName = "tessaly-cli";
