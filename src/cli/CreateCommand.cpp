@@ -1,0 +1,138 @@
+// tessaly-cli create: makes new puzzles as the Create command does, appends
+// each to PuzTemp.sud in the current folder (and, with --into, saves it into a
+// collection), and prints each as nine rows followed by an empty line.
+
+#include <filesystem>
+#include <iostream>
+
+#include "cli/CliSupport.h"
+#include "create/Creation.h"
+#include "create/EntryDialogs.h"
+#include "model/CollectionFile.h"
+#include "model/FileUtil.h"
+
+namespace tessaly::cli {
+
+namespace {
+
+constexpr const char* kCreateUsage =
+    "tessaly-cli create --blanks N --distribution mirror|box|random|manual [--template FILE] [--count K] "
+    "[--into FILE.sud] [--seed S] [--max-tries N]";
+
+int usageError(const std::string& text) {
+  std::cerr << "tessaly-cli: " << text << "\nUsage: " << kCreateUsage << '\n';
+  return kExitUsage;
+}
+
+std::optional<BlankDistribution> distributionNamed(const std::string& name) {
+  if (name == "mirror") return BlankDistribution::Mirror;
+  if (name == "box") return BlankDistribution::ByBox;
+  if (name == "random") return BlankDistribution::Random;
+  if (name == "manual") return BlankDistribution::Manual;
+  return std::nullopt;
+}
+
+std::optional<long long> wholeNumber(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  std::size_t pos = 0;
+  long long n = 0;
+  try {
+    n = std::stoll(text, &pos);
+  } catch (...) {
+    return std::nullopt;
+  }
+  if (pos != text.size()) return std::nullopt;
+  return n;
+}
+
+/// The grid's nine rows (digit or ".") and an empty line.
+std::string gridRows(const Session& session) {
+  std::string out;
+  for (int r = 1; r <= 9; ++r) {
+    for (int c = 1; c <= 9; ++c) {
+      const int v = session.grid[CellNumber[std::size_t(r)][std::size_t(c)]].value;
+      out.push_back(v ? char('0' + v) : '.');
+    }
+    out.push_back('\n');
+  }
+  out.push_back('\n');
+  return out;
+}
+
+}  // namespace
+
+int createCommand(const Arguments& arguments) {
+  Arguments args = arguments;
+  std::string blanks, distribution, templateFile, count = "1", into, seed, tries;
+  bool hasBlanks = false, hasDistribution = false, hasTemplate = false, hasCount = false, hasInto = false,
+       hasSeed = false, hasTries = false;
+  if (!takeOption(args, "--blanks", blanks, hasBlanks) ||
+      !takeOption(args, "--distribution", distribution, hasDistribution) ||
+      !takeOption(args, "--template", templateFile, hasTemplate) || !takeOption(args, "--count", count, hasCount) ||
+      !takeOption(args, "--into", into, hasInto) || !takeOption(args, "--seed", seed, hasSeed) ||
+      !takeOption(args, "--max-tries", tries, hasTries))
+    return kExitUsage;
+  if (!args.empty()) return usageError("unexpected argument '" + args[0] + "'");
+  if (!hasBlanks || !hasDistribution) return usageError("--blanks and --distribution are needed");
+
+  CreateSettings settings;
+  // The blank count is handed over as typed: the Create command reads it and
+  // refuses it with its own messages.
+  settings.TotBlanks = blanks;
+  const auto chosen = distributionNamed(distribution);
+  if (!chosen) return usageError("--distribution takes mirror, box, random or manual");
+  settings.distribution = *chosen;
+
+  const auto puzzles = wholeNumber(count);
+  if (!puzzles || *puzzles < 1 || *puzzles > 1000000) return usageError("--count needs a whole number of 1 or more");
+
+  PuzzleOptions options;
+  if (hasSeed) {
+    const auto n = wholeNumber(seed);
+    if (!n || *n < 0) return usageError("--seed needs a non-negative whole number");
+    options.seed = static_cast<unsigned long long>(*n);
+  }
+  if (hasTries) {
+    const auto n = wholeNumber(tries);
+    if (!n || *n < 0 || *n > 2000000000) return usageError("--max-tries needs a non-negative whole number");
+    options.maxTries = int(*n);
+  }
+  CliSession cli(options);
+  Session& session = cli.session();
+
+  if (hasTemplate) {
+    if (settings.distribution != BlankDistribution::Manual)
+      return usageError("--template goes with --distribution manual");
+    const auto text = readWholeFile(templateFile);
+    if (!text) return usageError("cannot read template file: " + templateFile);
+    // A template the dialog would refuse is told with the dialog's message; the
+    // creation then falls back to random placement, as in the window.
+    settings.manualTemplate = templateEntryOk(session, *text);
+  } else if (settings.distribution == BlankDistribution::Manual) {
+    settings.manualTemplate = checkTemplateEntry(defaultTemplateText()).accepted;
+  }
+
+  std::error_code ec;
+  session.appDir = std::filesystem::current_path(ec).string() + "/";
+  if (hasInto) session.CurrentFile = into;
+
+  PuzzleCreator creator(session);
+  bool allCreated = true;
+  for (long long i = 1; i <= *puzzles; ++i) {
+    const CreateResult result = creator.createCommand(settings);
+    if (result.outcome == CreateResult::Outcome::Refused) return kExitUsage;
+    settings = result.settings;
+    if (!result.created()) {
+      allCreated = false;
+      continue;
+    }
+    if (hasInto && !saveGridToFile(session, into)) {
+      session.message("Could not write file: " + into);
+      return kExitFailure;
+    }
+    std::cout << gridRows(session) << std::flush;
+  }
+  return allCreated ? kExitOk : kExitFailure;
+}
+
+}  // namespace tessaly::cli

@@ -1,0 +1,235 @@
+#include "create/Creation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "create/EntryDialogs.h"
+#include "model/FileUtil.h"
+#include "model/Session.h"
+#include "solver/SolverEngine.h"
+
+namespace tessaly {
+
+namespace {
+constexpr const char* kTempHeader = "#001";
+constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kNewPuzzleNumber = "NEW";
+}  // namespace
+
+int requestedBlanks(std::string_view totBlanksText) {
+  const long long n = numericValue(totBlanksText);
+  // Anything far out of range only needs to stay out of range.
+  return int(std::clamp(n, -1LL, 1000LL));
+}
+
+CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
+  CreateResult result;
+  result.settings = settings;
+  const int wanted = requestedBlanks(settings.TotBlanks);
+  if (wanted > kMaxBlanks) {
+    s.message(kTooManyBlanks);
+    return result;
+  }
+  if (wanted < kMinBlanks) {
+    s.message(kTooFewBlanks);
+    return result;
+  }
+
+  s.ui().setBusy(true);
+  try {
+    if (!completeGrid()) {
+      result.outcome = CreateResult::Outcome::Failed;
+      s.display().showViews(true);
+      s.ui().setBusy(false);
+      s.message(kCreationFailed);
+      return result;
+    }
+    result.blanks = applyBlankDistribution(result.settings);
+    makeKeptCellsGivens();
+    s.controls.nextEnabled = false;
+    s.controls.startEnabled = true;
+    s.controls.editEnabled = true;
+    s.stats.reset();
+
+    // Every record is numbered #001 and appended as it stands: PuzTemp.sud is a
+    // scratch log of what was created, not a collection to navigate.
+    const std::string path = s.appDir + kTempCollectionName;
+    if (!appendFileAtomically(path, tempRecord())) s.message("Could not write file: " + path);
+
+    s.PuzNumNow = kNewPuzzleNumber;
+    s.PuzzleTitle = "New Puzzle (" + std::to_string(result.blanks) + " blanks)";
+    finishView();
+    s.ui().setBusy(false);
+    result.outcome = CreateResult::Outcome::Created;
+  } catch (const RunStopped&) {
+    // The window is closing; leave quietly.
+    result.outcome = CreateResult::Outcome::Failed;
+    s.ui().setBusy(false);
+  }
+  return result;
+}
+
+bool PuzzleCreator::completeGrid() {
+  // Step 2: an empty grid in ordinary colours.
+  s.grid.clear();
+  for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, CellPaint::Normal);
+  s.display().setProgress(0);
+
+  // Step 3: a fresh silent run. CreationFlag stays raised from now on, so the
+  // solver's guesses always take the smallest candidate.
+  s.guessStack.clear();
+  s.candidateQueue.clear();
+  s.PlacementCount = 0;
+  s.SavedGuessCount = 0;
+  s.stats.reset();
+  s.display().showViews(false);
+  s.CreationFlag = true;
+  s.RunMode = kRunSilent;
+  s.processEvents();
+
+  seedGrid();
+  s.recountGivens();
+  SolverEngine engine(s);
+  engine.solveAll();
+
+  // When the run passes MaxTries, solveAll tells the user, zeroes the counter
+  // and releases the run (RunMode 1), so the counter alone cannot show it here;
+  // the run state and the grid can. A search that ran out of guesses leaves a
+  // grid with blanks. Either way nothing may be blanked or saved.
+  const bool gaveUp = s.RunMode != kRunSilent || s.PlacementCount > s.config.MaxTries;
+  return !gaveUp && s.grid.filledCount() == kCells && engine.givensAreValid();
+}
+
+void PuzzleCreator::seedGrid() {
+  // Box d receives only the digit d, so no two seeds can meet in a row, column
+  // or box.
+  for (int d = 1; d <= 9; ++d) {
+    const int r = randomDigit();
+    const int cell = areaCells(AreaKind::Box, d)[std::size_t(r - 1)];
+    s.grid[cell].value = d;
+    s.grid[cell].given = true;
+    s.grid[cell].candidates = CandidateSet::of(d);
+  }
+}
+
+int PuzzleCreator::applyBlankDistribution(CreateSettings& settings) {
+  const int wanted = requestedBlanks(settings.TotBlanks);
+  if (settings.distribution == BlankDistribution::Manual && !blankByTemplate(settings.manualTemplate))
+    settings.distribution = BlankDistribution::Random;
+  switch (settings.distribution) {
+    case BlankDistribution::Mirror: blankMirror(settings, wanted); break;
+    case BlankDistribution::ByBox: blankByBox(settings, wanted); break;
+    case BlankDistribution::Random: blankRandom(wanted); break;
+    case BlankDistribution::Manual: break;  // done above
+  }
+  return blankCount();
+}
+
+bool PuzzleCreator::blankByTemplate(const std::optional<std::string>& manualTemplate) {
+  EntryCheck check = manualTemplate ? checkTemplateEntry(*manualTemplate) : EntryCheck{{}, "not given"};
+  if (!check.ok()) {
+    s.message(kTemplateNotAccepted);
+    return false;
+  }
+  const auto blanks = std::count(check.accepted.begin(), check.accepted.end(), '.');
+  if (blanks == kCells) {
+    s.message(kTemplateAllBlanks);
+    return false;
+  }
+  if (blanks == 0) {
+    s.message(kTemplateNoBlanks);
+    return false;
+  }
+  for (int c = 1; c <= kCells; ++c)
+    if (check.accepted[std::size_t(c - 1)] != kGivenMark) blankCell(c);
+  return true;
+}
+
+void PuzzleCreator::blankMirror(CreateSettings& settings, int wanted) {
+  const int target = 2 * (wanted / 2);
+  settings.TotBlanks = std::to_string(target);
+  // Cells are blanked in pairs point-symmetric through the centre. A pair that
+  // is already blank adds nothing and the centre cell is its own partner, so
+  // the count may end one above the target.
+  do {
+    const int row = randomDigit();
+    const int col = randomDigit();
+    blankCell(CellNumber[std::size_t(row)][std::size_t(col)]);
+    blankCell(CellNumber[std::size_t(10 - row)][std::size_t(10 - col)]);
+  } while (blankCount() < target);
+}
+
+void PuzzleCreator::blankByBox(CreateSettings& settings, int wanted) {
+  const int perBox = wanted / 9;
+  settings.TotBlanks = std::to_string(9 * perBox);
+  for (int box = 1; box <= 9; ++box) {
+    shuffleBoxPositionOrder();
+    const AreaCells& cells = areaCells(AreaKind::Box, box);
+    for (int k = 1; k <= perBox; ++k) blankCell(cells[std::size_t(s.BoxPositionOrder[std::size_t(k)] - 1)]);
+  }
+}
+
+void PuzzleCreator::blankRandom(int wanted) {
+  shuffleCellOrder();
+  for (int k = 1; k <= wanted; ++k) blankCell(s.CellOrder[std::size_t(k)]);
+}
+
+void PuzzleCreator::shuffleCellOrder() {
+  for (int i = kCells; i >= 1; --i) {
+    const int j = drawOneTo(s.random(), i);
+    std::swap(s.CellOrder[std::size_t(i)], s.CellOrder[std::size_t(j)]);
+  }
+}
+
+void PuzzleCreator::shuffleBoxPositionOrder() {
+  for (int i = 9; i >= 1; --i) {
+    const int j = drawOneTo(s.random(), i);
+    std::swap(s.BoxPositionOrder[std::size_t(i)], s.BoxPositionOrder[std::size_t(j)]);
+  }
+}
+
+int PuzzleCreator::randomDigit() { return drawOneTo(s.random(), 9); }
+
+std::string PuzzleCreator::tempRecord() const {
+  std::string record = kTempHeader;
+  record += kLineEnd;
+  for (int r = 1; r <= 9; ++r) {
+    for (int c = 1; c <= 9; ++c) {
+      const int v = s.grid[CellNumber[std::size_t(r)][std::size_t(c)]].value;
+      record.push_back(v ? char('0' + v) : '.');
+    }
+    record += kLineEnd;
+  }
+  return record;
+}
+
+void PuzzleCreator::blankCell(int cell) {
+  Cell& c = s.grid[cell];
+  c.value = 0;
+  c.given = false;
+  c.candidates = CandidateSet();
+}
+
+int PuzzleCreator::blankCount() const { return kCells - s.grid.filledCount(); }
+
+void PuzzleCreator::makeKeptCellsGivens() {
+  // The solver fills the grid without marking what it placed, and only the
+  // seeds carry the given mark. A created puzzle must behave like one read from
+  // a file: every kept cell is a given, so that saving writes it, a solve run
+  // treats it as fixed and the exports show it. Givens show their own digit as
+  // their candidate; the blank cells get their plain candidates.
+  for (int c = 1; c <= kCells; ++c) {
+    Cell& cell = s.grid[c];
+    cell.given = cell.value != 0;
+    cell.candidates = cell.given ? CandidateSet::of(cell.value) : CandidateSet();
+  }
+  SolverEngine(s).computeCandidates(false);
+  s.recountGivens();
+}
+
+void PuzzleCreator::finishView() {
+  for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
+  s.display().showViews(true);
+}
+
+}  // namespace tessaly

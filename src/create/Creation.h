@@ -1,0 +1,108 @@
+#pragma once
+// Puzzle creation: the Create command of the Create tab. A new puzzle is made
+// by seeding one digit per box, letting the solver complete the grid silently,
+// blanking cells by the chosen distribution and appending the result to the
+// temporary collection PuzTemp.sud. No test for a unique solution is made.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessaly {
+
+class Session;
+
+/// The options of the "Distribution of Blank Cells" frame, by index.
+enum class BlankDistribution { Mirror = 0, ByBox = 1, Random = 2, Manual = 3 };
+
+inline constexpr int kMaxBlanks = 72;
+inline constexpr int kMinBlanks = 9;
+/// The collection every created puzzle is appended to, in the application folder.
+inline constexpr const char* kTempCollectionName = "PuzTemp.sud";
+
+inline constexpr const char* kTooManyBlanks = "Cannot have more than 72 blanks";
+inline constexpr const char* kTooFewBlanks = "Must have at least 9 blanks";
+inline constexpr const char* kCreationFailed = "Puzzle creation failed, please try again";
+inline constexpr const char* kTemplateNotAccepted = "Random placement will be used";
+inline constexpr const char* kTemplateAllBlanks = "Grid is all blanks, random placement will be used";
+inline constexpr const char* kTemplateNoBlanks = "There are no blanks in this grid, random placement will be used";
+
+/// What the Create tab holds when Create is pressed; the command hands back
+/// what the tab must show afterwards in the same form.
+struct CreateSettings {
+  /// Text of the `TotBlanks` box, read by its numeric value (garbage reads 0).
+  std::string TotBlanks;
+  /// The selected distribution option.
+  BlankDistribution distribution = BlankDistribution::Mirror;
+  /// For Manual: the template the blank-pattern dialog accepted (81 characters,
+  /// "X" kept, "." or a blank for a blank cell; line breaks are ignored), or
+  /// nothing when the dialog was cancelled or refused the text.
+  std::optional<std::string> manualTemplate;
+};
+
+struct CreateResult {
+  enum class Outcome {
+    Created,  ///< a new puzzle is on the grid and was appended to PuzTemp.sud
+    Refused,  ///< the blank count was out of range; nothing changed
+    Failed,   ///< the solver could not complete the seeded grid; nothing blanked or saved
+  };
+  Outcome outcome = Outcome::Refused;
+  /// What the tab shows afterwards: `TotBlanks` as rewritten by Mirror and by
+  /// Box, and the option actually applied (Random after a Manual fallback).
+  CreateSettings settings;
+  /// Blank cells of the new puzzle.
+  int blanks = 0;
+
+  bool created() const { return outcome == Outcome::Created; }
+};
+
+/// The Create command and its steps. Works on the session's grid; every random
+/// draw comes from the session's random source.
+class PuzzleCreator {
+ public:
+  explicit PuzzleCreator(Session& session) : s(session) {}
+
+  /// The Create command (`CreateCommand`): checks the blank count, completes a
+  /// seeded grid, blanks it, appends it to PuzTemp.sud and makes it the new,
+  /// unnumbered puzzle.
+  CreateResult createCommand(const CreateSettings& settings);
+
+  /// Steps 2 to 6 of the command: empties the grid and the solver's records,
+  /// seeds it and lets the solver complete it in a silent run. True when the
+  /// grid was completed; false (after telling the user) when the run gave up.
+  bool completeGrid();
+
+  /// Places the nine seeds: digit d at the randomDigit-th cell of box d, as a given.
+  void seedGrid();
+  /// Blanks cells of the completed grid by the selected option. Rewrites
+  /// `TotBlanks` for Mirror and by Box; a Manual template that cannot be used
+  /// is reported and the option becomes Random. Returns the blank cell count.
+  int applyBlankDistribution(CreateSettings& settings);
+  /// Random permutation of `CellOrder` (entries 1..81).
+  void shuffleCellOrder();
+  /// Random permutation of `BoxPositionOrder` (entries 1..9).
+  void shuffleBoxPositionOrder();
+  /// A digit 1..9 drawn at random.
+  int randomDigit();
+
+  /// The PuzTemp.sud record of the grid: "#001" and nine rows of digits and ".".
+  std::string tempRecord() const;
+
+ private:
+  void blankCell(int cell);
+  int blankCount() const;
+  void blankMirror(CreateSettings& settings, int wanted);
+  void blankByBox(CreateSettings& settings, int wanted);
+  void blankRandom(int wanted);
+  /// Blanks by the template; false (after telling the user) when it cannot be used.
+  bool blankByTemplate(const std::optional<std::string>& manualTemplate);
+  void makeKeptCellsGivens();
+  void finishView();
+
+  Session& s;
+};
+
+/// The numeric reading of a `TotBlanks` text.
+int requestedBlanks(std::string_view totBlanksText);
+
+}  // namespace tessaly

@@ -1,0 +1,141 @@
+#include "create/EntryDialogs.h"
+
+#include "model/GridTables.h"
+#include "model/Session.h"
+#include "solver/SolverEngine.h"
+
+namespace tessaly {
+
+namespace {
+
+bool isLineBreak(char ch) { return ch == '\r' || ch == '\n'; }
+
+/// The first area of the 81 digits that holds a digit twice, as its message:
+/// rows first, then columns, then boxes.
+std::string firstDuplicateArea(std::string_view digits) {
+  struct Kind {
+    AreaKind kind;
+    const char* word;
+  };
+  for (Kind k : {Kind{AreaKind::Row, "row"}, Kind{AreaKind::Col, "col"}, Kind{AreaKind::Box, "box"}})
+    for (int n = 1; n <= 9; ++n) {
+      std::string values;
+      for (int cell : areaCells(k.kind, n)) values.push_back(digits[std::size_t(cell - 1)]);
+      // Zeros are empty cells and never count as a repeat.
+      if (hasRepeatedDigit(values)) return sentence(k.word, Num{n}, " has duplicate numbers");
+    }
+  return {};
+}
+
+}  // namespace
+
+// --- grid entry dialog
+
+EntryCheck checkGridEntry(std::string_view text) {
+  EntryCheck check;
+  std::string digits;
+  for (char ch : text) {
+    if (isLineBreak(ch)) continue;
+    if (ch == ' ' || ch == '.' || ch == '/') ch = '0';
+    if (ch < '0' || ch > '9') {
+      // The first refused character ends the check: one message box is enough
+      // to send the user back to the text.
+      check.refusal = kGridEntryNotDigit;
+      return check;
+    }
+    digits.push_back(ch);
+  }
+  if (digits.size() < std::size_t(kCells)) {
+    check.refusal = kGridEntryTooShort;
+    return check;
+  }
+  digits.resize(std::size_t(kCells));
+  check.refusal = firstDuplicateArea(digits);
+  if (check.ok()) check.accepted = std::move(digits);
+  return check;
+}
+
+void applyGridEntry(Session& session, std::string_view digits) {
+  for (int c = 1; c <= kCells; ++c) {
+    Cell& cell = session.grid[c];
+    const int v = std::size_t(c - 1) < digits.size() ? digitValue(digits[std::size_t(c - 1)]) : 0;
+    cell.value = v;
+    cell.given = v != 0;
+    // A given shows its own digit as its candidate, as after a read.
+    cell.candidates = v ? CandidateSet::of(v) : CandidateSet();
+    session.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
+  }
+  SolverEngine(session).computeCandidates(false);
+  session.recountGivens();
+  session.PuzzleTitle = kNewPuzzleTitle;
+}
+
+bool gridEntryOk(Session& session, std::string_view text) {
+  EntryCheck check = checkGridEntry(text);
+  if (!check.ok()) {
+    session.message(check.refusal);
+    return false;
+  }
+  applyGridEntry(session, check.accepted);
+  return true;
+}
+
+void gridEntryHelp(Session& session) { session.message(kGridEntryHelp); }
+
+std::string editGridText(const Session& session) {
+  std::string text;
+  for (int r = 1; r <= 9; ++r) {
+    if (r > 1) text.push_back('\n');
+    for (int c = 1; c <= 9; ++c) {
+      const int v = session.grid[CellNumber[r][c]].value;
+      text.push_back(v ? char('0' + v) : '.');
+    }
+  }
+  return text;
+}
+
+// --- blank template dialog
+
+std::string defaultTemplateText() {
+  std::string text;
+  for (int r = 1; r <= 9; ++r) {
+    if (r > 1) text.push_back('\n');
+    text.append(9, kGivenMark);
+  }
+  return text;
+}
+
+EntryCheck checkTemplateEntry(std::string_view text) {
+  EntryCheck check;
+  std::string cells;
+  for (char ch : text) {
+    if (isLineBreak(ch)) continue;
+    if (ch == kGivenMark) {
+      cells.push_back(kGivenMark);
+    } else if (ch == ' ' || ch == '.') {
+      cells.push_back('.');
+    } else {
+      check.refusal = kTemplateBadCharacter;
+      return check;
+    }
+  }
+  if (cells.size() != std::size_t(kCells)) {
+    check.refusal = kTemplateWrongLength;
+    return check;
+  }
+  check.accepted = std::move(cells);
+  return check;
+}
+
+std::optional<std::string> templateEntryOk(Session& session, std::string_view text) {
+  EntryCheck check = checkTemplateEntry(text);
+  if (!check.ok()) {
+    session.message(check.refusal);
+    return std::nullopt;
+  }
+  return check.accepted;
+}
+
+void templateHelp(Session& session) { session.message(kTemplateHelp); }
+
+}  // namespace tessaly

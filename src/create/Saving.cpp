@@ -1,0 +1,93 @@
+#include "create/Saving.h"
+
+#include "model/CollectionFile.h"
+#include "model/Session.h"
+
+namespace tessaly {
+
+namespace {
+
+std::string couldNotWrite(const std::string& path) { return "Could not write file: " + path; }
+
+/// Asks, writes the givens and tells the user. True when written.
+bool askAndSave(Session& session) {
+  if (!session.ui().question(kSaveQuestion)) return false;
+  if (!saveGridToFile(session, session.CurrentFile)) {
+    session.message(couldNotWrite(session.CurrentFile));
+    return false;
+  }
+  session.message(puzzleAddedMessage(session.TotalPuzzles, session.CurrentFile));
+  return true;
+}
+
+}  // namespace
+
+std::string puzzleAddedMessage(int total, const std::string& path) {
+  return "Puzzle#" + num(total) + " added to file: " + path;
+}
+
+bool saveNewCommand(Session& session) {
+  if (session.grid.filledCount() == 0) {
+    session.message(kCreateFirst);
+    return false;
+  }
+  return askAndSave(session);
+}
+
+bool saveThisPuzzleCommand(Session& session) {
+  // Only the givens are written, but the grid must be complete: a puzzle is
+  // saved once it has been solved, by the solver or by hand.
+  if (session.grid.filledCount() < kCells) {
+    session.message(kSolveFirst);
+    return false;
+  }
+  if (!askAndSave(session)) return false;
+  session.MesLab.clear();
+  return true;
+}
+
+AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request) {
+  AutoSaveResult result;
+  result.create = request.create;
+  const auto show = [&](const std::string& text) {
+    if (request.showNumCreate) request.showNumCreate(text);
+  };
+  const long long count = numericValue(request.NumCreate);
+  PuzzleCreator creator(session);
+  try {
+    for (long long i = 1; i <= count; ++i) {
+      // Each creation runs as if Create had been pressed with the tab as the
+      // previous one left it (TotBlanks rewritten, a Manual fallback selecting
+      // Random).
+      CreateResult created = creator.createCommand(result.create);
+      result.create = created.settings;
+      // Only a puzzle that was actually made is saved: a refused blank count or
+      // a run that gave up leaves nothing new on the grid.
+      if (created.created()) {
+        if (!saveGridToFile(session, session.CurrentFile)) {
+          result.writeFailed = true;
+          show(request.NumCreate);
+          session.message(couldNotWrite(session.CurrentFile));
+          return result;
+        }
+        ++result.saved;
+        show(std::to_string(count - i));
+      }
+      session.processEvents();
+    }
+  } catch (const RunStopped&) {
+    // The window is closing: stop the batch where it is.
+    return result;
+  }
+  show(request.NumCreate);
+  const int total = session.TotalPuzzles;
+  session.PuzNumNow = std::to_string(total);
+  // The title names the last puzzle of the file with the blank count asked
+  // for, not one counted in the saved grid.
+  session.PuzzleTitle = "Puzzle" + num(total) + " of" + num(total) + " (" + result.create.TotBlanks + " blanks)";
+  // The count told is the number asked for, as typed.
+  session.message(request.NumCreate + " puzzles added to file: " + session.CurrentFile);
+  return result;
+}
+
+}  // namespace tessaly
