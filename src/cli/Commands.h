@@ -23,5 +23,7 @@ inline constexpr int kExitUsage = 2;  ///< unknown subcommand or bad arguments
 int solveCommand(const Arguments& args);   // SolveCommand.cpp
 int exportCommand(const Arguments& args);  // ExportCommand.cpp
 int createCommand(const Arguments& args);  // CreateCommand.cpp
+int countCommand(const Arguments& args);   // CountCommand.cpp
+int hintCommand(const Arguments& args);    // HintCommand.cpp
 
 }  // namespace tessaly::cli

@@ -27,6 +27,8 @@ constexpr CommandEntry kCommands[] = {
     {"solve", "read puzzle N of FILE and solve it, printing the narration", solveCommand},
     {"export", "solve puzzle N of FILE and export it (CSV, TXT, XLS or report)", exportCommand},
     {"create", "create new puzzles with a chosen number and distribution of blanks", createCommand},
+    {"count", "print the number of puzzles in FILE, or the solutions of one (0, 1 or 2+)", countCommand},
+    {"hint", "read puzzle N of FILE and print what one rule, all rules or the cell hint find", hintCommand},
 };
 
 constexpr std::string_view kProgramName = "tessaly-cli";

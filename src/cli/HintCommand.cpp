@@ -1,0 +1,67 @@
+// tessaly-cli hint FILE N --rule K|all|cell: reads puzzle N as the program does
+// and prints the hint report of one rule (1..6) or of all six, or tells the
+// cell with the fewest choices.
+
+#include <filesystem>
+#include <iostream>
+
+#include "cli/CliSupport.h"
+#include "play/Hints.h"
+#include "solver/ReadPuzzle.h"
+
+namespace tessaly::cli {
+
+namespace {
+constexpr const char* kHintUsage =
+    "tessaly-cli hint FILE N --rule 1|2|3|4|5|6|all|cell [--seed S] [--rule-order S] [--max-tries N]";
+
+int hintUsageError(const std::string& text) {
+  std::cerr << "tessaly-cli: " << text << "\nUsage: " << kHintUsage << '\n';
+  return kExitUsage;
+}
+}  // namespace
+
+int hintCommand(const Arguments& arguments) {
+  Arguments args = arguments;
+  std::string rule;
+  bool hasRule = false;
+  if (!takeOption(args, "--rule", rule, hasRule)) return kExitUsage;
+  if (!hasRule) return hintUsageError("--rule is required");
+  // The GetHint index: 0..5 for Rules 1..6, 6 for all; -1 for the cell hint.
+  int index = 0;
+  if (rule == "all")
+    index = kAllRulesHint;
+  else if (rule == "cell")
+    index = -1;
+  else if (rule.size() == 1 && rule[0] >= '1' && rule[0] <= '6')
+    index = rule[0] - '1';
+  else
+    return hintUsageError("--rule takes 1 to 6, all or cell");
+
+  auto options = parsePuzzleOptions(args, kHintUsage);
+  if (!options) return kExitUsage;
+  if (!args.empty()) return hintUsageError("unexpected argument '" + args[0] + "'");
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(options->file, ec)) {
+    std::cerr << "tessaly-cli: no such file: " << options->file << '\n';
+    return kExitUsage;
+  }
+  CliSession cli(*options);
+  Session& session = cli.session();
+  if (!readPuzzle(session, options->file, options->number)) return kExitUsage;
+
+  if (index < 0) {
+    cellHint(session);
+    return kExitOk;
+  }
+  runRuleHint(session, index);
+  std::string out;
+  for (const std::string& line : session.Hints) {
+    out += line;
+    out += '\n';
+  }
+  std::cout << out;
+  return kExitOk;
+}
+
+}  // namespace tessaly::cli

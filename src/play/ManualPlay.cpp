@@ -1,0 +1,194 @@
+#include "play/ManualPlay.h"
+
+#include "model/Session.h"
+#include "solver/ReadPuzzle.h"
+#include "solver/SolverEngine.h"
+
+namespace tessaly {
+
+namespace {
+bool isCell(int cell) { return cell >= 1 && cell <= kCells; }
+
+CandidateSet united(CandidateSet a, CandidateSet b) { return CandidateSet::fromBits(std::uint16_t(a.bits() | b.bits())); }
+
+// A column summary: every digit followed by two blanks, shortened to
+// "1  .  .  9" when all nine are still possible.
+std::string columnSummary(const CandidateSet& digits) {
+  if (digits == CandidateSet::full()) return "1  .  .  9";
+  std::string text;
+  for (char d : digits.text()) {
+    text.push_back(d);
+    text.append("  ");
+  }
+  return text;
+}
+}  // namespace
+
+std::string manualLogKey(int cell) { return "C" + padded(cell, 2); }
+
+int manualLogCell(const std::string& entry) {
+  return entry.size() >= 3 ? int(numericValue(std::string_view(entry).substr(1, 2))) : 0;
+}
+
+ManualPlay::ManualPlay(Session& session, ManualDisplay* display)
+    : s(session), m_display(display ? display : &m_noDisplay) {
+  s.onManualTabRead = [this] { prepare(); };
+}
+
+ManualPlay::~ManualPlay() { s.onManualTabRead = nullptr; }
+
+bool ManualPlay::active() const { return s.controls.currentTab == kManualTab; }
+
+void ManualPlay::moveHighlightTo(int cell) {
+  if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
+  m_display->paintSelected(cell);
+  highlightedCell = cell;
+}
+
+void ManualPlay::selectCell(int cell) {
+  if (!active() || !isCell(cell)) return;
+  selectedCell = cell;
+  if (s.grid[cell].given) return;
+  CellChoice = s.grid[cell].candidates.text();
+  moveHighlightTo(cell);
+}
+
+int ManualPlay::keyReleased(int keyCode) {
+  if (!active() || !isCell(selectedCell) || s.grid[selectedCell].given) return keyCode;
+  int value = 0;
+  if (keyCode == kDeleteKey) {
+    value = kClear;
+  } else if (keyCode >= kDigitKey1 && keyCode <= kDigitKey9) {
+    // Only a digit among the cell's choices goes in; any other is swallowed.
+    if (CellChoice.find(char(keyCode)) == std::string::npos) return 0;
+    value = keyCode - kDigitKey1 + 1;
+  } else {
+    return keyCode;
+  }
+  placeManualValue(selectedCell, value);
+  return keyCode;
+}
+
+std::vector<int> ManualPlay::dropDownDigits(int cell) {
+  std::vector<int> digits;
+  if (!active() || !isCell(cell)) return digits;
+  selectCell(cell);
+  if (s.grid[cell].given) return digits;  // a given offers nothing to choose
+  for (char d : CellChoice) digits.push_back(d - '0');
+  return digits;
+}
+
+void ManualPlay::chooseDropDown(int digit) {
+  if (!active() || !isCell(selectedCell) || s.grid[selectedCell].given) return;
+  if (digit < 1 || digit > 9 || CellChoice.find(char('0' + digit)) == std::string::npos) return;
+  placeManualValue(selectedCell, digit);
+}
+
+void ManualPlay::placeManualValue(int cell, int value) {
+  if (!isCell(cell) || s.grid[cell].given) return;
+  if (value != kClear && (value < 1 || value > 9)) return;
+  moveHighlightTo(cell);
+  if (value == kClear) {
+    s.grid[cell].value = 0;
+    removeManualLogEntry(cell);
+    refreshCandidateSummaries();
+    return;
+  }
+
+  s.grid[cell].value = value;
+  SolverEngine(s).computeCandidates(false);
+  int dead = 0;
+  for (int c = 1; c <= kCells && !dead; ++c)
+    if (!s.grid[c].value && s.grid[c].candidates.empty()) dead = c;
+
+  if (!dead) {
+    selectedCell = cell;
+    LogManual.push_back(manualLogKey(cell) + " = " + trimmed(std::to_string(value)));
+    refreshCandidateSummaries();
+    CellChoice = s.grid[selectedCell].candidates.text();
+    if (s.BlanksLeft == 0) s.message("Puzzle is solved");
+    return;
+  }
+
+  // Refused: the dead cell stays red while the message is open. The candidates
+  // are left as computed with the rejected value in place; the next
+  // recomputation puts them right.
+  m_display->paintRefused(dead);
+  m_display->repaint();
+  const std::string advice =
+      CellChoice.size() == 1 ? "You must now undo previous placements" : "Select another choice for this cell";
+  s.message("placing" + num(value) + " in this cell will result in no choices for cell" + num(dead) + "\n" + advice);
+  m_display->paintNormal(dead);
+  s.grid[cell].value = 0;
+  m_display->paintNormal(cell);
+  highlightedCell = -1;
+}
+
+void ManualPlay::removeManualLogEntry(int cell) {
+  const std::string key = manualLogKey(cell);
+  for (auto it = LogManual.begin(); it != LogManual.end(); ++it)
+    if (it->compare(0, key.size(), key) == 0) {
+      LogManual.erase(it);
+      return;
+    }
+}
+
+void ManualPlay::refreshCandidateSummaries() {
+  SolverEngine(s).computeCandidates(false);
+  // The summaries gather the candidate captions as the labels show them, so a
+  // given contributes its own digit.
+  for (int n = 1; n <= 9; ++n) {
+    CandidateSet row, col;
+    for (int c : areaCells(AreaKind::Row, n)) row = united(row, s.grid[c].candidates);
+    for (int c : areaCells(AreaKind::Col, n)) col = united(col, s.grid[c].candidates);
+    PossibleInRow[std::size_t(n - 1)] = row.text();
+    PossibleInCol[std::size_t(n - 1)] = columnSummary(col);
+  }
+}
+
+void ManualPlay::undo() {
+  if (!active()) return;
+  if (LogManual.empty()) {
+    s.message("nothing to undo");
+    return;
+  }
+  const int cell = manualLogCell(LogManual.back());
+  selectedCell = cell;
+  placeManualValue(cell, kClear);
+  if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
+  highlightedCell = -1;
+}
+
+void ManualPlay::moveListClicked(int index) {
+  if (!active() || index < 0 || index >= int(LogManual.size())) return;
+  const int cell = manualLogCell(LogManual[std::size_t(index)]);
+  if (!isCell(cell)) return;
+  moveHighlightTo(cell);
+  selectedCell = cell;
+}
+
+void ManualPlay::clearManual() {
+  if (!active() || s.CurrentFile.empty() || s.CurrentPuzzleNumber <= 0) return;
+  // Reading the puzzle again resets grid and candidates; with the tab current
+  // the read calls prepare, which empties the move list.
+  readPuzzle(s, s.CurrentFile, s.CurrentPuzzleNumber);
+}
+
+void ManualPlay::prepare() {
+  LogManual.clear();
+  if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
+  highlightedCell = -1;
+  selectedCell = 0;
+  CellChoice.clear();
+  refreshCandidateSummaries();
+}
+
+void ManualPlay::highlightBox(int box) {
+  if (box >= 1 && box <= 9) m_display->highlightBox(box);
+}
+
+void ManualPlay::unhighlightBox(int box) {
+  if (box >= 1 && box <= 9) m_display->unhighlightBox(box);
+}
+
+}  // namespace tessaly
