@@ -1,32 +1,78 @@
 #include "ui/Form1.h"
 
-#include <QFrame>
-#include <QGridLayout>
+#include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressBar>
+#include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
 
-#include "model/Session.h"
+#include "model/Configuration.h"
+#include "model/Startup.h"
+#include "play/Texts.h"
+#include "solver/ReadPuzzle.h"
+#include "solver/SolverEngine.h"
+#include "ui/AutoSolveTab.h"
+#include "ui/CellBoard.h"
+#include "ui/CreateTab.h"
+#include "ui/DialogUserInterface.h"
+#include "ui/HelpWindow.h"
+#include "ui/ManualTab.h"
+#include "ui/PuzzleFrame.h"
+#include "ui/WidgetColours.h"
+#include "ui/WindowDisplay.h"
+#include "ui/WindowPacer.h"
+#include "ui/cTxtBox.h"
 
 namespace tessaly {
+
 namespace {
-
-constexpr int kGridSize = 9;
-constexpr int kBoxSize = 3;
-constexpr int kValueBoxSize = 36;  ///< pixels, square
-constexpr int kCellGap = 2;        ///< pixels between two value boxes
-constexpr int kBoxGap = 8;         ///< extra pixels before columns and rows 4 and 7
-
-/// Layout position of row or column 0..8: every third line starts after a
-/// spacer line, so the boxes of the grid stand apart.
-int layoutLine(int line) { return line + line / kBoxSize; }
-
+constexpr int kFrameMs = 16;  ///< redraws come at most once per frame
+constexpr int kLogMinimumHeight = 180;
 }  // namespace
 
-Form1::Form1(Session& session, QWidget* parent) : QMainWindow(parent), m_session(session) {
+Form1::Form1(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
   setObjectName("Form1");
   setWindowTitle("Tessaly");
+  if (!ui) {
+    m_ownUi = std::make_unique<DialogUserInterface>(this);
+    ui = m_ownUi.get();
+  }
+  m_previousServices = Services{&session.ui(), &session.display(), &session.pacer(), nullptr, nullptr};
 
+  setCentralWidget(createCentralWidget());
+  createMenus();
+  connectBoard();
+
+  m_display = std::make_unique<WindowDisplay>(*m_board, *m_progress, *m_log, [this] { scheduleRefresh(); });
+  m_pacer = std::make_unique<WindowPacer>(
+      session, this, [this] { scheduleRefresh(); }, [this] { refresh(false); });
+  session.setServices(Services{ui, m_display.get(), m_pacer.get(), nullptr, nullptr});
+
+  m_refreshTimer.setSingleShot(true);
+  m_refreshTimer.setInterval(kFrameMs);
+  connect(&m_refreshTimer, &QTimer::timeout, this, [this] { refresh(false); });
+  m_choosePrinter = [this](QPrinter& printer) {
+    QPrintDialog dialog(&printer, this);
+    return dialog.exec() == QDialog::Accepted;
+  };
+
+  applyColours();
+}
+
+Form1::~Form1() {
+  // A run still on the stack below stops at its next yield; from here on the
+  // core talks to the interfaces it had before this window.
+  m_closing = true;
+  m_pacer->shutDown();
+  m_session.setServices(m_previousServices);
+}
+
+QWidget* Form1::createCentralWidget() {
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
 
@@ -37,36 +83,198 @@ Form1::Form1(Session& session, QWidget* parent) : QMainWindow(parent), m_session
   m_tabs->addTab("ManualSolve");
   layout->addWidget(m_tabs);
 
-  layout->addWidget(createGrid(), 0, Qt::AlignLeft | Qt::AlignTop);
-  layout->addStretch();
-  setCentralWidget(central);
+  auto* middle = new QHBoxLayout;
+  auto* left = new QVBoxLayout;
+  m_puzzleFrame = new PuzzleFrame(m_session, *this, central);
+  left->addWidget(m_puzzleFrame);
+  m_stack = new QStackedWidget(central);
+  createPages(m_stack);
+  left->addWidget(m_stack);
+  left->addStretch();
+  middle->addLayout(left);
+
+  m_progress = new QProgressBar(central);
+  m_progress->setObjectName("pb1");
+  m_progress->setOrientation(Qt::Vertical);
+  m_progress->setRange(0, kCells);
+  m_progress->setValue(0);
+  m_progress->setTextVisible(false);
+  middle->addWidget(m_progress);
+
+  m_board = new CellBoard(m_session, m_scheme, central);
+  middle->addWidget(m_board, 1);
+  layout->addLayout(middle);
+
+  m_status = new QLabel(central);
+  m_status->setObjectName("MesLab");
+  m_status->setAutoFillBackground(true);
+  layout->addWidget(m_status);
+
+  m_log = new cTxtBox(m_session.log, central);
+  m_log->setMinimumHeight(kLogMinimumHeight);
+  layout->addWidget(m_log, 1);
+
+  connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { tabSelected(index); });
+  return central;
 }
 
-QWidget* Form1::createGrid() {
-  auto* frame = new QFrame(this);
-  frame->setObjectName("Grid");
-  frame->setFrameShape(QFrame::Box);
-  auto* layout = new QGridLayout(frame);
-  layout->setSpacing(kCellGap);
-  for (int gap = kBoxSize; gap < kGridSize; gap += kBoxSize) {
-    const int spacer = layoutLine(gap) - 1;
-    layout->setRowMinimumHeight(spacer, kBoxGap);
-    layout->setColumnMinimumWidth(spacer, kBoxGap);
-  }
+void Form1::createPages(QStackedWidget* stack) {
+  m_autoSolve = new AutoSolveTab(m_session, *this, stack);
+  m_pages = {m_autoSolve, new CreateTab(m_session, *this, stack), new ManualTab(m_session, *this, stack)};
+  for (TabPage* page : m_pages) stack->addWidget(page);
+}
 
-  for (int slot = 0; slot < kGridSize * kGridSize; ++slot) {
-    const int cell = slot + 1;
-    auto* box = new QLabel(frame);
-    box->setObjectName(QString("Grid_%1").arg(slot));
-    box->setToolTip(QString::number(cell));
-    box->setAlignment(Qt::AlignCenter);
-    box->setFrameShape(QFrame::Panel);
-    box->setFrameShadow(QFrame::Sunken);
-    box->setFixedSize(kValueBoxSize, kValueBoxSize);
-    layout->addWidget(box, layoutLine(slot / kGridSize), layoutLine(slot % kGridSize));
-    m_valueBoxes[static_cast<std::size_t>(slot)] = box;
+void Form1::connectBoard() {
+  connect(m_board, &CellBoard::valueBoxClicked, this,
+          [this](int cell, Qt::MouseButton button) { currentPage()->valueBoxClicked(cell, button); });
+  connect(m_board, &CellBoard::valueBoxDoubleClicked, this,
+          [this](int cell) { currentPage()->valueBoxDoubleClicked(cell); });
+  connect(m_board, &CellBoard::valueBoxKeyPressed, this,
+          [this](int cell, int key) { currentPage()->valueBoxKeyPressed(cell, key); });
+  connect(m_board, &CellBoard::candidateLabelClicked, this,
+          [this](int cell, Qt::MouseButton button) { currentPage()->candidateLabelClicked(cell, button); });
+}
+
+QLabel* Form1::valueBox(int cell) const { return m_board->valueBox(cell); }
+
+TabPage* Form1::currentPage() const { return m_pages.at(std::size_t(std::max(0, m_stack->currentIndex()))); }
+
+HelpWindow* Form1::helpWindow() const { return m_help; }
+
+bool Form1::isWaiting() const { return m_pacer->waiting(); }
+
+int Form1::pauseWaits() const { return m_pacer->waits(); }
+
+// --- start-up and shutdown
+
+void Form1::startUp(const std::string& applicationDirectory) {
+  tessaly::startUp(m_session, applicationDirectory,
+                   [this](Session& session) { applyScheme(session.config.ColourSchemeFile); });
+  try {
+    for (std::string_view paragraph : kWelcomeText) m_session.logEvent(kStyleNormal, paragraph);
+  } catch (const RunStopped&) {
+    // The window was closed during start-up.
   }
-  return frame;
+  refresh(true);
+}
+
+void Form1::exitProgram() {
+  writeConfiguration(m_session);
+  close();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  // A run that waits or solves stops at once; nothing is written on the way out.
+  m_closing = true;
+  m_pendingCommand = nullptr;
+  m_pacer->shutDown();
+  m_refreshTimer.stop();
+  if (m_help) m_help->close();
+  QMainWindow::closeEvent(event);
+}
+
+// --- commands
+
+void Form1::runCommand(std::function<void()> command) {
+  if (m_closing || !command) return;
+  if (m_commandDepth > 0) {
+    // Another command is on the stack below this click (a run waiting for Next,
+    // or solving): stop it, and do this one once it has unwound.
+    m_pendingCommand = std::move(command);
+    m_pacer->requestStop();
+    return;
+  }
+  const QPointer<Form1> self(this);
+  ++m_commandDepth;
+  command();
+  if (!self) return;  // the window went away while the command ran
+  --m_commandDepth;
+  m_pacer->runEnded();
+  m_session.ui().setBusy(false);
+  refresh(true);
+  if (m_pendingCommand) runCommand(std::exchange(m_pendingCommand, nullptr));
+}
+
+void Form1::releasePause() {
+  refresh(false);
+  m_pacer->wake();
+}
+
+void Form1::readPuzzleFile(const std::string& path, int n) {
+  runCommand([this, path, n] {
+    m_session.CurrentFile = path;
+    readPuzzle(m_session, path, n);
+  });
+}
+
+void Form1::solve() {
+  runCommand([this] { SolverEngine(m_session).solveCommand(); });
+}
+
+void Form1::openFile() {
+  FileRequest request;
+  request.mode = FileRequest::Mode::Open;
+  request.title = "SuDoKu";
+  request.pattern = "*.sud";
+  request.typeName = "SuDoKu Files";
+  request.startDir = m_session.appDir;
+  const std::string path = m_session.ui().chooseFile(request);
+  if (!path.empty()) readPuzzleFile(path, 1);
+}
+
+// --- colours
+
+void Form1::applyScheme(const std::string& name) {
+  m_scheme.load(m_session, name);
+  applyColours();
+}
+
+void Form1::chooseColourScheme(int entry) {
+  // An entry outside the menu applies nothing, but the configuration is still written.
+  if (entry >= 0 && entry < int(ColourScheme::kMenuFiles.size()))
+    applyScheme(ColourScheme::kMenuFiles[std::size_t(entry)]);
+  writeConfiguration(m_session);
+}
+
+void Form1::applyColours() {
+  paintBackground(centralWidget(), m_scheme.windowBack);
+  paintBackground(m_status, m_scheme.statusBack);
+  m_puzzleFrame->applyColours(m_scheme);
+  for (TabPage* page : m_pages) page->applyColours(m_scheme);
+  for (std::size_t i = 0; i < m_schemeActions.size(); ++i)
+    if (m_schemeActions[i])
+      m_schemeActions[i]->setChecked(m_session.config.ColourSchemeFile == ColourScheme::kMenuFiles[i]);
+  m_board->refreshFromSession();
+}
+
+// --- drawing
+
+void Form1::scheduleRefresh() {
+  if (!m_refreshTimer.isActive()) m_refreshTimer.start();
+}
+
+void Form1::refreshFromSession() { refresh(true); }
+
+void Form1::refresh(bool verifyLog) {
+  m_refreshTimer.stop();
+  const int tab = m_session.controls.currentTab - 1;
+  if (tab >= 0 && tab < m_tabs->count() && tab != m_tabs->currentIndex()) {
+    const QSignalBlocker blocker(m_tabs);
+    m_tabs->setCurrentIndex(tab);
+    m_stack->setCurrentIndex(tab);
+  }
+  m_puzzleFrame->refreshFromSession();
+  for (TabPage* page : m_pages) page->refreshFromSession();
+  m_board->refreshFromSession();
+  m_status->setText(QString::fromStdString(m_session.MesLab));
+  m_log->syncWithLog(verifyLog);
+}
+
+void Form1::tabSelected(int index) {
+  m_session.controls.currentTab = index + 1;
+  m_stack->setCurrentIndex(index);
+  currentPage()->pageShown();
+  refresh(false);
 }
 
 }  // namespace tessaly

@@ -1,36 +1,145 @@
 #pragma once
-// The main window: the mode tab strip and the grid of 81 value boxes. It shows
-// what the session holds; the core does the work.
+// The main window. It shows what the session holds and hands the user's
+// commands to the core; the core reaches it back through the Display, Pacer and
+// UserInterface it installs in the session.
+//
+// Layout: the mode tab strip `ctlTabs` on top; below it, on the left, the
+// puzzle frame `PuzNumber` over the page of the selected tab (the solutions
+// frame for AutoSolve); beside them the progress bar `pb1`, the grid `Grid` and
+// the candidate display; under everything the status label `MesLab` and the
+// event log `EventLogx`.
 
 #include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
 #include <array>
+#include <functional>
+#include <memory>
+#include <string>
 
+#include "model/Session.h"
+#include "ui/ColourScheme.h"
+#include "ui/CommandHost.h"
+
+class QAction;
 class QLabel;
+class QPrinter;
+class QProgressBar;
+class QStackedWidget;
 class QTabBar;
-class QWidget;
 
 namespace tessaly {
 
-class Session;
+class AutoSolveTab;
+class CellBoard;
+class HelpWindow;
+class PuzzleFrame;
+class TabPage;
+class WindowDisplay;
+class WindowPacer;
+class cTxtBox;
 
-class Form1 : public QMainWindow {
+class Form1 : public QMainWindow, public CommandHost {
   Q_OBJECT
 
  public:
   /// Tab indexes of `ctlTabs`, in the order of the captions.
-  enum Tab { AutoSolveTab = 0, CreateTab = 1, ManualSolveTab = 2 };
+  enum Tab { AutoSolvePage = 0, CreatePage = 1, ManualSolvePage = 2 };
 
-  explicit Form1(Session& session, QWidget* parent = nullptr);
+  /// Builds the window and installs its Display and Pacer in the session. The
+  /// messages, questions and file choosers go to `ui` when given (the tests and
+  /// benchmarks pass a scripted one), else to Qt dialogs over this window.
+  explicit Form1(Session& session, UserInterface* ui = nullptr, QWidget* parent = nullptr);
+  ~Form1() override;
 
+  /// Start-up: the core's start-up with the colour scheme applied between its
+  /// halves, then the welcome text in the log and the first redraw.
+  void startUp(const std::string& applicationDirectory);
+
+  // --- CommandHost
+  void runCommand(std::function<void()> command) override;
+  void releasePause() override;
+  /// Redraws everything from the session: values, given colours, candidates
+  /// with singles highlighted, box counts, title, buttons, MesLab, progress, log.
+  void refreshFromSession() override;
+
+  // --- commands, for the menus and for programs that drive the window
+  /// Reads puzzle n of a collection (as File > Open does for puzzle 1).
+  void readPuzzleFile(const std::string& path, int n);
+  /// The Solve command, as the `Solveit` button gives it.
+  void solve();
+  /// Applies entry 0..17 of the colour menu and writes the configuration.
+  void chooseColourScheme(int entry);
+  /// How Print asks for a printer; the default is the print dialog. The chooser
+  /// sets the printer up and returns false to cancel.
+  void setPrinterChooser(std::function<bool(QPrinter&)> chooser) { m_choosePrinter = std::move(chooser); }
+  /// The "Save this puzzle" menu command (`mnuSave2InFile`); nothing happens
+  /// while it is empty.
+  std::function<void()> saveThisPuzzleCommand;
+
+  // --- what the window shows
   /// The value box of cell 1..81.
-  QLabel* valueBox(int cell) const { return m_valueBoxes.at(static_cast<std::size_t>(cell - 1)); }
+  QLabel* valueBox(int cell) const;
+  const ColourScheme& colourScheme() const { return m_scheme; }
+  cTxtBox* eventLogView() const { return m_log; }
+  AutoSolveTab* autoSolvePage() const { return m_autoSolve; }
+  TabPage* page(Tab tab) const { return m_pages.at(std::size_t(tab)); }
+  HelpWindow* helpWindow() const;
+  /// True while a stepping run waits for Next.
+  bool isWaiting() const;
+  /// Pause points waited at since the window was made.
+  int pauseWaits() const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
 
  private:
-  QWidget* createGrid();
+  void createMenus();
+  void createFileMenu();
+  void createOptionsMenu();
+  void createHelpMenu();
+  QWidget* createCentralWidget();
+  void createPages(QStackedWidget* stack);
+  void connectBoard();
+
+  void openFile();
+  void printReport(bool includeLog);
+  void exitProgram();
+  void showHelp();
+  void showAbout();
+
+  void applyScheme(const std::string& name);
+  void applyColours();
+  void scheduleRefresh();
+  void refresh(bool verifyLog);
+  void tabSelected(int index);
+  TabPage* currentPage() const;
 
   Session& m_session;
+  std::unique_ptr<UserInterface> m_ownUi;
+  Services m_previousServices;
+  ColourScheme m_scheme;
+
   QTabBar* m_tabs = nullptr;
-  std::array<QLabel*, 81> m_valueBoxes{};  ///< display slot = cell - 1
+  QStackedWidget* m_stack = nullptr;
+  std::array<TabPage*, 3> m_pages{};
+  AutoSolveTab* m_autoSolve = nullptr;
+  PuzzleFrame* m_puzzleFrame = nullptr;
+  CellBoard* m_board = nullptr;
+  QProgressBar* m_progress = nullptr;
+  QLabel* m_status = nullptr;
+  cTxtBox* m_log = nullptr;
+  QPointer<HelpWindow> m_help;
+  std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
+
+  std::unique_ptr<WindowDisplay> m_display;
+  std::unique_ptr<WindowPacer> m_pacer;
+  QTimer m_refreshTimer;
+  std::function<bool(QPrinter&)> m_choosePrinter;
+
+  int m_commandDepth = 0;                 ///< commands on the stack (one, or none)
+  std::function<void()> m_pendingCommand;  ///< waits for the command in progress to end
+  bool m_closing = false;
 };
 
 }  // namespace tessaly

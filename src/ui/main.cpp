@@ -8,12 +8,12 @@
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Tessaly");
+  QApplication::setApplicationVersion(TESSALY_VERSION);
 
   tessaly::Session session;
-  // The application directory holds the collection and configuration files.
-  session.appDir = QApplication::applicationDirPath().toStdString() + "/";
-
   tessaly::Form1 window(session);
+  // The application directory holds the collection, configuration and scheme files.
+  window.startUp(QApplication::applicationDirPath().toStdString());
   window.show();
   return app.exec();
 }

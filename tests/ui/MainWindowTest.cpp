@@ -7,6 +7,7 @@
 #include <QTabBar>
 #include <QTest>
 
+#include "model/Services.h"
 #include "model/Session.h"
 #include "ui/Form1.h"
 
@@ -15,11 +16,12 @@ namespace {
 
 class MainWindowTest : public ::testing::Test {
  protected:
-  MainWindowTest() : window(session) {
+  MainWindowTest() : window(session, &ui) {
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
   }
 
+  ScriptedUserInterface ui;
   Session session;
   Form1 window;
 };

@@ -1,0 +1,114 @@
+#include "ui/AutoSolveTab.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "model/Session.h"
+#include "solver/ReadPuzzle.h"
+#include "solver/SolverEngine.h"
+#include "ui/ColourScheme.h"
+#include "ui/CommandHost.h"
+#include "ui/RightClickButton.h"
+#include "ui/WidgetColours.h"
+
+namespace tessaly {
+
+AutoSolveTab::AutoSolveTab(Session& session, CommandHost& host, QWidget* parent) : TabPage(session, host, parent) {
+  setObjectName("AutoSolveTab");
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(0, 0, 0, 0);
+  m_frame = new QGroupBox("Solution", this);
+  m_frame->setObjectName("SolutionsFrame");
+  outer->addWidget(m_frame);
+  outer->addStretch();
+
+  m_start = new QPushButton("Start", m_frame);
+  m_start->setObjectName("StartCommand");
+  m_start->setToolTip("Solve step by step, explaining each step");
+  m_next = new RightClickButton("Next", m_frame);
+  m_next->setObjectName("NextStepCommand");
+  m_next->setToolTip("Left button: the next step. Right button: run on to the end");
+  m_solve = new QPushButton("Solve", m_frame);
+  m_solve->setObjectName("Solveit");
+  m_solve->setToolTip("Solve the puzzle without pauses");
+  m_pause = new QCheckBox("No pauses", m_frame);
+  m_pause->setObjectName("PauseCheck");
+  m_pause->setToolTip("Run on without pausing at each step");
+  m_check3 = new QCheckBox("Solve at once", m_frame);
+  m_check3->setObjectName("Check3");
+  m_check3->setToolTip("Start solves the puzzle at once, without the explanations");
+  m_clear = new QPushButton("Clear", m_frame);
+  m_clear->setObjectName("ClearCommand");
+  m_clear->setToolTip("Read the puzzle again");
+  m_edit = new QPushButton("Edit", m_frame);
+  m_edit->setObjectName("EditCommand");
+  m_edit->setToolTip("Type in a puzzle");
+
+  auto* layout = new QGridLayout(m_frame);
+  layout->addWidget(m_start, 0, 0);
+  layout->addWidget(m_next, 0, 1);
+  layout->addWidget(m_solve, 1, 0);
+  layout->addWidget(m_clear, 1, 1);
+  layout->addWidget(m_edit, 2, 0);
+  layout->addWidget(m_pause, 3, 0, 1, 2);
+  layout->addWidget(m_check3, 4, 0, 1, 2);
+
+  connect(m_start, &QPushButton::clicked, this, [this] { start(); });
+  connect(m_next, &RightClickButton::released, this, [this](Qt::MouseButton button) { nextStep(button); });
+  connect(m_solve, &QPushButton::clicked, this, [this] { solve(); });
+  connect(m_pause, &QCheckBox::clicked, this, [this](bool checked) { pauseChanged(checked); });
+  connect(m_check3, &QCheckBox::clicked, this, [this](bool checked) {
+    m_session.controls.Check3 = checked;
+    m_host.refreshFromSession();
+  });
+  connect(m_clear, &QPushButton::clicked, this, [this] { clear(); });
+  connect(m_edit, &QPushButton::clicked, this, [this] {
+    if (editCommand) m_host.runCommand(editCommand);
+  });
+}
+
+void AutoSolveTab::start() {
+  m_host.runCommand([this] { SolverEngine(m_session).startCommand(); });
+}
+
+void AutoSolveTab::nextStep(Qt::MouseButton button) {
+  SolverEngine(m_session).nextCommand(button == Qt::RightButton);
+  m_host.releasePause();
+}
+
+void AutoSolveTab::solve() {
+  m_host.runCommand([this] { SolverEngine(m_session).solveCommand(); });
+}
+
+void AutoSolveTab::pauseChanged(bool checked) {
+  SolverEngine(m_session).setPauseCheck(checked);
+  m_host.releasePause();
+}
+
+void AutoSolveTab::clear() {
+  // Clearing takes the puzzle back to its givens by reading it again.
+  m_host.runCommand([this] {
+    if (m_session.CurrentPuzzleNumber > 0) readPuzzle(m_session, m_session.CurrentFile, m_session.CurrentPuzzleNumber);
+  });
+}
+
+void AutoSolveTab::refreshFromSession() {
+  const Controls& c = m_session.controls;
+  m_frame->setEnabled(c.solutionsEnabled);
+  m_start->setEnabled(c.startEnabled);
+  m_next->setEnabled(c.nextEnabled);
+  m_edit->setEnabled(c.editEnabled);
+  m_clear->setEnabled(c.clearEnabled);
+  m_pause->setChecked(c.PauseCheck);
+  m_check3->setChecked(c.Check3);
+}
+
+void AutoSolveTab::applyColours(const ColourScheme& scheme) {
+  paintBackground(this, scheme.statusBack);
+  paintBackground(m_frame, scheme.solutionsBack);
+}
+
+}  // namespace tessaly

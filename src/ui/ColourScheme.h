@@ -1,0 +1,88 @@
+#pragma once
+// The colour table of the window and the .sch files it comes from. Plain C++:
+// the window turns these values into widget colours.
+//
+// A scheme file holds (at least) 12 lines "red;green;blue"; line i is scheme
+// entry i. Entries 0 and 13 are never read from a file and stay black, so every
+// colour value taken from them is black once a scheme is applied.
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessaly {
+
+class Session;
+
+struct Rgb {
+  int red = 0, green = 0, blue = 0;
+  friend bool operator==(const Rgb&, const Rgb&) = default;
+};
+
+/// An RGB colour with each component kept to 0..255 (above 255 counts as 255).
+Rgb rgb(int red, int green, int blue);
+
+class ColourScheme {
+ public:
+  static constexpr int kEntries = 14;   ///< scheme entries 0..13
+  static constexpr int kFileLines = 12;  ///< a file fills entries 1..12
+  using Entries = std::array<Rgb, kEntries>;
+
+  /// The files of the colour menu `mnuColx`, entry 0 to 17.
+  static constexpr std::array<const char*, 18> kMenuFiles = {
+      "bandw.sch", "brick.sch",  "Default.sch", "dessert.sch", "egg.sch",    "lilac.sch",
+      "maple.sch", "marine.sch", "plum.sch",    "pumpkin.sch", "rain.sch",   "rose.sch",
+      "slate.sch", "spruce.sch", "storm.sch",   "teal.sch",    "wheat.sch",  "WinClass.sch"};
+
+  /// The default light and dark colours, used where no scheme value applies.
+  static constexpr Rgb kLight{250, 250, 250};
+  static constexpr Rgb kDark{10, 10, 10};
+
+  ColourScheme() { useDefaults(); }
+
+  /// Entries 1..12 from the text of a scheme file: each line split at ";", each
+  /// field read by its numeric value (missing or non-numeric fields read 0).
+  /// Nothing when the text has fewer than 12 lines.
+  static std::optional<Entries> parse(std::string_view text);
+
+  /// Reading a scheme by name: "" gives the defaults without a message. A file of
+  /// the application directory that reads gives its colours and becomes
+  /// ColourSchemeFile; one that does not shows "Color Scheme File: " + name +
+  /// " not found, defaults will be used", empties ColourSchemeFile and gives the
+  /// defaults. True when the scheme file was used.
+  bool load(Session& session, const std::string& name);
+
+  /// The program colour values of the defaults table.
+  void useDefaults();
+  /// The program colour values taken from scheme entries.
+  void useEntries(const Entries& entries);
+
+  /// True while the colours come from a scheme file.
+  bool fromFile() const { return m_fromFile; }
+  const Entries& entries() const { return m_entries; }
+
+  // --- the program colour values
+  Rgb candidateBack;  ///< candidate label of an ordinary cell; the grid frame too
+  Rgb candidateText;  ///< its text and the text of non-given value boxes
+  Rgb givenBack;      ///< value box and candidate label of a given; label of a single
+  Rgb givenText;
+  /// Display colours 5..14 (entries below 5 unused).
+  std::array<Rgb, 15> colour{};
+  Rgb highlightGreen;
+  Rgb highlightRed;
+
+  // --- frames painted directly by scheme entries 1, 6, 8, 10 and 12; the light
+  // colour while no scheme is applied
+  Rgb windowBack;          ///< entry 1: the main window
+  Rgb solutionsBack;       ///< entry 6: the solutions frame
+  Rgb puzzleFrameBack;     ///< entry 8: the puzzle frame `PuzNumber`
+  Rgb candidateFrameBack;  ///< entry 10: the candidate display "Choices for cells"
+  Rgb statusBack;          ///< entry 12: the tab pages and the status label
+
+ private:
+  Entries m_entries{};
+  bool m_fromFile = false;
+};
+
+}  // namespace tessaly

@@ -1,0 +1,227 @@
+#include "ui/CreatePage.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "create/Saving.h"
+#include "model/Interfaces.h"
+#include "model/Session.h"
+#include "ui/Form3.h"
+#include "ui/RightClickButton.h"
+
+namespace tessaly {
+
+namespace {
+
+constexpr const char* kOptionProperty = "distribution";
+constexpr const char* kDefaultBlanks = "45";
+constexpr const char* kDefaultBatch = "5";
+constexpr int kNumberBoxWidth = 60;
+
+const std::array<const char*, 4> kOptionCaptions = {"Mirror", "by Box", "Random", "Manual"};
+const std::array<const char*, 4> kOptionHints = {
+    "Blanks will be placed as mirror reflection across the diagonal",
+    "Same number of blanks will be placed in each of the 9 boxes",
+    "Blanks will be placed at random",
+    ""};
+
+QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+/// Resets the busy pointer however the command ends.
+class BusyPointer {
+ public:
+  explicit BusyPointer(UserInterface& ui) : m_ui(ui) { m_ui.setBusy(true); }
+  ~BusyPointer() { m_ui.setBusy(false); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  UserInterface& m_ui;
+};
+
+}  // namespace
+
+QString CreatePage::distributionHint(int option) {
+  return option >= 0 && option < int(kOptionHints.size()) ? QString(kOptionHints[std::size_t(option)]) : QString();
+}
+
+CreatePage::CreatePage(Session& session, UserInterface& ui, std::function<void()> onGridChanged, QWidget* parent)
+    : QWidget(parent), m_session(session), m_ui(ui), m_onGridChanged(std::move(onGridChanged)) {
+  setObjectName("CreatePage");
+
+  // The number of blanks.
+  auto* blanksLabel = new QLabel("Number of blanks", this);
+  m_totBlanks = new QLineEdit(kDefaultBlanks, this);
+  m_totBlanks->setObjectName("TotBlanks");
+  m_totBlanks->setFixedWidth(kNumberBoxWidth);
+  m_totBlanks->setToolTip(QString("From %1 to %2").arg(kMinBlanks).arg(kMaxBlanks));
+  blanksLabel->setBuddy(m_totBlanks);
+
+  // The distribution options.
+  m_distributionFrame = new QGroupBox("Distribution of Blank Cells", this);
+  m_distributionFrame->setObjectName("DistributionFrame");
+  auto* options = new QVBoxLayout(m_distributionFrame);
+  for (int i = 0; i < int(m_options.size()); ++i) {
+    auto* option = new QRadioButton(kOptionCaptions[std::size_t(i)], m_distributionFrame);
+    option->setObjectName(QString("Distribution_%1").arg(i));
+    option->setToolTip(distributionHint(i));
+    option->setProperty(kOptionProperty, i);
+    option->installEventFilter(this);
+    connect(option, &QRadioButton::toggled, this, [this, i](bool on) {
+      if (on) showHint(i);
+    });
+    options->addWidget(option);
+    m_options[std::size_t(i)] = option;
+  }
+  m_hint = new QLabel(m_distributionFrame);
+  m_hint->setObjectName("DistributionHint");
+  m_hint->setWordWrap(true);
+  options->addWidget(m_hint);
+
+  // The commands.
+  m_create = new QPushButton("Create", this);
+  m_create->setObjectName("CreateCommand");
+  m_create->setToolTip("Create a new puzzle with the number of blanks and the distribution chosen");
+  m_saveNew = new RightClickButton("Save new", this);
+  m_saveNew->setObjectName("SaveNewCommand");
+  m_saveNew->setToolTip("Add the puzzle shown to the current collection");
+  m_autoSave = new RightClickButton("Create and save", this);
+  m_autoSave->setObjectName("AutoSaveCommand");
+  m_autoSave->setToolTip("Create puzzles and add each one to the current collection");
+  auto* batchLabel = new QLabel("Number of puzzles", this);
+  m_numCreate = new QLineEdit(kDefaultBatch, this);
+  m_numCreate->setObjectName("NumCreate");
+  m_numCreate->setFixedWidth(kNumberBoxWidth);
+  batchLabel->setBuddy(m_numCreate);
+
+  auto* layout = new QGridLayout(this);
+  layout->addWidget(blanksLabel, 0, 0);
+  layout->addWidget(m_totBlanks, 0, 1);
+  layout->addWidget(m_distributionFrame, 1, 0, 1, 2);
+  layout->addWidget(m_create, 2, 0, 1, 2);
+  layout->addWidget(m_saveNew, 3, 0, 1, 2);
+  layout->addWidget(batchLabel, 4, 0);
+  layout->addWidget(m_numCreate, 4, 1);
+  layout->addWidget(m_autoSave, 5, 0, 1, 2);
+  layout->setRowStretch(6, 1);
+
+  connect(m_create, &QPushButton::clicked, this, &CreatePage::createCommand);
+  // Saving answers the release of a mouse button over the button.
+  connect(m_saveNew, &RightClickButton::released, this, [this](Qt::MouseButton) { saveNewCommand(); });
+  connect(m_autoSave, &RightClickButton::released, this, [this](Qt::MouseButton) { autoSaveCommand(); });
+
+  showSettings(CreateSettings{kDefaultBlanks, BlankDistribution::Mirror, std::nullopt});
+}
+
+CreateSettings CreatePage::settings() const {
+  CreateSettings settings;
+  settings.TotBlanks = m_totBlanks->text().toStdString();
+  settings.distribution = selectedDistribution();
+  return settings;
+}
+
+void CreatePage::showSettings(const CreateSettings& settings) {
+  m_totBlanks->setText(qt(settings.TotBlanks));
+  const int option = int(settings.distribution);
+  if (option >= 0 && option < int(m_options.size())) m_options[std::size_t(option)]->setChecked(true);
+  showHint(option);
+}
+
+BlankDistribution CreatePage::selectedDistribution() const {
+  for (int i = 0; i < int(m_options.size()); ++i)
+    if (m_options[std::size_t(i)]->isChecked()) return BlankDistribution(i);
+  return BlankDistribution::Mirror;
+}
+
+void CreatePage::setCommandsEnabled(bool enabled) {
+  m_create->setEnabled(enabled);
+  m_saveNew->setEnabled(enabled);
+  m_autoSave->setEnabled(enabled);
+}
+
+void CreatePage::showHint(int option) { m_hint->setText(distributionHint(option)); }
+
+bool CreatePage::eventFilter(QObject* watched, QEvent* event) {
+  const QVariant option = watched->property(kOptionProperty);
+  if (option.isValid()) {
+    // The hint follows the pointer over the options and returns to the
+    // selected one when the pointer leaves.
+    if (event->type() == QEvent::Enter) showHint(option.toInt());
+    if (event->type() == QEvent::Leave) showHint(int(selectedDistribution()));
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void CreatePage::run(std::function<void()> command) {
+  if (commandRunner)
+    commandRunner(std::move(command));
+  else
+    command();
+}
+
+CreateSettings CreatePage::settingsWithTemplate() {
+  CreateSettings settings = this->settings();
+  if (settings.distribution != BlankDistribution::Manual) return settings;
+  // The template is asked for only when the blank count will pass; a count out
+  // of range is refused by the command without a pattern.
+  const int wanted = requestedBlanks(settings.TotBlanks);
+  if (wanted < kMinBlanks || wanted > kMaxBlanks) return settings;
+  settings.manualTemplate = templateSource ? templateSource() : askBlankTemplate(m_ui, this);
+  return settings;
+}
+
+void CreatePage::createCommand() {
+  run([this] {
+    const CreateSettings settings = settingsWithTemplate();
+    CreateResult result;
+    {
+      BusyPointer busy(m_ui);
+      result = PuzzleCreator(m_session).createCommand(settings);
+    }
+    showSettings(result.settings);
+    if (m_onGridChanged) m_onGridChanged();
+  });
+}
+
+void CreatePage::saveNewCommand() {
+  run([this] {
+    tessaly::saveNewCommand(m_session);
+    if (m_onGridChanged) m_onGridChanged();
+  });
+}
+
+void CreatePage::autoSaveCommand() {
+  run([this] {
+    AutoSaveRequest request;
+    request.NumCreate = m_numCreate->text().toStdString();
+    request.create = settingsWithTemplate();
+    // The count goes down in front of the user while the batch runs, and the
+    // window keeps answering.
+    request.showNumCreate = [this](const std::string& text) {
+      m_numCreate->setText(qt(text));
+      QCoreApplication::processEvents();
+      // Each creation gives the normal pointer back when it ends.
+      m_ui.setBusy(true);
+    };
+    AutoSaveResult result;
+    {
+      // The page's commands wait while the batch lets events through.
+      setCommandsEnabled(false);
+      BusyPointer busy(m_ui);
+      result = tessaly::autoSaveCommand(m_session, request);
+    }
+    setCommandsEnabled(true);
+    showSettings(result.create);
+    if (m_onGridChanged) m_onGridChanged();
+  });
+}
+
+}  // namespace tessaly

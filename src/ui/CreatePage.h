@@ -1,0 +1,84 @@
+#pragma once
+// The controls of the Create tab: the number of blanks (`TotBlanks`), the
+// "Distribution of Blank Cells" options, Create, Save new, and the batch that
+// creates and saves `NumCreate` puzzles. The page reads its controls into the
+// core's CreateSettings, runs the core's commands and shows what they hand
+// back; the window redraws the grid through `onGridChanged`.
+
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "create/Creation.h"
+
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace tessaly {
+
+class RightClickButton;
+class Session;
+class UserInterface;
+
+class CreatePage : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `ui` tells the template dialog's refusals and shows the busy pointer;
+  /// `onGridChanged` asks the window to redraw after a command.
+  CreatePage(Session& session, UserInterface& ui, std::function<void()> onGridChanged, QWidget* parent = nullptr);
+
+  /// What the controls hold, as the Create command reads it (no template yet).
+  CreateSettings settings() const;
+  /// Shows `TotBlanks` and the selected option.
+  void showSettings(const CreateSettings& settings);
+
+  /// Runs each command, so that the window can put its own frame around it
+  /// (for instance ending a paused run first). Unset: the command runs at once.
+  std::function<void(std::function<void()>)> commandRunner;
+  /// Where the Manual option's template comes from; unset: the blank template
+  /// dialog (`Form3`) over this page.
+  std::function<std::optional<std::string>()> templateSource;
+
+  /// The hint text of option 0..3 ("" for Manual).
+  static QString distributionHint(int option);
+
+ public slots:
+  /// `CreateCommand`.
+  void createCommand();
+  /// `SaveNewCommand`.
+  void saveNewCommand();
+  /// `AutoSaveCommand`: creates and saves `NumCreate` puzzles.
+  void autoSaveCommand();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void run(std::function<void()> command);
+  /// The settings with the Manual option's template asked for, when it is needed.
+  CreateSettings settingsWithTemplate();
+  BlankDistribution selectedDistribution() const;
+  void showHint(int option);
+  void setCommandsEnabled(bool enabled);
+
+  Session& m_session;
+  UserInterface& m_ui;
+  std::function<void()> m_onGridChanged;
+
+  QLineEdit* m_totBlanks = nullptr;
+  QGroupBox* m_distributionFrame = nullptr;
+  std::array<QRadioButton*, 4> m_options{};
+  QLabel* m_hint = nullptr;
+  QPushButton* m_create = nullptr;
+  RightClickButton* m_saveNew = nullptr;
+  RightClickButton* m_autoSave = nullptr;
+  QLineEdit* m_numCreate = nullptr;
+};
+
+}  // namespace tessaly

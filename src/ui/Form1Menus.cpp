@@ -1,0 +1,138 @@
+// The menus of the main window: File, Options and Help.
+
+#include <QActionGroup>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPrinter>
+
+#include "model/Configuration.h"
+#include "output/SaveCommands.h"
+#include "output/TextExport.h"
+#include "ui/Form1.h"
+#include "ui/HelpWindow.h"
+#include "ui/ReportPrinter.h"
+
+#ifndef TESSALY_VERSION
+#define TESSALY_VERSION "0"
+#endif
+
+namespace tessaly {
+
+namespace {
+
+QAction* addEntry(QMenu* menu, const char* objectName, const QString& text) {
+  QAction* action = menu->addAction(text);
+  action->setObjectName(objectName);
+  return action;
+}
+
+}  // namespace
+
+void Form1::createMenus() {
+  createFileMenu();
+  createOptionsMenu();
+  createHelpMenu();
+}
+
+void Form1::createFileMenu() {
+  QMenu* menu = menuBar()->addMenu("&File");
+  menu->setObjectName("mnuFile");
+  // Every entry redraws afterwards: the commands may have changed what is shown.
+  const auto command = [this](const std::function<void()>& body) {
+    return [this, body] {
+      body();
+      refresh(false);
+    };
+  };
+  connect(addEntry(menu, "mnuOpen", "&Open..."), &QAction::triggered, this, [this] { openFile(); });
+  connect(addEntry(menu, "mnuSave2InFile", "Save this puzzle"), &QAction::triggered, this, [this] {
+    if (saveThisPuzzleCommand) runCommand(saveThisPuzzleCommand);
+  });
+  menu->addSeparator();
+  connect(addEntry(menu, "mnusavecsv", "Save as CSV..."), &QAction::triggered, this,
+          command([this] { saveAsCsv(m_session); }));
+  connect(addEntry(menu, "mnusavetxt", "Save as TXT..."), &QAction::triggered, this,
+          command([this] { saveAsTxt(m_session); }));
+  connect(addEntry(menu, "mnusavexls", "Save as XLS..."), &QAction::triggered, this,
+          command([this] { saveAsXls(m_session); }));
+  menu->addSeparator();
+  connect(addEntry(menu, "mnuPrPuz2File", "Print puzzle to file"), &QAction::triggered, this,
+          command([this] { printToTextFile(m_session, false); }));
+  connect(addEntry(menu, "mnuPrintEL2File", "Print puzzle and event log to file"), &QAction::triggered, this,
+          command([this] { printToTextFile(m_session, true); }));
+  connect(addEntry(menu, "mnuPrint", "Print puzzle..."), &QAction::triggered, this, [this] { printReport(false); });
+  connect(addEntry(menu, "mnuPrintEL", "Print puzzle and event log..."), &QAction::triggered, this,
+          [this] { printReport(true); });
+  menu->addSeparator();
+  QAction* exit = addEntry(menu, "mnuexit", "E&xit");
+  exit->setShortcut(QKeySequence::Quit);
+  connect(exit, &QAction::triggered, this, [this] { exitProgram(); });
+}
+
+void Form1::createOptionsMenu() {
+  QMenu* menu = menuBar()->addMenu("&Options");
+  menu->setObjectName("mnuOptions");
+  connect(addEntry(menu, "mnuRules", "Rule order..."), &QAction::triggered, this, [this] {
+    ruleOrderDialog(m_session);
+    refresh(false);
+  });
+  QMenu* schemes = menu->addMenu("Colour schemes");
+  schemes->setObjectName("mnuColx");
+  auto* group = new QActionGroup(schemes);
+  for (std::size_t i = 0; i < ColourScheme::kMenuFiles.size(); ++i) {
+    const QString file = ColourScheme::kMenuFiles[i];
+    QAction* action = schemes->addAction(QFileInfo(file).completeBaseName());
+    action->setObjectName(QString("mnuColx_%1").arg(i));
+    action->setToolTip(file);
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, i] { chooseColourScheme(int(i)); });
+    m_schemeActions[i] = action;
+  }
+}
+
+void Form1::createHelpMenu() {
+  QMenu* menu = menuBar()->addMenu("&Help");
+  menu->setObjectName("mnuHelp");
+  QAction* help = addEntry(menu, "mnuHelpContents", "Help");
+  help->setShortcut(QKeySequence::HelpContents);
+  connect(help, &QAction::triggered, this, [this] { showHelp(); });
+  connect(addEntry(menu, "mnuAbout", "About Tessaly"), &QAction::triggered, this, [this] { showAbout(); });
+}
+
+void Form1::printReport(bool includeLog) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName("Tessaly");
+  if (!m_choosePrinter || !m_choosePrinter(printer)) return;
+  const QString file = QFileInfo(QString::fromStdString(m_session.CurrentFile)).fileName();
+  const QString header = QString("Tessaly   %1   %2").arg(file, QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm"));
+  if (!ReportPrinter::print(printer, header, QString::fromStdString(reportText(m_session, includeLog))))
+    m_session.message("The report could not be printed");
+}
+
+void Form1::showHelp() {
+  const std::string path = m_session.appDir + HelpWindow::kHelpPage;
+  if (!m_help) m_help = new HelpWindow(this);
+  if (!m_help->showPage(QString::fromStdString(path))) {
+    m_session.message("Help file not found: " + path);
+    return;
+  }
+  m_help->show();
+  m_help->raise();
+}
+
+void Form1::showAbout() {
+  auto* box = new QMessageBox(QMessageBox::Information, "About Tessaly",
+                              QString("Tessaly %1\n\nSolves Sudoku puzzles step by step and explains each step; "
+                                      "creates new puzzles and helps you solve them by hand.")
+                                  .arg(TESSALY_VERSION),
+                              QMessageBox::Ok, this);
+  box->setObjectName("AboutBox");
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setModal(false);
+  box->show();
+}
+
+}  // namespace tessaly

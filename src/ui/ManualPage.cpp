@@ -1,0 +1,394 @@
+#include "ui/ManualPage.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <vector>
+
+#include "model/GridTables.h"
+#include "model/Session.h"
+#include "play/Explanation.h"
+#include "play/Hints.h"
+#include "play/ManualPlay.h"
+#include "ui/ColourScheme.h"
+#include "ui/WidgetColours.h"
+
+namespace tessaly {
+
+namespace {
+
+constexpr const char* kInstructions =
+    "Place values in the grid manually:\n"
+    "Left-click on a cell and enter a value, or\n"
+    "Double-click on a cell and select a value from dropdown list";
+constexpr std::array<const char*, 7> kHintCaptions = {"Rule 1", "Rule 2", "Rule 3", "Rule 4",
+                                                      "Rule 5", "Rule 6", "All rules"};
+/// The fixed red of a refused placement (basic colour 4 of the 16-colour palette).
+const QColor kRefusedRed(128, 0, 0);
+/// Lines of a column summary: nine digits, one a line.
+constexpr int kColumnLines = 9;
+
+QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+bool isCell(int cell) { return cell >= 1 && cell <= kCells; }
+
+/// Rewrites a list only when its lines changed, so a click on it keeps its place.
+void showLines(QListWidget* list, const std::vector<std::string>& lines) {
+  bool same = list->count() == int(lines.size());
+  for (int i = 0; same && i < list->count(); ++i) same = list->item(i)->text() == qt(lines[std::size_t(i)]);
+  if (same) return;
+  list->clear();
+  for (const std::string& line : lines) list->addItem(qt(line));
+}
+
+}  // namespace
+
+std::optional<ManualColours> manualPaintColours(ManualPaint paint, const ColourScheme& scheme) {
+  switch (paint) {
+    case ManualPaint::Selected: return ManualColours{qcolor(scheme.colour[12]), qcolor(scheme.colour[8])};
+    case ManualPaint::Refused: return ManualColours{kRefusedRed, qcolor(scheme.colour[8])};
+    case ManualPaint::BoxHighlight: return ManualColours{qcolor(scheme.colour[9]), QColor()};
+    case ManualPaint::Normal:
+    case ManualPaint::BoxNormal: break;
+  }
+  return std::nullopt;
+}
+
+// --- the core's drawing requests, turned into paints of the window
+
+class ManualPage::Painter : public ManualDisplay {
+ public:
+  explicit Painter(ManualPage& page) : m_page(page) {}
+  void paintSelected(int cell) override { m_page.paint(cell, ManualPaint::Selected); }
+  void paintNormal(int cell) override { m_page.paint(cell, ManualPaint::Normal); }
+  void paintRefused(int cell) override { m_page.paint(cell, ManualPaint::Refused); }
+  void highlightBox(int box) override {
+    for (int cell : areaCells(AreaKind::Box, box)) m_page.paint(cell, ManualPaint::BoxHighlight);
+  }
+  void unhighlightBox(int box) override {
+    for (int cell : areaCells(AreaKind::Box, box)) m_page.paint(cell, ManualPaint::BoxNormal);
+  }
+  void repaint() override { m_page.afterCommand(); }
+
+ private:
+  ManualPage& m_page;
+};
+
+ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void()> onGridChanged, QWidget* parent)
+    : QWidget(parent),
+      m_session(session),
+      m_paintCell(std::move(paintCell)),
+      m_onGridChanged(std::move(onGridChanged)),
+      m_painter(std::make_unique<Painter>(*this)),
+      m_play(std::make_unique<ManualPlay>(session, m_painter.get())) {
+  setObjectName("ManualPage");
+  m_paints.fill(ManualPaint::Normal);
+  // A puzzle read while the tab is current starts manual play afresh, and the
+  // page shows it.
+  m_session.onManualTabRead = [this] { prepare(); };
+
+  const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+
+  m_instructions = new QLabel(kInstructions, this);
+  m_instructions->setObjectName("ManualInstructions");
+
+  auto* choiceCaption = new QLabel("Choices for the selected cell:", this);
+  m_cellChoice = new QLabel(this);
+  m_cellChoice->setObjectName("CellChoice");
+  m_cellChoice->setFont(fixed);
+  m_cellChoice->setMinimumWidth(QFontMetrics(fixed).horizontalAdvance("123456789") + 8);
+  m_cellChoice->setFrameShape(QFrame::Panel);
+  m_cellChoice->setFrameShadow(QFrame::Sunken);
+
+  // The row summaries stand one a line; the column summaries are narrow, so
+  // that their digits (each followed by two blanks) wrap one a line under the
+  // column number.
+  auto* rowFrame = new QGroupBox("Possible in rows", this);
+  rowFrame->setObjectName("PossibleInRowFrame");
+  auto* rowLayout = new QGridLayout(rowFrame);
+  auto* colFrame = new QGroupBox("Possible in columns", this);
+  colFrame->setObjectName("PossibleInColFrame");
+  auto* colLayout = new QGridLayout(colFrame);
+  const QFontMetrics metrics(fixed);
+  for (int n = 1; n <= 9; ++n) {
+    auto* rowNumber = new QLabel(QString::number(n), rowFrame);
+    auto* row = new QLabel(rowFrame);
+    row->setObjectName(QString("PossibleInRow_%1").arg(n));
+    row->setFont(fixed);
+    row->setMinimumWidth(metrics.horizontalAdvance("123456789"));
+    rowLayout->addWidget(rowNumber, n - 1, 0);
+    rowLayout->addWidget(row, n - 1, 1);
+    m_rows[std::size_t(n - 1)] = row;
+
+    auto* colNumber = new QLabel(QString::number(n), colFrame);
+    colNumber->setAlignment(Qt::AlignHCenter);
+    auto* col = new QLabel(colFrame);
+    col->setObjectName(QString("PossibleInCol_%1").arg(n));
+    col->setFont(fixed);
+    col->setWordWrap(true);
+    col->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    col->setFixedWidth(metrics.horizontalAdvance("00"));
+    col->setMinimumHeight(metrics.lineSpacing() * kColumnLines);
+    colLayout->addWidget(colNumber, 0, n - 1);
+    colLayout->addWidget(col, 1, n - 1);
+    m_cols[std::size_t(n - 1)] = col;
+  }
+
+  m_log = new QListWidget(this);
+  m_log->setObjectName("LogManual");
+  m_log->setFont(fixed);
+  m_log->setToolTip("Click a placement to select its cell");
+  m_undo = new QPushButton("Undo", this);
+  m_undo->setObjectName("UndoManual");
+  m_undo->setToolTip("Take the last placement back");
+  m_clear = new QPushButton("Clear", this);
+  m_clear->setObjectName("ClearManual");
+  m_clear->setToolTip("Discard all placements and start the puzzle again");
+
+  auto* hintFrame = new QGroupBox("Hints", this);
+  hintFrame->setObjectName("HintFrame");
+  auto* hintButtons = new QGridLayout;
+  for (int k = 0; k < int(m_hintButtons.size()); ++k) {
+    auto* button = new QPushButton(kHintCaptions[std::size_t(k)], hintFrame);
+    button->setObjectName(QString("GetHint_%1").arg(k));
+    button->setToolTip(k == kAllRulesHint ? "What Rules 1 to 6 deduce from the grid as it stands"
+                                          : QString("What Rule %1 deduces from the grid as it stands").arg(k + 1));
+    hintButtons->addWidget(button, k / 4, k % 4);
+    connect(button, &QPushButton::clicked, this, [this, k] {
+      run([this, k] { runRuleHint(m_session, k, m_play.get()); });
+      m_hints->scrollToTop();
+    });
+    m_hintButtons[std::size_t(k)] = button;
+  }
+  m_cellHint = new QPushButton("Cell hint", hintFrame);
+  m_cellHint->setObjectName("CellHint");
+  m_cellHint->setToolTip("Select the cell with the fewest choices");
+  hintButtons->addWidget(m_cellHint, 1, 3);
+  m_hints = new QListWidget(hintFrame);
+  m_hints->setObjectName("Hints");
+  m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
+  m_hints->viewport()->installEventFilter(this);
+  auto* hintLayout = new QVBoxLayout(hintFrame);
+  hintLayout->addLayout(hintButtons);
+  hintLayout->addWidget(m_hints, 1);
+
+  m_pointer = new QLabel(this);
+  m_pointer->setObjectName("PointerReadout");
+  m_explanation = new QListWidget(this);
+  m_explanation->setObjectName("Explanation");
+  m_explanation->setToolTip("Click a cell's choices to see how they were found");
+
+  m_choices = new QMenu(this);
+  m_choices->setObjectName("mnuChoices");
+  for (int d = 1; d <= 9; ++d) {
+    QAction* item = m_choices->addAction(QString::number(d));
+    item->setObjectName(QString("xc_%1").arg(d));
+    connect(item, &QAction::triggered, this, [this, d] { run([this, d] { m_play->chooseDropDown(d); }); });
+    m_choiceItems[std::size_t(d - 1)] = item;
+  }
+
+  // Left: placing by hand. Right: hints and explanations.
+  auto* choiceLine = new QHBoxLayout;
+  choiceLine->addWidget(choiceCaption);
+  choiceLine->addWidget(m_cellChoice);
+  choiceLine->addStretch();
+  auto* summaries = new QHBoxLayout;
+  summaries->addWidget(rowFrame);
+  summaries->addWidget(colFrame);
+  auto* logButtons = new QHBoxLayout;
+  logButtons->addWidget(m_undo);
+  logButtons->addWidget(m_clear);
+  auto* left = new QVBoxLayout;
+  left->addWidget(m_instructions);
+  left->addLayout(choiceLine);
+  left->addLayout(summaries);
+  left->addWidget(m_log, 1);
+  left->addLayout(logButtons);
+  auto* right = new QVBoxLayout;
+  right->addWidget(hintFrame, 2);
+  right->addWidget(m_pointer);
+  right->addWidget(m_explanation, 1);
+  auto* layout = new QHBoxLayout(this);
+  layout->addLayout(left);
+  layout->addLayout(right, 1);
+
+  connect(m_log, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    const int index = m_log->row(item);
+    m_play->moveListClicked(index);
+    afterCommand();
+  });
+  connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_play->undo(); }); });
+  connect(m_clear, &QPushButton::clicked, this, [this] { run([this] { m_play->clearManual(); }); });
+  connect(m_cellHint, &QPushButton::clicked, this, [this] {
+    endExplanationHighlight();
+    run([this] { cellHint(m_session, m_play.get()); });
+  });
+
+  refreshFromSession();
+}
+
+ManualPage::~ManualPage() {
+  // The manual-play state goes first: it unhooks itself from the session and
+  // may still draw through the painter.
+  m_play.reset();
+}
+
+int ManualPage::manualKeyCode(int key, Qt::KeyboardModifiers modifiers) {
+  if (key == Qt::Key_Delete) return ManualPlay::kDeleteKey;
+  // The numeric pad sends the same keys with the keypad modifier; only the
+  // digits of the main keyboard count.
+  if (key >= Qt::Key_1 && key <= Qt::Key_9 && !(modifiers & Qt::KeypadModifier))
+    return ManualPlay::kDigitKey1 + (key - Qt::Key_1);
+  return 0;
+}
+
+void ManualPage::paint(int cell, ManualPaint paint) {
+  if (!isCell(cell)) return;
+  m_paints[std::size_t(cell - 1)] = paint;
+  if (m_paintCell) m_paintCell(cell, paint);
+}
+
+void ManualPage::run(std::function<void()> command) {
+  auto whole = [this, command = std::move(command)] {
+    command();
+    afterCommand();
+  };
+  if (commandRunner)
+    commandRunner(std::move(whole));
+  else
+    whole();
+}
+
+void ManualPage::afterCommand() {
+  refreshFromSession();
+  if (m_onGridChanged) m_onGridChanged();
+}
+
+void ManualPage::prepare() {
+  endExplanationHighlight();
+  m_play->prepare();
+  m_explanation->clear();
+  m_pointer->clear();
+  refreshFromSession();
+}
+
+void ManualPage::refreshFromSession() {
+  const ManualPlay& play = *m_play;
+  m_cellChoice->setText(qt(play.CellChoice));
+  for (std::size_t i = 0; i < m_rows.size(); ++i) {
+    m_rows[i]->setText(qt(play.PossibleInRow[i]));
+    m_cols[i]->setText(qt(play.PossibleInCol[i]));
+  }
+  const int logCount = m_log->count();
+  showLines(m_log, play.LogManual);
+  if (m_log->count() > logCount) m_log->scrollToBottom();
+  showLines(m_hints, m_session.Hints);
+}
+
+void ManualPage::endExplanationHighlight() {
+  if (!m_explainedBox) return;
+  const int box = m_explainedBox;
+  m_explainedBox = 0;
+  m_play->unhighlightBox(box);
+  // The selected cell keeps its colours when the box around it goes back.
+  const int selected = m_play->highlightedCell;
+  if (isCell(selected) && CellBox[selected] == box) paint(selected, ManualPaint::Selected);
+}
+
+// --- the grid's events
+
+void ManualPage::onCellClicked(int cell) {
+  if (!m_play->active() || !isCell(cell)) return;
+  endExplanationHighlight();
+  m_play->selectCell(cell);
+  afterCommand();
+}
+
+void ManualPage::onCellDoubleClicked(int cell, QPoint globalPos) {
+  if (!m_play->active() || !isCell(cell)) return;
+  endExplanationHighlight();
+  const std::vector<int> digits = m_play->dropDownDigits(cell);
+  afterCommand();
+  for (int d = 1; d <= 9; ++d)
+    m_choiceItems[std::size_t(d - 1)]->setVisible(std::find(digits.begin(), digits.end(), d) != digits.end());
+  // A given offers nothing to choose.
+  if (!digits.empty()) m_choices->popup(globalPos);
+}
+
+void ManualPage::onKeyReleased(int key, Qt::KeyboardModifiers modifiers) {
+  if (!m_play->active()) return;
+  switch (key) {
+    case Qt::Key_Left: moveSelection(0, -1); return;
+    case Qt::Key_Right: moveSelection(0, 1); return;
+    case Qt::Key_Up: moveSelection(-1, 0); return;
+    case Qt::Key_Down: moveSelection(1, 0); return;
+    default: break;
+  }
+  const int code = manualKeyCode(key, modifiers);
+  if (!code) return;
+  run([this, code] { m_play->keyReleased(code); });
+}
+
+void ManualPage::moveSelection(int rowStep, int colStep) {
+  const int from = m_play->selectedCell;
+  int cell = 1;
+  if (isCell(from)) {
+    const int row = std::clamp(CellRow[from] + rowStep, 1, GridSize);
+    const int col = std::clamp(CellCol[from] + colStep, 1, GridSize);
+    cell = CellNumber[row][col];
+  }
+  onCellClicked(cell);
+}
+
+void ManualPage::onCandidateHovered(int cell) {
+  if (!isCell(cell)) return;
+  m_pointer->setText(qt(candidateReadout(m_session, cell)));
+}
+
+void ManualPage::onCandidateClicked(int cell) {
+  if (!isCell(cell)) return;
+  endExplanationHighlight();
+  const CandidateExplanation explanation = explainCandidates(m_session, cell);
+  m_explanation->clear();
+  for (const std::string& line : explanation.lines) m_explanation->addItem(qt(line));
+  // The areas the explanation refers to: the cell's box stands out until the
+  // next explanation or the next click on the grid.
+  if (explanation.box) {
+    m_play->highlightBox(explanation.box);
+    m_explainedBox = explanation.box;
+  }
+  if (m_onGridChanged) m_onGridChanged();
+}
+
+void ManualPage::onBoxFrameClicked(int box) {
+  if (box < 1 || box > 9) return;
+  m_pointer->setText(qt(boxReadout(box)));
+}
+
+bool ManualPage::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_hints->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const QModelIndex index = m_hints->indexAt(mouse->position().toPoint());
+    if (index.isValid()) hintClicked(index.row(), mouse->button());
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void ManualPage::hintClicked(int row, Qt::MouseButton button) {
+  if (button != Qt::LeftButton && button != Qt::RightButton) return;
+  endExplanationHighlight();
+  run([this, row, button] { hintLineClicked(m_session, *m_play, row, button == Qt::RightButton); });
+}
+
+}  // namespace tessaly

@@ -1,0 +1,136 @@
+#pragma once
+// The controls of the ManualSolve tab: the instructions, the choices of the
+// selected cell (`CellChoice`), the row and column summaries (`PossibleInRow`,
+// `PossibleInCol`), the move list (`LogManual`) with Undo and Clear, the rule
+// hints (`GetHint`, `Hints`), the cell hint (`CellHint`), the pointer read-out
+// and the explanation of a cell's choices.
+//
+// The page owns the manual-play state and draws it; every decision is the
+// core's. The window connects its grid to the public slots, paints the cells
+// the page asks for through `PaintCell` and redraws on `onGridChanged`.
+
+#include <QColor>
+#include <QPoint>
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QAction;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QPushButton;
+
+namespace tessaly {
+
+class ColourScheme;
+class ManualPlay;
+class Session;
+
+/// How manual play asks the window to draw a cell's value box.
+enum class ManualPaint {
+  Normal,        ///< its ordinary colours (the given colours for a given)
+  Selected,      ///< the selected-cell back and fore colours
+  Refused,       ///< red: a refused placement would leave this cell without choices
+  BoxHighlight,  ///< one of the nine cells of a highlighted box
+  BoxNormal,     ///< a cell of a box whose highlight ended: ordinary colours again
+};
+
+/// The colours of a manual paint: the selected-cell pair (scheme colours 12
+/// and 8), the box highlight (scheme colour 9 behind the ordinary text) and the
+/// fixed red of a refused placement. Normal and BoxNormal give nothing: the
+/// cell takes its ordinary colours.
+struct ManualColours {
+  QColor back;
+  QColor text;  ///< invalid: keep the ordinary text colour
+};
+std::optional<ManualColours> manualPaintColours(ManualPaint paint, const ColourScheme& scheme);
+
+class ManualPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  using PaintCell = std::function<void(int cell, ManualPaint paint)>;
+
+  /// `paintCell` draws one value box as asked; `onGridChanged` redraws the
+  /// window from the session (values, candidates, title, log).
+  ManualPage(Session& session, PaintCell paintCell, std::function<void()> onGridChanged, QWidget* parent = nullptr);
+  ~ManualPage() override;
+
+  ManualPlay& play() { return *m_play; }
+  /// The last paint asked for a cell 1..81.
+  ManualPaint paintOf(int cell) const { return m_paints.at(std::size_t(cell - 1)); }
+  /// The drop-down of a cell's choices (`mnuChoices`, items `xc` 1..9).
+  QMenu* choicesMenu() const { return m_choices; }
+
+  /// Starts manual play afresh: the tab became current, or a puzzle was read
+  /// while it is current (the session calls this itself then).
+  void prepare();
+  /// Redraws the page's controls from the manual-play state and the session.
+  void refreshFromSession();
+
+  /// Runs each command that changes the grid, so that the window can put its
+  /// own frame around it (for instance ending a paused run first). Unset: the
+  /// command runs at once.
+  std::function<void(std::function<void()>)> commandRunner;
+
+  /// The key code the core expects for a Qt key: 46 for Delete, 49..57 for
+  /// the digits 1..9 of the main keyboard (not the numeric pad), else 0.
+  static int manualKeyCode(int key, Qt::KeyboardModifiers modifiers);
+
+ public slots:
+  /// A click on value box `cell` 1..81.
+  void onCellClicked(int cell);
+  /// A double-click on value box `cell`: the drop-down of its choices pops up
+  /// at `globalPos`.
+  void onCellDoubleClicked(int cell, QPoint globalPos);
+  /// A key released on the form: Delete, the digits 1..9, and the arrow keys,
+  /// which move the selection to the neighbouring cell.
+  void onKeyReleased(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  /// The pointer is over candidate label `cell`.
+  void onCandidateHovered(int cell);
+  /// A click on candidate label `cell`: explains its choices.
+  void onCandidateClicked(int cell);
+  /// A click on the frame of box 1..9.
+  void onBoxFrameClicked(int box);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class Painter;
+
+  void paint(int cell, ManualPaint paint);
+  void run(std::function<void()> command);
+  void afterCommand();
+  void moveSelection(int rowStep, int colStep);
+  void endExplanationHighlight();
+  void hintClicked(int row, Qt::MouseButton button);
+
+  Session& m_session;
+  PaintCell m_paintCell;
+  std::function<void()> m_onGridChanged;
+  std::unique_ptr<Painter> m_painter;
+  std::unique_ptr<ManualPlay> m_play;
+  std::array<ManualPaint, 81> m_paints{};
+  int m_explainedBox = 0;  ///< the box highlighted by the explanation, 0 when none
+
+  QLabel* m_instructions = nullptr;
+  QLabel* m_cellChoice = nullptr;
+  std::array<QLabel*, 9> m_rows{};
+  std::array<QLabel*, 9> m_cols{};
+  QListWidget* m_log = nullptr;
+  QPushButton* m_undo = nullptr;
+  QPushButton* m_clear = nullptr;
+  std::array<QPushButton*, 7> m_hintButtons{};
+  QPushButton* m_cellHint = nullptr;
+  QListWidget* m_hints = nullptr;
+  QLabel* m_pointer = nullptr;
+  QListWidget* m_explanation = nullptr;
+  QMenu* m_choices = nullptr;
+  std::array<QAction*, 9> m_choiceItems{};
+};
+
+}  // namespace tessaly

@@ -1,0 +1,108 @@
+#include "ui/PuzzleFrame.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "model/Session.h"
+#include "model/Text.h"
+#include "solver/ReadPuzzle.h"
+#include "ui/ColourScheme.h"
+#include "ui/CommandHost.h"
+#include "ui/RightClickButton.h"
+#include "ui/WidgetColours.h"
+
+namespace tessaly {
+
+namespace {
+constexpr int kNumberBoxWidth = 60;
+}
+
+PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
+    : QGroupBox(parent), m_session(session), m_host(host) {
+  setObjectName("PuzNumber");
+  auto* layout = new QGridLayout(this);
+
+  m_file = new QLineEdit(this);
+  m_file->setObjectName("FileNow");
+  m_file->setReadOnly(true);
+  layout->addWidget(new QLabel("File", this), 0, 0);
+  layout->addWidget(m_file, 0, 1, 1, 4);
+
+  m_number = new QLineEdit(this);
+  m_number->setObjectName("PuzNumNow");
+  m_number->setFixedWidth(kNumberBoxWidth);
+  m_number->setToolTip("Type a puzzle number and press Enter");
+  m_number->installEventFilter(this);
+  layout->addWidget(new QLabel("Puzzle", this), 1, 0);
+  layout->addWidget(m_number, 1, 1);
+
+  const std::array<const char*, 3> captions = {"Previous", "Next", "Random"};
+  const std::array<const char*, 3> hints = {"Left button: the previous puzzle. Right button: the first puzzle",
+                                            "Left button: the next puzzle. Right button: the last puzzle",
+                                            "A puzzle chosen at random"};
+  for (int i = 0; i < 3; ++i) {
+    auto* button = new RightClickButton(captions[std::size_t(i)], this);
+    button->setObjectName(QString("NavButton_%1").arg(i));
+    button->setToolTip(hints[std::size_t(i)]);
+    layout->addWidget(button, 1, 2 + i);
+    connect(button, &RightClickButton::released, this,
+            [this, i](Qt::MouseButton mouseButton) { navigate(static_cast<NavButton>(i), mouseButton); });
+    m_buttons[std::size_t(i)] = button;
+  }
+  connect(m_number, &QLineEdit::textEdited, this,
+          [this](const QString& text) { m_session.PuzNumNow = m_shownNumber = text.toStdString(); });
+}
+
+void PuzzleFrame::navigate(NavButton button, Qt::MouseButton mouseButton) {
+  m_host.runCommand([this, button, mouseButton] {
+    Session& s = m_session;
+    const double uniform = button == NavButton::Random ? s.random().uniform() : 0.0;
+    const int target = navigationTarget(button, mouseButton == Qt::RightButton, int(numericValue(s.PuzNumNow)),
+                                        s.TotalPuzzles, uniform);
+    if (target <= 0) return;
+    s.PuzNumNow = std::to_string(target);
+    s.CurrentPuzzleNumber = target;
+    readPuzzle(s, s.CurrentFile, target);
+  });
+}
+
+void PuzzleFrame::readTypedNumber() {
+  m_host.runCommand([this] {
+    Session& s = m_session;
+    if (const auto n = typedPuzzleNumber(s.PuzNumNow, s.TotalPuzzles)) {
+      s.CurrentPuzzleNumber = *n;
+      readPuzzle(s, s.CurrentFile, *n);
+    }
+  });
+}
+
+bool PuzzleFrame::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_number && event->type() == QEvent::KeyRelease) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!key->isAutoRepeat() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+      readTypedNumber();
+      return true;
+    }
+  }
+  return QGroupBox::eventFilter(watched, event);
+}
+
+void PuzzleFrame::refreshFromSession() {
+  setTitle(QString::fromStdString(m_session.PuzzleTitle));
+  const QString file = QString::fromStdString(m_session.CurrentFile);
+  if (m_file->text() != file) {
+    m_file->setText(file);
+    m_file->setToolTip(file);
+    m_file->setCursorPosition(int(file.size()));
+  }
+  if (m_session.PuzNumNow != m_shownNumber) {
+    m_shownNumber = m_session.PuzNumNow;
+    m_number->setText(QString::fromStdString(m_shownNumber));
+  }
+}
+
+void PuzzleFrame::applyColours(const ColourScheme& scheme) { paintBackground(this, scheme.puzzleFrameBack); }
+
+}  // namespace tessaly

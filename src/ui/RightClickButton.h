@@ -1,0 +1,27 @@
+#pragma once
+// A push button that answers the left and the right mouse button, each when
+// the button is released over it. The keyboard (space) counts as the left one.
+
+#include <QPushButton>
+
+namespace tessaly {
+
+class RightClickButton : public QPushButton {
+  Q_OBJECT
+
+ public:
+  explicit RightClickButton(const QString& text, QWidget* parent = nullptr);
+
+ signals:
+  /// A press and release of the left or right button over the enabled button.
+  void released(Qt::MouseButton button);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  bool m_rightDown = false;
+};
+
+}  // namespace tessaly

@@ -1,0 +1,39 @@
+#pragma once
+// One page of the mode tab strip `ctlTabs`. The window shows the page of the
+// selected tab and tells it about redraws, colours and clicks on the grid; what
+// a page does with them is its own business.
+
+#include <QWidget>
+
+namespace tessaly {
+
+class ColourScheme;
+class CommandHost;
+class Session;
+
+class TabPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  TabPage(Session& session, CommandHost& host, QWidget* parent = nullptr)
+      : QWidget(parent), m_session(session), m_host(host) {}
+
+  /// Redraws the page's controls from the session.
+  virtual void refreshFromSession() {}
+  /// Repaints the page in the scheme's colours.
+  virtual void applyColours(const ColourScheme&) {}
+  /// The page's tab was selected.
+  virtual void pageShown() {}
+
+  // Clicks and keys on the grid while the page is shown.
+  virtual void valueBoxClicked(int /*cell*/, Qt::MouseButton) {}
+  virtual void valueBoxDoubleClicked(int /*cell*/) {}
+  virtual void valueBoxKeyPressed(int /*cell*/, int /*key*/) {}
+  virtual void candidateLabelClicked(int /*cell*/, Qt::MouseButton) {}
+
+ protected:
+  Session& m_session;
+  CommandHost& m_host;
+};
+
+}  // namespace tessaly

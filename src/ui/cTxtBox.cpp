@@ -1,0 +1,238 @@
+#include "ui/cTxtBox.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <array>
+
+#include "model/EventLog.h"
+#include "model/Text.h"
+
+namespace tessaly {
+
+namespace {
+
+constexpr int kMargin = 4;  ///< pixels left of the text
+constexpr int kStylePrefix = 2;
+
+}  // namespace
+
+cTxtBox::cTxtBox(const EventLog& log, QWidget* parent) : QAbstractScrollArea(parent), m_log(log) {
+  setObjectName("EventLogx");
+  setFont(QFont("Arial", 10));
+  setFocusPolicy(Qt::StrongFocus);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  QPalette colours = viewport()->palette();
+  colours.setColor(QPalette::Base, Qt::white);
+  viewport()->setPalette(colours);
+  viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->setAutoFillBackground(true);
+  verticalScrollBar()->setSingleStep(1);
+  measureFont();
+}
+
+void cTxtBox::measureFont() {
+  const QFontMetrics metrics = fontMetrics();
+  for (std::size_t c = 0; c < m_asciiAdvance.size(); ++c) m_asciiAdvance[c] = metrics.horizontalAdvance(QChar(int(c)));
+}
+
+int cTxtBox::advance(QChar ch) const {
+  return ch.unicode() < m_asciiAdvance.size() ? m_asciiAdvance[ch.unicode()] : fontMetrics().horizontalAdvance(ch);
+}
+
+QColor cTxtBox::styleColour(int style) {
+  static const std::array<QColor, 16> kPalette = {
+      QColor(0, 0, 0),       QColor(0, 0, 128),     QColor(0, 128, 0),     QColor(0, 128, 128),
+      QColor(128, 0, 0),     QColor(128, 0, 128),   QColor(128, 128, 0),   QColor(192, 192, 192),
+      QColor(128, 128, 128), QColor(0, 0, 255),     QColor(0, 255, 0),     QColor(0, 255, 255),
+      QColor(255, 0, 0),     QColor(255, 0, 255),   QColor(255, 255, 0),   QColor(255, 255, 255)};
+  return style >= 0 && style < int(kPalette.size()) ? kPalette[std::size_t(style)] : kPalette[0];
+}
+
+void cTxtBox::syncWithLog(bool verify) {
+  const int total = m_log.TotalLines();
+  const int known = TotalLines();
+  bool restart = total < known;
+  if (!restart && known > 0) restart = m_lines.back().raw != m_log.line(known);
+  for (int n = 1; verify && !restart && n < known; ++n) restart = m_lines[std::size_t(n - 1)].raw != m_log.line(n);
+  if (restart) clearView();
+  if (!restart && total == known) return;
+  for (int n = TotalLines() + 1; n <= total; ++n) appendLine(m_log.line(n));
+  updateScrollRange(true);
+  viewport()->update();
+}
+
+void cTxtBox::clearView() {
+  m_lines.clear();
+  m_rows.clear();
+  m_selectionAnchor = m_selectionEnd = -1;
+}
+
+void cTxtBox::appendLine(const std::string& raw) {
+  Line line;
+  line.raw = raw;
+  line.style = int(numericValue(std::string_view(raw).substr(0, kStylePrefix)));
+  line.text = raw.size() > kStylePrefix ? QString::fromStdString(raw.substr(kStylePrefix)) : QString();
+  m_lines.push_back(std::move(line));
+  wrapLine(int(m_lines.size()) - 1);
+}
+
+int cTxtBox::wrapWidth() const { return std::max(1, viewport()->width() - 2 * kMargin); }
+
+int cTxtBox::rowHeight() const { return std::max(1, fontMetrics().lineSpacing()); }
+
+void cTxtBox::wrapLine(int index) {
+  const QString& text = m_lines[std::size_t(index)].text;
+  const int width = m_wrapWidth > 0 ? m_wrapWidth : wrapWidth();
+  // Greedy word wrap: break after the last blank that fits, or inside a word
+  // that is wider than the whole row. Most lines fit in one row.
+  int start = 0;
+  const int length = int(text.size());
+  if (length == 0) m_rows.push_back(Row{index, 0, 0});
+  while (start < length) {
+    int end = start, lastBreak = -1, used = 0;
+    for (int i = start; i < length; ++i) {
+      used += advance(text[i]);
+      if (used > width && i > start) break;
+      end = i + 1;
+      if (text[i] == ' ') lastBreak = i + 1;
+    }
+    if (end < length && lastBreak > start) end = lastBreak;
+    m_rows.push_back(Row{index, start, end - start});
+    start = end;
+  }
+}
+
+void cTxtBox::rewrap() {
+  m_wrapWidth = wrapWidth();
+  m_rows.clear();
+  for (int i = 0; i < int(m_lines.size()); ++i) wrapLine(i);
+}
+
+int cTxtBox::LinesPerPage() const { return std::max(1, viewport()->height() / rowHeight()); }
+
+void cTxtBox::updateScrollRange(bool toBottom) {
+  QScrollBar* bar = verticalScrollBar();
+  const bool atBottom = bar->value() >= bar->maximum();
+  bar->setPageStep(LinesPerPage());
+  bar->setRange(0, std::max(0, int(m_rows.size()) - LinesPerPage()));
+  if (toBottom || atBottom) bar->setValue(bar->maximum());
+}
+
+int cTxtBox::firstVisibleLine() const {
+  const int row = verticalScrollBar()->value();
+  return row < int(m_rows.size()) ? m_rows[std::size_t(row)].line + 1 : 0;
+}
+
+int cTxtBox::lastVisibleLine() const {
+  if (m_rows.empty()) return 0;
+  const int row = std::min(int(m_rows.size()), verticalScrollBar()->value() + LinesPerPage()) - 1;
+  return m_rows[std::size_t(row)].line + 1;
+}
+
+int cTxtBox::lineAt(const QPoint& point) const {
+  if (m_rows.empty()) return -1;
+  const int row = std::clamp(verticalScrollBar()->value() + point.y() / rowHeight(), 0, int(m_rows.size()) - 1);
+  return m_rows[std::size_t(row)].line;
+}
+
+void cTxtBox::paintEvent(QPaintEvent*) {
+  QPainter painter(viewport());
+  const QFontMetrics metrics = fontMetrics();
+  const int height = rowHeight();
+  const int first = std::min(m_selectionAnchor, m_selectionEnd);
+  const int last = std::max(m_selectionAnchor, m_selectionEnd);
+  int y = 0;
+  for (int r = verticalScrollBar()->value(); r < int(m_rows.size()) && y < viewport()->height(); ++r, y += height) {
+    const Row& row = m_rows[std::size_t(r)];
+    const Line& line = m_lines[std::size_t(row.line)];
+    const bool selected = first >= 0 && row.line >= first && row.line <= last;
+    if (selected) {
+      painter.fillRect(0, y, viewport()->width(), height, palette().color(QPalette::Highlight));
+      painter.setPen(palette().color(QPalette::HighlightedText));
+    } else {
+      painter.setPen(styleColour(line.style));
+    }
+    painter.drawText(kMargin, y + metrics.ascent(), line.text.mid(row.start, row.length));
+  }
+}
+
+void cTxtBox::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  if (wrapWidth() != m_wrapWidth) rewrap();
+  updateScrollRange(false);
+}
+
+void cTxtBox::changeEvent(QEvent* event) {
+  QAbstractScrollArea::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    measureFont();
+    rewrap();
+    updateScrollRange(false);
+  }
+}
+
+void cTxtBox::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
+  const int line = lineAt(event->position().toPoint());
+  if (!(event->modifiers() & Qt::ShiftModifier) || m_selectionAnchor < 0) m_selectionAnchor = line;
+  m_selectionEnd = line;
+  viewport()->update();
+}
+
+void cTxtBox::mouseMoveEvent(QMouseEvent* event) {
+  if (!(event->buttons() & Qt::LeftButton) || m_selectionAnchor < 0) return;
+  m_selectionEnd = lineAt(event->position().toPoint());
+  viewport()->update();
+}
+
+QString cTxtBox::selectedText() const {
+  if (m_selectionAnchor < 0 || m_lines.empty()) return QString();
+  const int first = std::max(0, std::min(m_selectionAnchor, m_selectionEnd));
+  const int last = std::min(int(m_lines.size()) - 1, std::max(m_selectionAnchor, m_selectionEnd));
+  QStringList texts;
+  for (int i = first; i <= last; ++i) texts << m_lines[std::size_t(i)].text;
+  return texts.join('\n');
+}
+
+void cTxtBox::selectAll() {
+  if (m_lines.empty()) return;
+  m_selectionAnchor = 0;
+  m_selectionEnd = int(m_lines.size()) - 1;
+  viewport()->update();
+}
+
+void cTxtBox::copy() {
+  if (m_selectionAnchor < 0) selectAll();
+  QApplication::clipboard()->setText(selectedText());
+}
+
+void cTxtBox::keyPressEvent(QKeyEvent* event) {
+  QScrollBar* bar = verticalScrollBar();
+  if (event->matches(QKeySequence::Copy)) return copy();
+  if (event->matches(QKeySequence::SelectAll)) return selectAll();
+  switch (event->key()) {
+    case Qt::Key_Up: return bar->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    case Qt::Key_Down: return bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    case Qt::Key_PageUp: return bar->triggerAction(QAbstractSlider::SliderPageStepSub);
+    case Qt::Key_PageDown: return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    case Qt::Key_Home: return bar->triggerAction(QAbstractSlider::SliderToMinimum);
+    case Qt::Key_End: return bar->triggerAction(QAbstractSlider::SliderToMaximum);
+    default: QAbstractScrollArea::keyPressEvent(event);
+  }
+}
+
+void cTxtBox::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  menu.addAction(tr("Copy"), this, &cTxtBox::copy);
+  menu.addAction(tr("Select All"), this, &cTxtBox::selectAll);
+  menu.exec(event->globalPos());
+}
+
+}  // namespace tessaly

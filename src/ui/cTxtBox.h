@@ -1,0 +1,100 @@
+#pragma once
+// The scrolling coloured text list that shows the event log (`EventLogx`).
+//
+// It keeps its own copy of the log's lines, taken in by syncWithLog: each new
+// line is converted, measured and wrapped once, so appending costs the same
+// whatever the length of the log, and painting never reads the log itself (it
+// may have been cleared since). Only the rows on screen are drawn.
+
+#include <QAbstractScrollArea>
+#include <QColor>
+#include <QString>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tessaly {
+
+class EventLog;
+
+class cTxtBox : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit cTxtBox(const EventLog& log, QWidget* parent = nullptr);
+
+  /// Takes in the lines written since the last call. A log that shrank, or whose
+  /// last known line changed, was cleared in between: the view starts over.
+  /// With `verify` every known line is compared, which also finds a log that was
+  /// cleared and refilled to the same length.
+  void syncWithLog(bool verify = false);
+
+  /// Lines shown (the log's TotalLines at the last sync).
+  int TotalLines() const { return int(m_lines.size()); }
+  /// The text of line n (1-based) as shown, without its style prefix.
+  QString lineText(int n) const { return m_lines[std::size_t(n - 1)].text; }
+  int lineStyle(int n) const { return m_lines[std::size_t(n - 1)].style; }
+  /// Number of the first line with a row on screen (0 when empty).
+  int firstVisibleLine() const;
+  /// Number of the last line with a row on screen (0 when empty).
+  int lastVisibleLine() const;
+  /// Whole rows that fit on the page.
+  int LinesPerPage() const;
+
+  /// Selected lines, joined by line breaks.
+  QString selectedText() const;
+  void selectAll();
+  /// Puts the selected lines (all lines when none is selected) on the clipboard.
+  void copy();
+
+  /// The colour of a log style: the classic 16-colour palette (0 black, 1 blue,
+  /// ... 15 white); other numbers draw black.
+  static QColor styleColour(int style);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  struct Line {
+    std::string raw;  ///< the stored line with its prefix, to notice a cleared log
+    QString text;
+    int style = 0;
+  };
+  /// One display row: a piece of a line that fits the width.
+  struct Row {
+    int line = 0;  ///< index into m_lines
+    int start = 0;
+    int length = 0;
+  };
+
+  void clearView();
+  void appendLine(const std::string& raw);
+  void wrapLine(int index);
+  /// Width of a character in pixels: from a table for ASCII, measured otherwise.
+  int advance(QChar ch) const;
+  void measureFont();
+  void rewrap();
+  void updateScrollRange(bool toBottom);
+  int rowHeight() const;
+  int wrapWidth() const;
+  /// Index of the line under a viewport point, clamped to the lines there are.
+  int lineAt(const QPoint& point) const;
+
+  const EventLog& m_log;
+  std::vector<Line> m_lines;
+  std::vector<Row> m_rows;
+  int m_wrapWidth = 0;
+  /// Advances of the ASCII characters in the view's font; measuring a whole
+  /// line would shape it, which costs more than everything else an append does.
+  std::array<int, 128> m_asciiAdvance{};
+  int m_selectionAnchor = -1;  ///< line indexes, -1 when nothing is selected
+  int m_selectionEnd = -1;
+};
+
+}  // namespace tessaly
