@@ -153,8 +153,21 @@ bool CellBoard::isAreaHighlighted(int cell) const {
          (m_highlightBox && CellBox[cell] == m_highlightBox);
 }
 
+void CellBoard::setOverlayColours(int cell, QColor back, QColor text) {
+  if (cell >= 1 && cell <= kCells) m_overlays[std::size_t(cell - 1)] = {back, text};
+}
+
+void CellBoard::clearOverlayColours(int cell) {
+  if (cell >= 1 && cell <= kCells) m_overlays[std::size_t(cell - 1)] = {};
+}
+
 CellBoard::Colours CellBoard::valueBoxColours(int cell) const {
   const Cell& c = m_session.grid[cell];
+  if (const Colours& overlay = m_overlays[std::size_t(cell - 1)]; overlay.back.isValid()) {
+    Colours ordinary = c.given ? Colours{qcolor(m_scheme.givenBack), qcolor(m_scheme.givenText)}
+                               : Colours{kValueBoxBack, qcolor(m_scheme.candidateText)};
+    return {overlay.back, overlay.text.isValid() ? overlay.text : ordinary.text};
+  }
   if (paint(cell) == CellPaint::Placed) return {qcolor(m_scheme.highlightRed), qcolor(m_scheme.colour[5])};
   if (c.given) return {qcolor(m_scheme.givenBack), qcolor(m_scheme.givenText)};
   return {kValueBoxBack, qcolor(m_scheme.candidateText)};
@@ -236,6 +249,9 @@ bool CellBoard::eventFilter(QObject* watched, QEvent* event) {
     }
     case QEvent::MouseButtonDblClick:
       if (isValueBox) emit valueBoxDoubleClicked(cell);
+      break;
+    case QEvent::Enter:
+      if (!isValueBox) emit candidateLabelHovered(cell);
       break;
     default: break;
   }

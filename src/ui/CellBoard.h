@@ -44,6 +44,11 @@ class CellBoard : public QWidget {
   bool isAreaHighlighted(int cell) const;
   int highlightedCell() const { return m_highlightCell; }
 
+  /// Colours laid over a value box by manual play (selection, refused marker,
+  /// box highlight); an invalid text colour keeps the ordinary one.
+  void setOverlayColours(int cell, QColor back, QColor text);
+  void clearOverlayColours(int cell);
+
   /// Redraws values, candidates, box counts and colours from the session.
   void refreshFromSession();
 
@@ -53,6 +58,7 @@ class CellBoard : public QWidget {
   /// A key pressed while the grid has the focus; the cell is the value box last pressed.
   void valueBoxKeyPressed(int cell, int key);
   void candidateLabelClicked(int cell, Qt::MouseButton button);
+  void candidateLabelHovered(int cell);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -77,6 +83,7 @@ class CellBoard : public QWidget {
   std::array<QLabel*, 81> m_candidateLabels{};
   std::array<QLabel*, 9> m_boxCounts{};
   std::array<CellPaint, 81> m_paints{};
+  std::array<Colours, 81> m_overlays{};  ///< back invalid: no overlay
   std::array<Colours, 81> m_valueBoxApplied{};
   std::array<Colours, 81> m_candidateApplied{};
   // The area highlight: row, column and box numbers (0 for none) and the cell.

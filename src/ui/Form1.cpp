@@ -1,6 +1,7 @@
 #include "ui/Form1.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPrintDialog>
@@ -19,7 +20,9 @@
 #include "ui/AutoSolveTab.h"
 #include "ui/CellBoard.h"
 #include "ui/CreateTab.h"
+#include "create/Saving.h"
 #include "ui/DialogUserInterface.h"
+#include "ui/Form2.h"
 #include "ui/HelpWindow.h"
 #include "ui/ManualTab.h"
 #include "ui/PuzzleFrame.h"
@@ -120,7 +123,17 @@ QWidget* Form1::createCentralWidget() {
 
 void Form1::createPages(QStackedWidget* stack) {
   m_autoSolve = new AutoSolveTab(m_session, *this, stack);
-  m_pages = {m_autoSolve, new CreateTab(m_session, *this, stack), new ManualTab(m_session, *this, stack)};
+  m_autoSolve->editCommand = [this] { tessaly::editCommand(m_session, m_session.ui(), this); };
+  saveThisPuzzleCommand = [this] { tessaly::saveThisPuzzleCommand(m_session); };
+  auto paintManual = [this](int cell, ManualPaint paint) {
+    if (auto colours = manualPaintColours(paint, m_scheme))
+      m_board->setOverlayColours(cell, colours->back, colours->text);
+    else
+      m_board->clearOverlayColours(cell);
+    m_board->refreshFromSession();
+  };
+  m_pages = {m_autoSolve, new CreateTab(m_session, *this, m_session.ui(), stack),
+             new ManualTab(m_session, *this, paintManual, stack)};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }
 
@@ -133,6 +146,8 @@ void Form1::connectBoard() {
           [this](int cell, int key) { currentPage()->valueBoxKeyPressed(cell, key); });
   connect(m_board, &CellBoard::candidateLabelClicked, this,
           [this](int cell, Qt::MouseButton button) { currentPage()->candidateLabelClicked(cell, button); });
+  connect(m_board, &CellBoard::candidateLabelHovered, this,
+          [this](int cell) { currentPage()->candidateLabelHovered(cell); });
 }
 
 QLabel* Form1::valueBox(int cell) const { return m_board->valueBox(cell); }
@@ -161,6 +176,11 @@ void Form1::startUp(const std::string& applicationDirectory) {
 void Form1::exitProgram() {
   writeConfiguration(m_session);
   close();
+}
+
+void Form1::keyReleaseEvent(QKeyEvent* event) {
+  if (!event->isAutoRepeat()) currentPage()->keyReleased(event->key(), event->modifiers());
+  QMainWindow::keyReleaseEvent(event);
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

@@ -92,6 +92,7 @@ class Form1 : public QMainWindow, public CommandHost {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
 
  private:
   void createMenus();

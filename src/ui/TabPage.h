@@ -30,6 +30,9 @@ class TabPage : public QWidget {
   virtual void valueBoxDoubleClicked(int /*cell*/) {}
   virtual void valueBoxKeyPressed(int /*cell*/, int /*key*/) {}
   virtual void candidateLabelClicked(int /*cell*/, Qt::MouseButton) {}
+  virtual void candidateLabelHovered(int /*cell*/) {}
+  /// A key was released over the window while the page is shown.
+  virtual void keyReleased(int /*key*/, Qt::KeyboardModifiers) {}
 
  protected:
   Session& m_session;
