@@ -4,6 +4,7 @@
 
 #include "model/Session.h"
 #include "ui/Form1.h"
+#include "ui/Screenshots.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -15,5 +16,10 @@ int main(int argc, char** argv) {
   // The application directory holds the collection, configuration and scheme files.
   window.startUp(QApplication::applicationDirPath().toStdString());
   window.show();
+  // tessaly --screenshot autosolve|create|manual FILE: saves a picture of the
+  // window in that state and quits (for the README's pictures).
+  const QStringList args = QApplication::arguments();
+  if (args.size() == 4 && args[1] == "--screenshot")
+    tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString());
   return app.exec();
 }

@@ -1,0 +1,76 @@
+#include "ui/Screenshots.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QTabBar>
+#include <QTimer>
+
+#include "play/ManualPlay.h"
+#include "solver/SolverEngine.h"
+#include "ui/CreatePage.h"
+#include "ui/CreateTab.h"
+#include "ui/Form1.h"
+#include "ui/ManualPage.h"
+#include "ui/ManualTab.h"
+
+namespace tessaly {
+
+namespace {
+constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
+constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
+constexpr int kTickMs = 15;
+
+void saveAndQuit(Form1& window, const std::string& file) {
+  window.refreshFromSession();
+  QApplication::processEvents();
+  window.grab().save(QString::fromStdString(file), "PNG");
+  QApplication::quit();
+}
+
+void selectTab(Form1& window, int index) {
+  if (auto* tabs = window.findChild<QTabBar*>("ctlTabs")) tabs->setCurrentIndex(index);
+  QApplication::processEvents();
+}
+}  // namespace
+
+void scheduleScreenshot(Form1& window, Session& session, const std::string& tab, const std::string& file) {
+  const std::string collection = session.appDir + "Puzzles.sud";
+  QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
+    if (tab == "create") {
+      selectTab(window, 1);
+      auto* page = static_cast<CreateTab*>(window.page(Form1::CreatePage))->page();
+      page->createCommand();
+      saveAndQuit(window, file);
+    } else if (tab == "manual") {
+      window.readPuzzleFile(collection, kPuzzle);
+      selectTab(window, 2);
+      ManualPlay& play = static_cast<ManualTab*>(window.page(Form1::ManualSolvePage))->page()->play();
+      // Fill the first few open cells that have a single choice, as a player would.
+      int placed = 0;
+      for (int c = 1; c <= kCells && placed < 8; ++c)
+        if (!session.grid[c].value && session.grid[c].candidates.size() == 1) {
+          play.selectCell(c);
+          play.placeManualValue(c, session.grid[c].candidates.first());
+          ++placed;
+        }
+      saveAndQuit(window, file);
+    } else {
+      window.readPuzzleFile(collection, kPuzzle);
+      auto* ticks = new QTimer(&window);
+      auto count = std::make_shared<int>(0);
+      QObject::connect(ticks, &QTimer::timeout, &window, [&window, &session, file, ticks, count] {
+        if (++*count > kNextClicks) {
+          ticks->stop();
+          saveAndQuit(window, file);
+          return;
+        }
+        SolverEngine(session).nextCommand(false);
+        window.releasePause();
+      });
+      ticks->start(kTickMs);
+      window.runCommand([&session] { SolverEngine(session).startCommand(); });
+    }
+  });
+}
+
+}  // namespace tessaly
