@@ -1,5 +1,6 @@
 #include "cli/CliSupport.h"
 
+#include <filesystem>
 #include <iostream>
 
 #include "solver/SolverEngine.h"
@@ -125,6 +126,13 @@ void printLogAndGrid(Session& session, bool raw) {
   out += session.grid.valueCode();
   out += '\n';
   std::cout << out;
+}
+
+bool requireFile(const std::string& path) {
+  std::error_code ec;
+  if (std::filesystem::is_regular_file(path, ec)) return true;
+  std::cerr << "tessaly-cli: no such file: " << path << '\n';
+  return false;
 }
 
 bool gridSolved(Session& session) {

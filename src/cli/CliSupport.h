@@ -59,6 +59,8 @@ std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usa
 /// Prints every stored log line (with its two-digit prefix when raw), then
 /// "grid:" and the 81 values.
 void printLogAndGrid(Session& session, bool raw);
+/// True when the file exists; otherwise says so on standard error.
+bool requireFile(const std::string& path);
 /// True when the grid is complete and no area repeats a digit.
 bool gridSolved(Session& session);
 

@@ -56,11 +56,7 @@ int countCommand(const Arguments& arguments) {
   if (args.empty()) return usageError("a collection file is needed");
   if (args.size() > 1) return usageError("unexpected argument '" + args[1] + "'");
   const std::string& file = args[0];
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(file, ec)) {
-    std::cerr << "tessaly-cli: no such file: " << file << '\n';
-    return kExitUsage;
-  }
+  if (!requireFile(file)) return kExitUsage;
   const int total = countPuzzles(file);
   if (!hasSolutions) {
     std::cout << total << '\n';

@@ -37,11 +37,7 @@ int exportCommand(const Arguments& arguments) {
     std::cerr << "Usage: " << kExportUsage << '\n';
     return kExitUsage;
   }
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(options->file, ec)) {
-    std::cerr << "tessaly-cli: no such file: " << options->file << '\n';
-    return kExitUsage;
-  }
+  if (!requireFile(options->file)) return kExitUsage;
   CliSession cli(*options);
   Session& session = cli.session();
   if (!readPuzzle(session, options->file, options->number)) return kExitUsage;

@@ -41,11 +41,7 @@ int hintCommand(const Arguments& arguments) {
   auto options = parsePuzzleOptions(args, kHintUsage);
   if (!options) return kExitUsage;
   if (!args.empty()) return hintUsageError("unexpected argument '" + args[0] + "'");
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(options->file, ec)) {
-    std::cerr << "tessaly-cli: no such file: " << options->file << '\n';
-    return kExitUsage;
-  }
+  if (!requireFile(options->file)) return kExitUsage;
   CliSession cli(*options);
   Session& session = cli.session();
   if (!readPuzzle(session, options->file, options->number)) return kExitUsage;

@@ -30,11 +30,7 @@ int solveCommand(const Arguments& arguments) {
     std::cerr << "tessaly-cli: unexpected argument '" << args[0] << "'\nUsage: " << kSolveUsage << '\n';
     return kExitUsage;
   }
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(options->file, ec)) {
-    std::cerr << "tessaly-cli: no such file: " << options->file << '\n';
-    return kExitUsage;
-  }
+  if (!requireFile(options->file)) return kExitUsage;
   CliSession cli(*options);
   Session& session = cli.session();
   if (!readPuzzle(session, options->file, options->number)) {
