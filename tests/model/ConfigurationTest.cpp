@@ -4,41 +4,25 @@
 
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <sstream>
 #include <string>
 #include <system_error>
 
-#include <unistd.h>
 
 #include "model/Configuration.h"
 #include "model/Services.h"
 #include "model/Session.h"
+#include "support/TestSupport.h"
 
 namespace tessaly {
 namespace {
 
 /// A fresh application directory under the system temp folder.
-class AppDir {
+class AppDir : public test::TempDir {
  public:
-  AppDir() {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    m_path = std::filesystem::temp_directory_path() /
-             ("tessaly-cfg-" + std::string(info ? info->name() : "test") + "-" + std::to_string(::getpid()) + "-" +
-              std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(m_path);
-  }
-  ~AppDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(m_path, ec);
-  }
-  AppDir(const AppDir&) = delete;
-  AppDir& operator=(const AppDir&) = delete;
-  std::string dir() const { return m_path.string() + "/"; }
-  std::string file(const std::string& name) const { return dir() + name; }
-
- private:
-  std::filesystem::path m_path;
+  std::string dir() const { return path() + "/"; }
+  /// Without the trailing "/", as a caller may hand it over.
+  std::string bare() const { return path(); }
 };
 
 std::string readFile(const std::string& path) {
