@@ -19,45 +19,42 @@ using namespace tessaly;
 const std::string kCollection = std::string(TESSALY_DATA_DIR) + "/Puzzles.sud";
 constexpr int kHardest = 125;
 
-void chdirToScratch() {
-  const auto scratch = std::filesystem::temp_directory_path() / "tessaly-window-bench";
-  std::filesystem::create_directories(scratch);
-  std::filesystem::current_path(scratch);  // Eventlog.txt lands here
-}
+// A session with scripted message boxes and a fixed random source, working in
+// a scratch folder (Solve writes Eventlog.txt into the current folder).
+struct BenchSession {
+  explicit BenchSession(int maxTries) {
+    const auto scratch = std::filesystem::temp_directory_path() / "tessaly-window-bench";
+    std::filesystem::create_directories(scratch);
+    std::filesystem::current_path(scratch);
+    session.writesConfiguration = false;
+    session.config.MaxTries = maxTries;
+  }
+  ScriptedUserInterface ui;
+  SeededRandom random{1};
+  Session session{Services{&ui, nullptr, nullptr, nullptr, &random}};
+};
 
 void headlessSolve(benchmark::State& state) {
-  const int maxTries = int(state.range(0));
-  chdirToScratch();
-  ScriptedUserInterface ui;
-  SeededRandom random(1);
-  Session session(Services{&ui, nullptr, nullptr, nullptr, &random});
-  session.writesConfiguration = false;
-  session.config.MaxTries = maxTries;
+  BenchSession b(int(state.range(0)));
   for (auto _ : state) {
-    readPuzzle(session, kCollection, kHardest);
-    SolverEngine(session).solveCommand();
-    ui.messages.clear();
+    readPuzzle(b.session, kCollection, kHardest);
+    SolverEngine(b.session).solveCommand();
+    b.ui.messages.clear();
   }
-  state.counters["lines"] = session.log.TotalLines();
+  state.counters["lines"] = b.session.log.TotalLines();
 }
 
 void windowSolve(benchmark::State& state) {
-  const int maxTries = int(state.range(0));
-  chdirToScratch();
-  ScriptedUserInterface ui;
-  SeededRandom random(1);
-  Session session(Services{&ui, nullptr, nullptr, nullptr, &random});
-  session.writesConfiguration = false;
-  session.config.MaxTries = maxTries;
-  Form1 window(session, &ui);
+  BenchSession b(int(state.range(0)));
+  Form1 window(b.session, &b.ui);
   window.show();
   for (auto _ : state) {
     window.readPuzzleFile(kCollection, kHardest);
     window.solve();
     QApplication::processEvents();
-    ui.messages.clear();
+    b.ui.messages.clear();
   }
-  state.counters["lines"] = session.log.TotalLines();
+  state.counters["lines"] = b.session.log.TotalLines();
 }
 
 // The argument is MaxTries: 250 as shipped, 1000 for a run four times as long.
