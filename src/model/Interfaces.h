@@ -53,8 +53,6 @@ class Display {
   virtual void highlightArea(int /*cell*/, int /*row*/, int /*col*/, int /*box*/) {}
   /// Puts the colours saved by highlightArea back.
   virtual void restoreHighlight(int /*cell*/) {}
-  /// Recolours the candidate labels so that singles stand out.
-  virtual void markSingles() {}
   /// Paints one cell's value box and candidate label.
   virtual void paintCell(int /*cell*/, CellPaint) {}
   /// Progress bar value (filled cells), 0 resets it.

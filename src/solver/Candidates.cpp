@@ -118,11 +118,6 @@ bool SolverEngine::givensAreValid() const {
   return true;
 }
 
-void SolverEngine::markSingles() {
-  if (s.RunMode >= kRunNoPause) return;
-  s.display().markSingles();
-}
-
 void SolverEngine::highlightArea(int cell, int row, int col, int box) {
   if (s.RunMode >= kRunNoPause) return;
   s.display().highlightArea(cell, row, col, box);

@@ -31,7 +31,6 @@ class SolverEngine {
   void removeDuplicates(int cell, int digit, int& counter);
   /// True when no row, column or box holds a digit twice.
   bool givensAreValid() const;
-  void markSingles();
   void highlightArea(int cell, int row, int col, int box);
   void restoreHighlight(int cell);
 

@@ -16,12 +16,6 @@ void WindowDisplay::restoreHighlight(int) {
   m_changed();
 }
 
-void WindowDisplay::markSingles() {
-  // Singles are drawn in the given colours by every redraw; what is left to do
-  // is to take back the other paints.
-  m_board.clearPaints();
-  m_changed();
-}
 
 void WindowDisplay::paintCell(int cell, CellPaint paint) {
   m_board.setPaint(cell, paint);

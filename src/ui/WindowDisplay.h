@@ -21,7 +21,6 @@ class WindowDisplay : public Display {
 
   void highlightArea(int cell, int row, int col, int box) override;
   void restoreHighlight(int cell) override;
-  void markSingles() override;
   void paintCell(int cell, CellPaint paint) override;
   void setProgress(int value) override;
   void showViews(bool shown) override;

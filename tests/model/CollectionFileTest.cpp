@@ -55,6 +55,16 @@ TEST(CollectionFile, AppendingNumbersAfterTheLastPuzzle) {
   EXPECT_FALSE(appendPuzzle(dir.file("missing-folder/x.sud"), text).has_value());
 }
 
+TEST(CollectionFile, TheOneLineCodeIsTheNumberThenTheValues) {
+  Session s;
+  s.CurrentPuzzleNumber = 5;
+  s.grid[1].value = 4;
+  s.grid[81].value = 9;
+  EXPECT_EQ(gridCode(s), "05=4" + std::string(79, '0') + "9");
+  s.CurrentPuzzleNumber = 125;
+  EXPECT_EQ(gridCode(s).substr(0, 5), "125=4");
+}
+
 TEST(CollectionFile, NavigationWrapsAndRightClickJumps) {
   EXPECT_EQ(navigationTarget(NavButton::Previous, false, 1, 125, 0), 125);
   EXPECT_EQ(navigationTarget(NavButton::Previous, false, 5, 125, 0), 4);

@@ -232,8 +232,28 @@ TEST_F(RulesTest, Rule6NeedsExactlyNEqualCells) {
   set(30, "2589");
   engine.applyRule6();
   const auto log = lines();
-  // Box 1 holds the three as well; only the pair's own... none qualifies there either.
+  // Box 1 holds 59, 59 and 27 as well: no group there either.
   EXPECT_EQ(log, (std::vector<std::string>{"01Apply Rule 6", "01End Rule 6: no reductions"}));
+}
+
+}  // namespace
+}  // namespace tessaly
+
+namespace tessaly {
+namespace {
+
+TEST(CandidateTexts, DigitsAreDeletedByCharacter) {
+  EXPECT_EQ(removeDigit("123456789", 3), "12456789");
+  EXPECT_EQ(removeDigit("1259", 3), "1259");  // not there: unchanged
+  EXPECT_EQ(removeDigit("1259", 0), "1259");  // "0" deletes nothing
+  EXPECT_EQ(removeDigits("2589", "59"), "28");
+  EXPECT_EQ(removeDigits("1358", "00000135"), "8");
+}
+
+TEST(CandidateTexts, RepeatedDigitsIgnoreCharactersThatReadAsZero) {
+  EXPECT_TRUE(hasRepeatedDigit("5353"));
+  EXPECT_FALSE(hasRepeatedDigit("53"));
+  EXPECT_FALSE(hasRepeatedDigit("5003.x"));
 }
 
 }  // namespace
