@@ -48,24 +48,22 @@ TEST(SaveCommands, ChooserRequestsNameTheKindOfFile) {
   saveAsTxt(f.session);
   saveAsXls(f.session);
   ASSERT_EQ(f.ui.fileRequests.size(), 3u);
-  const FileRequest& csv = f.ui.fileRequests[0];
-  EXPECT_EQ(csv.mode, FileRequest::Mode::Save);
-  EXPECT_EQ(csv.title, "Select a CSV file to save Puzzle");
-  EXPECT_EQ(csv.pattern, "*.csv");
-  EXPECT_EQ(csv.typeName, "CSV Files");
-  EXPECT_EQ(csv.startDir, f.dir.dir());
-  const FileRequest& txt = f.ui.fileRequests[1];
-  EXPECT_EQ(txt.mode, FileRequest::Mode::Save);
-  EXPECT_EQ(txt.title, "Select a TXT file to save Puzzle");
-  EXPECT_EQ(txt.pattern, "*.txt");
-  EXPECT_EQ(txt.typeName, "Text Files");
-  EXPECT_EQ(txt.startDir, f.dir.dir());
-  const FileRequest& xls = f.ui.fileRequests[2];
-  EXPECT_EQ(xls.mode, FileRequest::Mode::Save);
-  EXPECT_EQ(xls.title, "Select an XLS file to save Puzzle");
-  EXPECT_EQ(xls.pattern, "*.xls");
-  EXPECT_EQ(xls.typeName, "Excel Files");
-  EXPECT_EQ(xls.startDir, f.dir.dir());
+  struct Expected {
+    const char* title;
+    const char* pattern;
+    const char* typeName;
+  };
+  const Expected expected[] = {{"Select a CSV file to save Puzzle", "*.csv", "CSV Files"},
+                               {"Select a TXT file to save Puzzle", "*.txt", "Text Files"},
+                               {"Select an XLS file to save Puzzle", "*.xls", "Excel Files"}};
+  for (std::size_t i = 0; i < 3; ++i) {
+    const FileRequest& request = f.ui.fileRequests[i];
+    EXPECT_EQ(request.mode, FileRequest::Mode::Save) << i;
+    EXPECT_EQ(request.title, expected[i].title);
+    EXPECT_EQ(request.pattern, expected[i].pattern);
+    EXPECT_EQ(request.typeName, expected[i].typeName);
+    EXPECT_EQ(request.startDir, f.dir.dir()) << i;
+  }
   // Every chooser was cancelled: nothing said.
   EXPECT_TRUE(f.ui.messages.empty());
   EXPECT_TRUE(f.ui.questions.empty());
