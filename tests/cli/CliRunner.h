@@ -6,10 +6,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "model/FileUtil.h"
 
 namespace tessaly::clitest {
 
@@ -20,10 +20,7 @@ struct CliResult {
 };
 
 inline std::string readWholeFile(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  return tessaly::readWholeFile(path.string()).value_or("");
 }
 
 /// Quotes one argument for the shell: single quotes, with each ' written as '\''.

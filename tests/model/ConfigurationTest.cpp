@@ -20,7 +20,6 @@ namespace {
 /// A fresh application directory under the system temp folder.
 class AppDir : public test::TempDir {
  public:
-  std::string dir() const { return path() + "/"; }
   /// Without the trailing "/", as a caller may hand it over.
   std::string bare() const { return path(); }
 };

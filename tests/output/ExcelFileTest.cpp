@@ -323,9 +323,9 @@ TEST(XlsExport, AnOfficeSuiteReadsTheFile) {
   fillSolvedGrid(session);
   std::string xls = dir.file("puzzle.xls");
   ASSERT_TRUE(writeXlsExport(session, xls));
-  std::string command = "cd '" + dir.path().string() + "' && HOME='" + dir.path().string() +
-                        "' soffice -env:UserInstallation=file://" + dir.path().string() +
-                        "/profile --headless --convert-to csv --outdir '" + dir.path().string() +
+  std::string command = "cd '" + dir.path() + "' && HOME='" + dir.path() +
+                        "' soffice -env:UserInstallation=file://" + dir.path() +
+                        "/profile --headless --convert-to csv --outdir '" + dir.path() +
                         "' puzzle.xls >/dev/null 2>&1";
   ASSERT_EQ(std::system(command.c_str()), 0);
   std::string csv = readFile(dir.file("puzzle.csv"));

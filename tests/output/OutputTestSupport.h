@@ -5,43 +5,17 @@
 
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <sstream>
 #include <string>
-#include <system_error>
 
-#include <unistd.h>
-
+#include "model/FileUtil.h"
 #include "model/GridTables.h"
 #include "model/Session.h"
+#include "support/TestSupport.h"
 
 namespace tessaly::testing {
 
-/// A fresh folder under the system temp folder, removed with everything in it.
-class TempDir {
- public:
-  TempDir() {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = "tessaly-" + std::string(info ? info->name() : "test") + "-" + std::to_string(::getpid()) +
-                       "-" + std::to_string(std::random_device{}());
-    m_path = std::filesystem::temp_directory_path() / name;
-    std::filesystem::create_directories(m_path);
-  }
-  ~TempDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(m_path, ec);
-  }
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-
-  const std::filesystem::path& path() const { return m_path; }
-  /// The folder with a trailing "/", as the application directory is kept.
-  std::string dir() const { return m_path.string() + "/"; }
-  std::string file(const std::string& name) const { return (m_path / name).string(); }
-
- private:
-  std::filesystem::path m_path;
-};
+using TempDir = tessaly::test::TempDir;
 
 /// Makes `dir` the working folder for the lifetime of the object.
 class WorkingFolder {
@@ -60,12 +34,7 @@ class WorkingFolder {
   std::filesystem::path m_before;
 };
 
-inline std::string readFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+inline std::string readFile(const std::string& path) { return readWholeFile(path).value_or(""); }
 
 inline void writeFile(const std::string& path, const std::string& content) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);

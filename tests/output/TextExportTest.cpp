@@ -236,7 +236,7 @@ TEST(PrintToTextFile, EmptyCellsPrintAsBlanksAndLinesKeepTheirLengths) {
 
 TEST(PrintToTextFile, UnwritableFolderIsReported) {
   TempDir dir;
-  std::filesystem::path sub = dir.path() / "sub";
+  std::filesystem::path sub = std::filesystem::path(dir.path()) / "sub";
   std::filesystem::create_directories(sub);
   WorkingFolder cwd(sub);
   std::filesystem::remove(sub);  // the working folder is gone: nothing can be written there

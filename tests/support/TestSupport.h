@@ -37,7 +37,11 @@ class TempDir {
  public:
   TempDir();
   ~TempDir();
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
   const std::string& path() const { return m_path; }
+  /// The folder with a trailing "/", as the application directory is kept.
+  std::string dir() const { return m_path + "/"; }
   std::string file(const std::string& name) const { return m_path + "/" + name; }
 
  private:
