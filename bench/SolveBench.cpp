@@ -1,8 +1,16 @@
-// The narrated Solve over every puzzle of a public collection: puzzles per
+// The narrated Solve over every puzzle of public collections: puzzles per
 // second, log lines and placements per puzzle.
+//
+// By default it runs on the sets in tests/data/puzzles. To measure other sets,
+// point TESSALY_PUZZLES at a folder of collection files (*.sud; the public
+// sets named in tests/data/README.md, e.g. kaggle3m_medium or sudoku17, come
+// in that form): every collection there is measured, the first 2,000 puzzles
+// of each.
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -15,8 +23,7 @@ namespace {
 
 using namespace tessaly;
 
-std::vector<std::string> loadCollection(const std::string& name) {
-  const std::string path = std::string(TESSALY_PUZZLES_DIR) + "/" + name + ".sud";
+std::vector<std::string> loadCollection(const std::string& path) {
   std::vector<std::string> puzzles;
   const int total = countPuzzles(path);
   // Read the file once and cut it into puzzles of 81 characters.
@@ -43,8 +50,8 @@ void loadIntoSession(Session& s, const std::string& puzzle) {
   SolverEngine(s).computeCandidates(false);
 }
 
-void narratedSolve(benchmark::State& state, const std::string& set) {
-  const auto puzzles = loadCollection(set);
+void narratedSolve(benchmark::State& state, const std::string& path) {
+  const auto puzzles = loadCollection(path);
   const auto scratch = std::filesystem::temp_directory_path() / "tessaly-bench";
   std::filesystem::create_directories(scratch);
   std::filesystem::current_path(scratch);  // Eventlog.txt lands here
@@ -72,10 +79,27 @@ void narratedSolve(benchmark::State& state, const std::string& set) {
   state.counters["puzzles"] = double(puzzles.size());
 }
 
-BENCHMARK_CAPTURE(narratedSolve, top95, std::string("top95"))->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(narratedSolve, kaggle3m_medium, std::string("kaggle3m_medium"))->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(narratedSolve, sudoku17_first2000, std::string("sudoku17"))->Unit(benchmark::kMillisecond);
+/// One benchmark per collection file of the folder, in name order.
+void registerCollections() {
+  const char* chosen = std::getenv("TESSALY_PUZZLES");
+  const std::filesystem::path folder = chosen && *chosen ? chosen : TESSALY_TEST_PUZZLES_DIR;
+  std::vector<std::filesystem::path> files;
+  std::error_code ec;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, ec))
+    if (entry.path().extension() == ".sud") files.push_back(entry.path());
+  std::sort(files.begin(), files.end());
+  for (const auto& file : files)
+    benchmark::RegisterBenchmark(("narratedSolve/" + file.stem().string()).c_str(), narratedSolve, file.string())
+        ->Unit(benchmark::kMillisecond);
+}
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  registerCollections();
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

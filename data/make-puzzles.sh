@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Rebuilds data/Puzzles.sud, the default collection: 125 puzzles taken from the
-# public puzzle sets kept beside the repository (../shared/puzzles), each with
-# exactly one solution, ordered from easy to hard by Tessaly's own solver.
+# Rebuilds data/Puzzles.sud, the default collection: 125 puzzles taken from
+# public puzzle sets, each with exactly one solution, ordered from easy to hard
+# by Tessaly's own solver. The puzzles taken are kept, with the set and line
+# each comes from, in tests/data/puzzles/default-collection-picks.txt (the
+# sources are in tests/data/README.md), so the script needs nothing outside
+# the repository.
 #
-# Puzzles taken (the numbers are line numbers of NAME.txt, which are also the
-# puzzle numbers of NAME.sud):
+# Puzzles taken (the numbers are line numbers of each set's one-per-line
+# file, which are also the puzzle numbers of its collection file):
 #
 #   pe96 (13):                1 2 5 9 15 16 19 28 29 36 45 47 49
 #   kaggle3m_beginner (15):   19 24 55 73 114 115 119 121 132 222 223 226 238 239 294
@@ -35,14 +38,17 @@
 #
 # Usage: data/make-puzzles.sh [OUTPUT]     (default OUTPUT: data/Puzzles.sud)
 # Environment: TESSALY_CLI      the command line program (default build/src/cli/tessaly-cli)
-#              TESSALY_PUZZLES  the folder of the puzzle sets (default ../shared/puzzles)
+#              TESSALY_PUZZLES  a folder holding the full sets as NAME.txt (one
+#                               puzzle a line): each pick is then checked
+#                               against its line there
 # Needs bash, coreutils, sed, grep and sort; nothing else.
 set -euo pipefail
 
 here="$(cd "$(dirname "$0")" && pwd)"
 repo="$(dirname "$here")"
 cli="${TESSALY_CLI:-$repo/build/src/cli/tessaly-cli}"
-sets="${TESSALY_PUZZLES:-$repo/../shared/puzzles}"
+sets="${TESSALY_PUZZLES:-}"
+picks_file="$repo/tests/data/puzzles/default-collection-picks.txt"
 output="${1:-$here/Puzzles.sud}"
 readonly max_aborted=10 expected=125
 
@@ -66,7 +72,8 @@ die() {
 
 [ -x "$cli" ] || die "command line program not found: $cli (build it first, or set TESSALY_CLI)"
 cli="$(cd "$(dirname "$cli")" && pwd)/$(basename "$cli")"  # the runs below change folder
-[ -d "$sets" ] || die "puzzle sets not found: $sets (set TESSALY_PUZZLES)"
+[ -f "$picks_file" ] || die "list of picks not found: $picks_file"
+[ -z "$sets" ] || [ -d "$sets" ] || die "puzzle sets not found: $sets"
 
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
@@ -85,17 +92,20 @@ append_puzzle() {
 # 1. The candidates, in list order, as a collection of their own.
 candidates="$work/candidates.sud"
 puzzles=()
-for entry in "${picks[@]}"; do
-  name="${entry%%:*}"
-  [ -f "$sets/$name.txt" ] || die "missing set: $sets/$name.txt"
-  for n in ${entry#*:}; do
-    puzzle="$(sed -n "${n}p" "$sets/$name.txt" | tr -d '\r')"
-    puzzle="${puzzle//0/.}"
-    [[ "$puzzle" =~ ^[1-9.]{81}$ ]] || die "$name line $n is not a puzzle of 81 cells"
-    puzzles+=("$puzzle")
-    append_puzzle "$candidates" "${#puzzles[@]}" "$puzzle"
-  done
-done
+# The picks file must list exactly the picks above, in the same order.
+listed="$(for entry in "${picks[@]}"; do for n in ${entry#*:}; do echo "${entry%%:*} $n"; done; done)"
+[ "$listed" = "$(cut -d' ' -f1,2 "$picks_file")" ] || die "$picks_file does not list the picks of this script"
+while read -r name n puzzle; do
+  puzzle="${puzzle//0/.}"
+  [[ "$puzzle" =~ ^[1-9.]{81}$ ]] || die "$name line $n is not a puzzle of 81 cells"
+  if [ -n "$sets" ]; then
+    [ -f "$sets/$name.txt" ] || die "missing set: $sets/$name.txt"
+    from_set="$(sed -n "${n}p" "$sets/$name.txt" | tr -d '\r')"
+    [ "${from_set//0/.}" = "$puzzle" ] || die "$name line $n differs from $sets/$name.txt"
+  fi
+  puzzles+=("$puzzle")
+  append_puzzle "$candidates" "${#puzzles[@]}" "$puzzle"
+done <"$picks_file"
 [ "${#puzzles[@]}" -eq "$expected" ] || die "the list holds ${#puzzles[@]} puzzles, not $expected"
 duplicates="$(printf '%s\n' "${puzzles[@]}" | LC_ALL=C sort | uniq -d)"
 [ -z "$duplicates" ] || die "a puzzle is listed twice: $duplicates"

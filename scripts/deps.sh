@@ -37,12 +37,15 @@ tessaly_install_deps() {
 }
 
 # tessaly_configure DIR [CMAKE-OPTION...]: configures DIR with Ninja, keeping
-# optimisation and debug information.
+# optimisation and debug information unless an option says otherwise; ccache
+# is used when it is installed.
 tessaly_configure() {
   local dir=$1
   shift
-  cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@"
+  local launcher=()
+  command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "${launcher[@]}" "$@"
 }
 
-# Two cores on the build machines.
-TESSALY_JOBS=2
+# As many jobs as the machine has cores.
+TESSALY_JOBS=$(nproc)

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "Version.h"
 #include "cli/Commands.h"
 
 namespace tessaly::cli {
@@ -65,7 +66,7 @@ int runCommandLine(std::span<char*> argv) {
   const std::string_view first = argv[1];
   if (first == "--help" || first == "-h") return helpCommand({});
   if (first == "--version") {
-    std::cout << kProgramName << ' ' << TESSALY_VERSION << '\n';
+    std::cout << kProgramName << ' ' << kProgramVersion << '\n';
     return kExitOk;
   }
   const CommandEntry* command = findCommand(first);

@@ -6,6 +6,7 @@
 #include "model/GridTables.h"
 #include "model/Session.h"
 #include "model/Text.h"
+#include "Version.h"
 
 namespace tessaly {
 
@@ -125,7 +126,7 @@ std::string reportText(const Session& session, bool includeLog) {
   addFramedGrid(out, session, [](const Cell& c) { return valueChar(c, ' '); });
 
   addLine(out, "");
-  addLine(out, std::string("Tessaly Puzzle Solution and Creation - Free download at ") + kDownloadAddress);
+  addLine(out, std::string("Tessaly Puzzle Solution and Creation - version ") + kProgramVersion);
   return out;
 }
 

@@ -24,9 +24,6 @@ bool writeCsvExport(const Session& session, const std::string& path);
 /// Writes txtExportText to the file; false when it could not be written.
 bool writeTxtExport(const Session& session, const std::string& path);
 
-/// The web address at the end of every report.
-inline constexpr const char* kDownloadAddress = "https://tessaly.org/download";
-
 /// The report: puzzle grid, optionally the event log up to its recorded line
 /// count, the solution grid and the closing line.
 std::string reportText(const Session& session, bool includeLog);

@@ -13,10 +13,7 @@
 #include "ui/Form1.h"
 #include "ui/HelpWindow.h"
 #include "ui/ReportPrinter.h"
-
-#ifndef TESSALY_VERSION
-#define TESSALY_VERSION "0"
-#endif
+#include "Version.h"
 
 namespace tessaly {
 
@@ -127,7 +124,7 @@ void Form1::showAbout() {
   auto* box = new QMessageBox(QMessageBox::Information, "About Tessaly",
                               QString("Tessaly %1\n\nSolves Sudoku puzzles step by step and explains each step; "
                                       "creates new puzzles and helps you solve them by hand.")
-                                  .arg(TESSALY_VERSION),
+                                  .arg(kProgramVersion),
                               QMessageBox::Ok, this);
   box->setObjectName("AboutBox");
   box->setAttribute(Qt::WA_DeleteOnClose);

@@ -5,11 +5,12 @@
 #include "model/Session.h"
 #include "ui/Form1.h"
 #include "ui/Screenshots.h"
+#include "Version.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Tessaly");
-  QApplication::setApplicationVersion(TESSALY_VERSION);
+  QApplication::setApplicationVersion(tessaly::kProgramVersion);
 
   tessaly::Session session;
   tessaly::Form1 window(session);

@@ -101,7 +101,7 @@ const std::string kSolutionFrame = crlf({
 });
 
 const std::string kClosing =
-    "\r\nTessaly Puzzle Solution and Creation - Free download at https://tessaly.org/download\r\n";
+    "\r\nTessaly Puzzle Solution and Creation - version 0.1.0\r\n";
 
 TEST(CsvExport, WritesPuzzleAndSolutionByteForByte) {
   TempDir dir;

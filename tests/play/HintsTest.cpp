@@ -29,8 +29,8 @@ struct HintCase {
 
 const HintCase kFoundCases[] = {
     {"Rule2",
-     "exchange_diabolical.sud",
-     1038,
+     "singles.sud",
+     test::kDiabolical1038,
      1,
      {"APPLY RULE 2", "This rule generated 1 single values:", "Row= 1, Col= 5, Cell= 5, Value= 3", kLogic,
       "Apply Rule 2", "Rule 2: in box 3, choice 2 appears once in row 1",
@@ -43,16 +43,16 @@ const HintCase kFoundCases[] = {
       "Remove box duplicate 3 from choice 2346 in row 3, col 4, cell 22", "Place additional 1 single values generated",
       "Set row 1, col 5, cell 5 to value 3"}},
     {"Rule3",
-     "exchange_diabolical.sud",
-     9,
+     "singles.sud",
+     test::kDiabolical9,
      2,
      {"APPLY RULE 3", "This rule generated 1 single values:", "Row= 2, Col= 7, Cell= 16, Value= 9", kLogic,
       "Apply Rule 3", "Rule 3: row 2 has duplicate pair", "Remove 5 from choice 59 in cell 16",
       "End Rule 3: made 1 reductions", kRule1Shown, "Place additional 1 single values generated",
       "Set row 2, col 7, cell 16 to value 9"}},
     {"Rule4",
-     "exchange_diabolical.sud",
-     1875,
+     "singles.sud",
+     test::kDiabolical1875,
      3,
      {"APPLY RULE 4", "This rule generated 1 single values:", "Row= 5, Col= 6, Cell= 42, Value= 6", kLogic,
       "Apply Rule 4", "Rule 4: box 5, choice 1 occurs in col 5 of this box only", "Remove 1 from choice 16 in cell 42",
@@ -64,16 +64,16 @@ const HintCase kFoundCases[] = {
       "Remove col duplicate 6 from choice 167 in row 9, col 6, cell 78", "Place additional 1 single values generated",
       "Set row 5, col 6, cell 42 to value 6"}},
     {"Rule5",
-     "exchange_diabolical.sud",
-     118,
+     "singles.sud",
+     test::kDiabolical118,
      4,
      {"APPLY RULE 5", "This rule generated 1 single values:", "Row= 6, Col= 4, Cell= 49, Value= 3", kLogic,
       "Apply Rule 5", "Rule 5: in box 5, choice 3 occurs only once in row 6, col 4,cell 49 (389)",
       "Set row 6, col 4, cell 49 to value 3", "End Rule 5: made 1 reductions", kRule1Shown,
       "Place additional 1 single values generated", "Set row 6, col 4, cell 49 to value 3"}},
     {"Rule6",
-     "kaggle3m_easy.sud",
-     181,
+     "singles.sud",
+     test::kKaggleEasy181,
      5,
      {"APPLY RULE 6", "This rule generated 1 single values:", "Row= 6, Col= 3, Cell= 48, Value= 5", kLogic,
       "Apply Rule 6", "Rule 6: 3 choice 124 found 3 times in col 3", "Remove 124 from choice 45 in cell 48",
@@ -149,7 +149,7 @@ TEST(RuleHint, AllRulesOnAPuzzleWhereSomeFind) {
   test::TestSession t;
   Session& s = t.session;
   s.config.RuleOrder = "65432";
-  ASSERT_TRUE(readPuzzle(s, test::puzzleFile("kaggle3m_easy.sud"), 181));
+  ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kKaggleEasy181));
   const BoardSnapshot before = saveBoardSnapshot(s);
   runRuleHint(s, kAllRulesHint);
   ASSERT_GE(s.Hints.size(), 4u);
@@ -234,7 +234,7 @@ TEST(RuleHint, OlderLinesOfTheLogAreNeverRead) {
 TEST(RuleHint, TheRunNeverPausesAndTheRunStateComesBack) {
   test::TestSession t;
   Session& s = t.session;
-  ASSERT_TRUE(readPuzzle(s, test::puzzleFile("exchange_diabolical.sud"), 1038));
+  ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
   s.RunMode = 5;  // stepping
   runRuleHint(s, 1);
   EXPECT_EQ(t.pacer.pauses, 0);
@@ -245,7 +245,7 @@ TEST(RuleHint, TheRunNeverPausesAndTheRunStateComesBack) {
 TEST(RuleHint, ThePreparationEmptiesTheSolverRecords) {
   test::TestSession t;
   Session& s = t.session;
-  ASSERT_TRUE(readPuzzle(s, test::puzzleFile("exchange_diabolical.sud"), 1038));
+  ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
   s.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, "3"}, std::string(81, '0')});
   s.candidateQueue.insert(QueueEntry{2, 3, 5, 2, "23"});
   s.RuleReductions = 17;
@@ -260,7 +260,7 @@ TEST(RuleHint, ThePreparationEmptiesTheSolverRecords) {
 TEST(RuleHint, AFullLogPutsTheBoardBackAndSaysSo) {
   test::TestSession t;
   Session& s = t.session;
-  ASSERT_TRUE(readPuzzle(s, test::puzzleFile("exchange_diabolical.sud"), 1038));
+  ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
   const BoardSnapshot before = saveBoardSnapshot(s);
   while (s.log.TotalLines() < EventLog::kCapacity - 3) s.logEvent(kStyleNormal, "filler");
   runRuleHint(s, 1);
@@ -294,7 +294,7 @@ TEST(RuleHint, WithManualPlayTheSummariesAreRefreshedAndStaleChoicesKept) {
 TEST(HintLines, ALeftClickSelectsARightClickPlaces) {
   test::ManualSession m;
   Session& s = m.session;
-  ASSERT_TRUE(m.read(test::puzzleFile("exchange_diabolical.sud"), 1038));
+  ASSERT_TRUE(m.read(test::kSingles, test::kDiabolical1038));
   runRuleHint(s, 1, &m.play);
   ASSERT_EQ(s.Hints[2], "Row= 1, Col= 5, Cell= 5, Value= 3");
   hintLineClicked(s, m.play, 0, true);  // the title: nothing

@@ -11,10 +11,10 @@
 #include "model/Session.h"
 #include "play/ManualPlay.h"
 #include "solver/ReadPuzzle.h"
+#include "support/TestSupport.h"
 
 namespace tessaly::test {
 
-inline std::string puzzleFile(const std::string& name) { return std::string(TESSALY_PUZZLES_DIR) + "/" + name; }
 
 /// Puzzle 1 of pe96 and its solution.
 inline const std::string kPe96 = puzzleFile("pe96.sud");

@@ -13,14 +13,6 @@ namespace {
 // Puzzle 1 of the Project Euler set (one solution).
 const std::string kUnique = "..3.2.6..9..3.5..1..18.64....81.29..7.......8..67.82....26.95..8..2.3..9..5.1.3..";
 
-std::string firstLineOf(const std::string& path) {
-  std::ifstream in(path);
-  std::string line;
-  std::getline(in, line);
-  if (!line.empty() && line.back() == '\r') line.pop_back();
-  return line;
-}
-
 TEST(SolutionCounter, AUniquePuzzleHasOneSolution) { EXPECT_EQ(countSolutions(kUnique), 1); }
 
 TEST(SolutionCounter, AnEmptyGridStopsAtTheLimit) {
@@ -56,7 +48,7 @@ TEST(SolutionCounter, ASolvedGridCountsOnce) {
 }
 
 TEST(SolutionCounter, ABenchmarkPuzzleWithSeveralSolutionsGivesTwo) {
-  const std::string puzzle = firstLineOf(std::string(TESSALY_PUZZLES_DIR) + "/serg_benchmark.txt");
+  const std::string puzzle = std::string("8.........95.......76.........426798...571243...893165......916....3.487....1.532");
   ASSERT_EQ(puzzle.size(), 81u);
   EXPECT_EQ(countSolutions(puzzle), 2);
   EXPECT_EQ(countSolutions(puzzle, 1), 1);

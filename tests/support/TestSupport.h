@@ -1,16 +1,47 @@
 #pragma once
-// Helpers shared by the core tests: sessions made from puzzle text, log dumps.
+// Helpers shared by the core and window tests: the shipped test data,
+// sessions made from puzzle text, log dumps, temporary and working folders.
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include <unistd.h>
 
+#include "model/FileUtil.h"
 #include "model/Services.h"
 #include "model/Session.h"
 
 namespace tessaly::test {
+
+/// A file of tests/data, e.g. dataFile("puzzles/pe96.sud").
+inline std::string dataFile(const std::string& name) { return std::string(TESSALY_TEST_DATA_DIR) + "/" + name; }
+/// A puzzle set of tests/data/puzzles, e.g. puzzleFile("top95.sud").
+inline std::string puzzleFile(const std::string& name) { return dataFile("puzzles/" + name); }
+
+/// singles.sud: single puzzles taken from the larger public sets (see
+/// tests/data/README.md), by their number there.
+inline const std::string kSingles = puzzleFile("singles.sud");
+enum Single {
+  kDiabolical9 = 1,
+  kDiabolical118,
+  kDiabolical1038,
+  kDiabolical1875,
+  kKaggleEasy181,
+  kKaggleMedium503,
+  kKaggleMedium506,
+  kKaggleExpert501,
+  kKaggleExpert525,
+  kSergBenchmark1,  ///< has several solutions
+};
+
+inline std::string readFile(const std::string& path) { return readWholeFile(path).value_or(""); }
+
+inline void writeFile(const std::string& path, const std::string& content) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << content;
+}
 
 /// Loads an 81-character puzzle (digits are givens, anything else blank) into the
 /// grid the way a read does: givens carry their digit as candidate.
@@ -60,6 +91,31 @@ inline TempDir::~TempDir() {
   std::error_code ec;
   std::filesystem::remove_all(m_path, ec);
 }
+
+/// Makes `dir` the working folder for the lifetime of the object.
+class WorkingFolder {
+ public:
+  explicit WorkingFolder(const std::filesystem::path& dir) : m_before(std::filesystem::current_path()) {
+    std::filesystem::current_path(dir);
+  }
+  ~WorkingFolder() {
+    std::error_code ec;
+    std::filesystem::current_path(m_before, ec);
+  }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+ private:
+  std::filesystem::path m_before;
+};
+
+/// A fresh temporary folder that is the working folder while it lives: each
+/// test process runs in one, so files written into the working folder (the
+/// event log, printed reports) never meet those of a test running beside it.
+struct ScratchFolder {
+  TempDir dir;
+  WorkingFolder inside{dir.path()};
+};
 
 /// A session whose messages are recorded and whose runs never wait.
 struct TestSession {

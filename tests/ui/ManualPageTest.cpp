@@ -25,7 +25,7 @@
 namespace tessaly {
 namespace {
 
-const std::string kPuzzleFile = std::string(TESSALY_PUZZLES_DIR) + "/pe96.sud";
+const std::string kPuzzleFile = std::string(TESSALY_TEST_DATA_DIR) + "/puzzles/pe96.sud";
 const std::string kSolution =
     "483921657967345821251876493548132976729564138136798245372689514814253769695417382";
 

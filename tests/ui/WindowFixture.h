@@ -27,7 +27,7 @@
 
 namespace tessaly::testing {
 
-inline std::string puzzlePath(const std::string& name) { return std::string(TESSALY_PUZZLES_DIR) + "/" + name; }
+inline std::string puzzlePath(const std::string& name) { return std::string(TESSALY_TEST_DATA_DIR) + "/puzzles/" + name; }
 
 inline std::string readText(const std::string& path) {
   std::ifstream in(path, std::ios::binary);

@@ -1,0 +1,2 @@
+# help prints the same usage
+help

@@ -1,0 +1,2 @@
+# the usage
+--help

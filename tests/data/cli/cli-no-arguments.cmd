@@ -1,0 +1,2 @@
+# no arguments: the usage as an error
+

@@ -1,0 +1,2 @@
+# an unknown subcommand
+frobnicate x

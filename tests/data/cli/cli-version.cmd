@@ -1,0 +1,2 @@
+# the program name and version
+--version

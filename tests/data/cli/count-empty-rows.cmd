@@ -1,0 +1,2 @@
+# empty rows leave their cells blank
+count empty.sud --solutions 1

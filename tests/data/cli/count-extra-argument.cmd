@@ -1,0 +1,2 @@
+# an argument too many
+count @DATA@/puzzles/pe96.sud extra

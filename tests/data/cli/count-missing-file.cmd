@@ -1,0 +1,2 @@
+# a missing collection
+count /nonexistent/file.sud

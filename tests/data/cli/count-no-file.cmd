@@ -1,0 +1,2 @@
+# no file named
+count

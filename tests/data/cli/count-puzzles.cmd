@@ -1,0 +1,2 @@
+# the number of puzzles in a collection
+count @DATA@/puzzles/top95.sud

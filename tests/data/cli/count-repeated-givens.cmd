@@ -1,0 +1,2 @@
+# repeated givens: no solution; the file still counts one puzzle
+count bad.sud --solutions 1

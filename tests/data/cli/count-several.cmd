@@ -1,0 +1,2 @@
+# several solutions
+count @DATA@/puzzles/singles.sud --solutions 10

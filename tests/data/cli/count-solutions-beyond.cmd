@@ -1,0 +1,2 @@
+# a puzzle beyond the last
+count @DATA@/puzzles/pe96.sud --solutions 51

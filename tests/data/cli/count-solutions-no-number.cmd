@@ -1,0 +1,2 @@
+# --solutions without its number
+count @DATA@/puzzles/pe96.sud --solutions

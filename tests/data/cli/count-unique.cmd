@@ -1,0 +1,2 @@
+# one solution
+count @DATA@/puzzles/pe96.sud --solutions 1

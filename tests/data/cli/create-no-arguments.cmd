@@ -1,0 +1,2 @@
+# no options
+create

@@ -1,0 +1,2 @@
+# no distribution
+create --blanks 30

@@ -1,0 +1,2 @@
+# Random: exactly the count
+create --blanks 30 --distribution random --seed 4

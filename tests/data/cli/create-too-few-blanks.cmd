@@ -1,0 +1,2 @@
+# 8 blanks are refused
+create --blanks 8 --distribution random

@@ -1,0 +1,2 @@
+# 73 blanks are refused
+create --blanks 73 --distribution random

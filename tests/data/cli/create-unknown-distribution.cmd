@@ -1,0 +1,2 @@
+# an unknown distribution
+create --blanks 30 --distribution diagonal

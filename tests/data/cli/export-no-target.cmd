@@ -1,0 +1,2 @@
+# no target
+export @DATA@/puzzles/pe96.sud 1

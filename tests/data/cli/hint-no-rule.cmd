@@ -1,0 +1,2 @@
+# no rule given
+hint @DATA@/puzzles/pe96.sud 1

@@ -1,0 +1,2 @@
+# a puzzle number that is not a number
+solve @DATA@/puzzles/pe96.sud x

@@ -1,0 +1,2 @@
+# a missing collection
+solve /nonexistent/file.sud 1

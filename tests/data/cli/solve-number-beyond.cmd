@@ -1,0 +1,2 @@
+# a puzzle number beyond the last puzzle
+solve @DATA@/puzzles/pe96.sud 51

@@ -1,0 +1,2 @@
+# without --raw the style prefix is dropped
+solve @DATA@/puzzles/pe96.sud 1
