@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Line coverage of src/ by the whole test suite (core and window): builds
+# build-cov/ with gcc's coverage instrumentation, runs every test and prints
+# gcovr's summary; scripts/coverage.sh --files also lists each file.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/deps.sh
+TESSALY_PACKAGES+=(gcovr)
+tessaly_install_deps
+export QT_QPA_PLATFORM=offscreen
+
+tessaly_configure build-cov -DCMAKE_BUILD_TYPE=Debug -DTESSALY_BUILD_BENCH=OFF \
+  -DCMAKE_CXX_FLAGS=--coverage -DCMAKE_EXE_LINKER_FLAGS=--coverage
+cmake --build build-cov -j "$TESSALY_JOBS"
+find build-cov -name '*.gcda' -delete
+(cd build-cov && ctest --no-tests=error -j "$TESSALY_JOBS" >/dev/null) || echo "Some tests failed; coverage counts what ran." >&2
+report=(--txt)
+[ "${1:-}" = "--files" ] || report=(--txt-summary --txt /dev/null)
+gcovr -r . --filter 'src/' --object-directory build-cov "${report[@]}" -s
