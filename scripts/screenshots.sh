@@ -2,13 +2,26 @@
 # Makes the README's pictures of the window (docs/*.png) on a virtual display:
 # a stepped solve in progress, a new puzzle on the Create tab, and a puzzle
 # partly played by hand. Run it after ./run or ./test has built the program.
+#
+# The program is copied with its shipped data into a neutral folder,
+# /tmp/Tessaly, and started from there, so the pictures show that folder and
+# no path of the machine that made them.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 program="$top/build/src/ui/tessaly"
 [ -x "$program" ] || { echo "Build the program first (./test or ./run)." >&2; exit 1; }
 command -v xvfb-run > /dev/null || { echo "xvfb-run is missing: apt-get install xvfb xauth" >&2; exit 1; }
-mkdir -p "$top/docs"
+
+place=/tmp/Tessaly
+[ -e "$place" ] && { echo "$place is in the way: remove it first." >&2; exit 1; }
+trap 'rm -rf "$place"' EXIT
+mkdir -p "$place" "$top/docs"
+cp "$program" "$place/"
+(cd "$top/data" && cp Puzzles.sud Permu.txt SuDoKu.htm ./*.sch "$place/")
+
 for tab in autosolve create manual; do
-  xvfb-run -a -s "-screen 0 1600x1200x24" "$program" --screenshot "$tab" "$top/docs/$tab.png"
+  # Each picture starts from the shipped state: no configuration left by the one before.
+  rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
+  (cd "$place" && xvfb-run -a -s "-screen 0 1600x1200x24" ./tessaly --screenshot "$tab" "$top/docs/$tab.png")
   echo "docs/$tab.png"
 done
