@@ -1,5 +1,6 @@
 #include "cli/CliSupport.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
@@ -34,6 +35,11 @@ CliSession::CliSession(const PuzzleOptions& options) {
   services.random = m_random.get();
   m_session = std::make_unique<Session>(services);
   m_session->writesConfiguration = false;
+  // The event log goes to the working folder, or to the user's documents when
+  // the working folder cannot take it.
+  std::error_code ec;
+  m_session->folders.output = chooseOutputFolder(std::filesystem::current_path(ec).string(),
+                                                 xdgUserFolders([](const char* name) { return std::getenv(name); }));
   if (options.ruleOrder) m_session->config.RuleOrder = *options.ruleOrder;
   if (options.maxTries) m_session->config.MaxTries = *options.maxTries;
 }

@@ -53,7 +53,8 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
 
     // Every record is numbered #001 and appended as it stands: PuzTemp.sud is a
     // scratch log of what was created, not a collection to navigate.
-    const std::string path = s.appDir + kTempCollectionName;
+    if (!s.folders.userData.empty()) makeFolder(s.folders.userData);
+    const std::string path = tempCollectionPath(s);
     if (!appendFileAtomically(path, tempRecord())) s.message("Could not write file: " + path);
 
     s.PuzNumNow = kNewPuzzleNumber;
@@ -67,6 +68,10 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     s.ui().setBusy(false);
   }
   return result;
+}
+
+std::string tempCollectionPath(const Session& session) {
+  return (session.folders.userData.empty() ? session.appDir : session.folders.userData) + kTempCollectionName;
 }
 
 bool PuzzleCreator::completeGrid() {

@@ -19,6 +19,9 @@ inline constexpr int kMaxBlanks = 72;
 inline constexpr int kMinBlanks = 9;
 /// The collection every created puzzle is appended to, in the application folder.
 inline constexpr const char* kTempCollectionName = "PuzTemp.sud";
+/// Where created puzzles are appended: the user's data folder when the session
+/// has one, else the application directory.
+std::string tempCollectionPath(const Session& session);
 
 inline constexpr const char* kTooManyBlanks = "Cannot have more than 72 blanks";
 inline constexpr const char* kTooFewBlanks = "Must have at least 9 blanks";

@@ -39,7 +39,9 @@ std::optional<int> readMaxTries(std::string_view line) {
 
 }  // namespace
 
-std::string configurationPath(const Session& session) { return session.appDir + kConfigurationFileName; }
+std::string configurationPath(const Session& session) {
+  return (session.folders.config.empty() ? session.appDir : session.folders.config) + kConfigurationFileName;
+}
 
 void readConfiguration(Session& session) {
   std::string name;  // the remembered collection; "" when the file ends before line 4
@@ -78,6 +80,7 @@ std::string configurationText(const Session& session) {
 
 bool writeConfiguration(Session& session) {
   std::string path = configurationPath(session);
+  if (!session.folders.config.empty()) makeFolder(session.folders.config);
   if (writeFileAtomically(path, configurationText(session))) return true;
   session.message("Could not write file: " + path);
   return false;

@@ -7,6 +7,9 @@
 
 namespace tessaly {
 
+/// The file the Solve command writes the log into.
+inline constexpr const char* kEventLogFileName = "Eventlog.txt";
+
 /// Thrown by a write beyond the log's capacity; the command that runs the write
 /// catches it and tells the user.
 class EventLogFull : public std::runtime_error {

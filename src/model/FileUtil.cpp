@@ -35,6 +35,12 @@ bool writeFileAtomically(const std::string& path, const std::string& content) {
   return true;
 }
 
+bool makeFolder(const std::string& folder) {
+  std::error_code ec;
+  fs::create_directories(folder, ec);
+  return fs::is_directory(folder, ec);
+}
+
 std::optional<std::string> readWholeFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return std::nullopt;

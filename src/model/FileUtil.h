@@ -12,6 +12,8 @@ bool writeFileAtomically(const std::string& path, const std::string& content);
 /// Appends to a file (creating it), through a full rewrite so an error leaves the
 /// old content untouched. False on any error.
 bool appendFileAtomically(const std::string& path, const std::string& content);
+/// Creates the folder and its parents when missing; false when it cannot be made.
+bool makeFolder(const std::string& folder);
 /// The whole file, or nothing when it cannot be read.
 std::optional<std::string> readWholeFile(const std::string& path);
 /// The file's lines; CR LF, LF and CR all end a line.

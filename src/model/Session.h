@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/EventLog.h"
+#include "model/Folders.h"
 #include "model/Interfaces.h"
 #include "model/PuzzleGrid.h"
 #include "model/SolveState.h"
@@ -125,7 +126,8 @@ class Session {
 
   // --- configuration and start-up values
   Configuration config;
-  std::string appDir;  ///< application directory, ending in "/"
+  std::string appDir;  ///< application directory (the shipped data), ending in "/"
+  Folders folders;     ///< where the configuration, created puzzles and output go
   std::array<int, 82> CellOrder{};
   std::array<int, 10> DigitOrder{};
   std::array<int, 10> BoxPositionOrder{};

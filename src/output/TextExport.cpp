@@ -138,7 +138,7 @@ std::string reportFileName(int puzzleNumber, const TimeOfDay& time) {
 }
 
 std::string printToTextFile(Session& session, bool includeLog) {
-  std::string name = reportFileName(session.CurrentPuzzleNumber, session.clock().now());
+  std::string name = pathIn(session.folders.output, reportFileName(session.CurrentPuzzleNumber, session.clock().now()));
   if (!writeFileAtomically(name, reportText(session, includeLog))) {
     session.message("Could not write file: " + name);
     return {};

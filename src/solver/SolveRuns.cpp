@@ -10,7 +10,6 @@ namespace {
 constexpr const char* kNoSolutionStatus = "There appears to be no possible solution to this puzzle.";
 constexpr const char* kProblemMessage =
     "This Puzzle appears to have a problem, please check fixed values for duplicates and solve again";
-constexpr const char* kEventLogFile = "Eventlog.txt";
 }  // namespace
 
 bool SolverEngine::hasBlankCell() const { return s.grid.filledCount() < kCells; }
@@ -115,7 +114,8 @@ void SolverEngine::solveCommand() {
     solveAll();
     // The recorded line count was set to 0 above and no run raises it, so the
     // file is written empty; only a hint records lines for it.
-    if (!s.log.writeTextFile(kEventLogFile)) s.message(std::string("Could not write file: ") + kEventLogFile);
+    const std::string logFile = pathIn(s.folders.output, kEventLogFileName);
+    if (!s.log.writeTextFile(logFile)) s.message("Could not write file: " + logFile);
     s.message("Done");
     s.ui().setBusy(false);
   });

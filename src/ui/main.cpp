@@ -1,25 +1,69 @@
 // The desktop program: one session, one main window.
 
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 
+#include <iostream>
+
+#include "create/Creation.h"
+#include "model/Configuration.h"
+#include "model/Folders.h"
 #include "model/Session.h"
+#include "model/Startup.h"
 #include "ui/Form1.h"
 #include "ui/Screenshots.h"
 #include "Version.h"
+
+namespace {
+
+/// The desktop's folder of that kind; the home folder when it names none, or
+/// (for documents, which the program does not create) when it does not exist.
+std::string standardFolder(QStandardPaths::StandardLocation location) {
+  QString folder = QStandardPaths::writableLocation(location);
+  if (folder.isEmpty() || (location == QStandardPaths::DocumentsLocation && !QDir(folder).exists()))
+    folder = QDir::homePath();
+  return QDir(folder).absolutePath().toStdString() + "/";
+}
+
+/// tessaly --paths: where this copy reads and writes its files, without a window.
+int printPaths(const std::string& dataFolder, const tessaly::Folders& folders) {
+  tessaly::Session session;
+  session.folders = folders;
+  session.writesConfiguration = false;
+  tessaly::startUp(session, dataFolder);
+  std::cout << "collection: " << session.CurrentFile << " (" << session.TotalPuzzles << " puzzles)\n"
+            << "configuration: " << tessaly::configurationPath(session) << "\n"
+            << "created puzzles: " << tessaly::tempCollectionPath(session) << "\n"
+            << "event log: " << tessaly::pathIn(folders.output, tessaly::kEventLogFileName) << "\n";
+  return 0;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Tessaly");
   QApplication::setApplicationVersion(tessaly::kProgramVersion);
 
+  // The shipped data sits beside the executable, or in ../share/tessaly when
+  // installed; what the program writes goes where the user can write.
+  const std::string dataFolder = tessaly::findDataFolder(QApplication::applicationDirPath().toStdString());
+  const tessaly::UserFolders user{standardFolder(QStandardPaths::AppConfigLocation),
+                                  standardFolder(QStandardPaths::AppDataLocation),
+                                  standardFolder(QStandardPaths::DocumentsLocation)};
+  const tessaly::Folders folders = tessaly::chooseFolders(dataFolder, QDir::currentPath().toStdString(), user);
+
+  const QStringList args = QApplication::arguments();
+  if (args.size() == 2 && args[1] == "--paths") return printPaths(dataFolder, folders);
+
   tessaly::Session session;
+  session.folders = folders;
   tessaly::Form1 window(session);
-  // The application directory holds the collection, configuration and scheme files.
-  window.startUp(QApplication::applicationDirPath().toStdString());
+  window.startUp(dataFolder);
   window.show();
   // tessaly --screenshot autosolve|create|manual FILE: saves a picture of the
   // window in that state and quits (for the README's pictures).
-  const QStringList args = QApplication::arguments();
   if (args.size() == 4 && args[1] == "--screenshot")
     tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString());
   return app.exec();
