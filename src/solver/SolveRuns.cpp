@@ -1,7 +1,7 @@
 // Solve runs and the commands that start and pace them.
 
 #include "model/FileUtil.h"
-#include "play/Texts.h"
+#include "solver/Texts.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {

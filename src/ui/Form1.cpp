@@ -14,7 +14,7 @@
 
 #include "model/Configuration.h"
 #include "model/Startup.h"
-#include "play/Texts.h"
+#include "solver/Texts.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "ui/AutoSolveTab.h"

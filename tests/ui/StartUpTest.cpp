@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <filesystem>
 
-#include "play/Texts.h"
+#include "solver/Texts.h"
 #include "WindowFixture.h"
 
 namespace tessaly::testing {

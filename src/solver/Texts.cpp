@@ -1,4 +1,4 @@
-#include "play/Texts.h"
+#include "solver/Texts.h"
 
 namespace tessaly {
 
