@@ -4,7 +4,9 @@
 
 # Compiler and build tools, Qt 6 for the desktop program, GoogleTest for the
 # tests, Google Benchmark for the benchmarks, Xvfb for running the window
-# without a real display.
+# without a real display; help2man for the manual page of tessaly-cli,
+# dpkg-dev for the package's dependencies (dpkg-shlibdeps), and the validators
+# of the launcher and the AppStream metainfo for scripts/check-package.sh.
 TESSALY_PACKAGES=(
   g++
   cmake
@@ -14,6 +16,10 @@ TESSALY_PACKAGES=(
   libbenchmark-dev
   xvfb
   xauth
+  help2man
+  dpkg-dev
+  desktop-file-utils
+  appstream
 )
 
 # Installs the packages that dpkg does not report as installed; does nothing
