@@ -163,7 +163,20 @@ snapshot >"$tmp/before"
   XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM=offscreen \
   timeout 30 "$usr/bin/tessaly" --paths) >"$tmp/paths" 2>"$log"
 status=$?
+# The window itself, offscreen: it starts up on the installed collection,
+# creates a puzzle (appended to the user's PuzTemp.sud), saves a picture of
+# itself and quits.
+(cd "$home/work" && "${as_user[@]}" env -i PATH=/usr/bin:/bin LANG=C.UTF-8 HOME="$home" \
+  XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM=offscreen \
+  timeout 60 "$usr/bin/tessaly" --screenshot create "$home/work/window.png") >"$log.window" 2>&1
+window_status=$?
 snapshot >"$tmp/after"
+if [ "$window_status" -eq 0 ] && [ -s "$home/work/window.png" ] &&
+  [ -s "$home/.local/share/Tessaly/PuzTemp.sud" ]; then
+  pass "the window starts offscreen, creates a puzzle into the user's PuzTemp.sud and quits"
+else
+  fail "the window starts offscreen, creates a puzzle into the user's PuzTemp.sud and quits (exit $window_status)" "$log.window"
+fi
 if [ "$status" -eq 0 ]; then
   pass "tessaly --paths as an unprivileged user"
 else

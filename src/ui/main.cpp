@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QStandardPaths>
 
 #include <iostream>
@@ -45,6 +46,11 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Tessaly");
   QApplication::setApplicationVersion(tessaly::kProgramVersion);
+  // Lets desktop shells match the window to its launcher and icon.
+  QApplication::setDesktopFileName("org.tessaly.Tessaly");
+  QIcon icon;
+  for (const char* size : {"32", "64", "256"}) icon.addFile(QString(":/icons/tessaly-%1.png").arg(size));
+  QApplication::setWindowIcon(icon);
 
   // The shipped data sits beside the executable, or in ../share/tessaly when
   // installed; what the program writes goes where the user can write.
