@@ -1,252 +1,81 @@
-// The CSV and TXT exports and the framed report, compared as whole files.
+// The CSV and TXT exports and the framed report, compared with whole files.
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
+#include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "OutputTestSupport.h"
-#include "model/Services.h"
+#include "SolvedGrid.h"
 #include "output/TextExport.h"
 
 namespace tessaly {
 namespace {
 
-using testing::fillSolvedGrid;
-using testing::readFile;
-using testing::TempDir;
-using testing::WorkingFolder;
+using namespace test;
+using Strings = std::vector<std::string>;
 
-/// The lines joined, each ended by CR LF.
-std::string crlf(std::initializer_list<const char*> lines) {
-  std::string out;
-  for (const char* line : lines) {
-    out += line;
-    out += "\r\n";
+TEST(TextExport, WritesTheSolvedGridFiles) {
+  TempDir dir;
+  Session session;
+  fillSolvedGrid(session);
+  using Writer = bool (*)(const Session&, const std::string&);
+  const std::pair<Writer, const char*> cases[] = {{writeCsvExport, "solved.csv"}, {writeTxtExport, "solved.txt"}};
+  for (const auto& [write, name] : cases) {
+    SCOPED_TRACE(name);
+    writeFile(dir.file(name), std::string(5000, 'x'));  // a longer earlier file goes entirely
+    ASSERT_TRUE(write(session, dir.file(name)));
+    EXPECT_EQ(readFile(dir.file(name)), expectedOutput(name));
+    EXPECT_FALSE(write(session, dir.file("missing/") + name));
   }
-  return out;
 }
 
-const std::string kExpectedCsv = crlf({
-    "PUZZLE",
-    "\"1\",\"\",\"\",\"4\",\"\",\"\",\"\",\"\",\"9\"",
-    "\"\",\"5\",\"\",\"\",\"8\",\"\",\"\",\"\",\"\"",
-    "\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"",
-    "\"2\",\"\",\"4\",\"\",\"6\",\"\",\"8\",\"\",\"1\"",
-    "\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"4\"",
-    "\"8\",\"9\",\"1\",\"2\",\"3\",\"4\",\"5\",\"6\",\"7\"",
-    "\"\",\"\",\"5\",\"\",\"\",\"\",\"\",\"\",\"\"",
-    "\"\",\"\",\"\",\"\",\"1\",\"\",\"\",\"4\",\"\"",
-    "\"\",\"1\",\"\",\"\",\"\",\"\",\"\",\"7\",\"\"",
-    "SOLUTION",
-    "\"1\",\"2\",\"3\",\"4\",\"5\",\"6\",\"7\",\"8\",\"9\"",
-    "\"4\",\"5\",\"6\",\"7\",\"8\",\"9\",\"1\",\"2\",\"3\"",
-    "\"7\",\"8\",\"9\",\"1\",\"2\",\"3\",\"4\",\"5\",\"6\"",
-    "\"2\",\"3\",\"4\",\"5\",\"6\",\"7\",\"8\",\"9\",\"1\"",
-    "\"5\",\"6\",\"7\",\"8\",\"9\",\"1\",\"2\",\"3\",\"4\"",
-    "\"8\",\"9\",\"1\",\"2\",\"3\",\"4\",\"5\",\"6\",\"7\"",
-    "\"3\",\"4\",\"5\",\"6\",\"7\",\"8\",\"9\",\"1\",\"2\"",
-    "\"6\",\"7\",\"8\",\"9\",\"1\",\"2\",\"3\",\"4\",\"5\"",
-    "\"9\",\"1\",\"2\",\"3\",\"4\",\"5\",\"6\",\"7\",\"8\"",
-});
-
-const std::string kExpectedTxt = crlf({
-    "PUZZLE",    "100400009", "050080000", "000000000", "204060801", "000000004", "891234567",
-    "005000000", "000010040", "010000070", "SOLUTION",  "123456789", "456789123", "789123456",
-    "234567891", "567891234", "891234567", "345678912", "678912345", "912345678",
-});
-
-const std::string kPuzzleFrame = crlf({
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 1 |   |   | 4 |   |   |   |   | 9 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "|   | 5 |   |   | 8 |   |   |   |   | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "|   |   |   |   |   |   |   |   |   | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 2 |   | 4 |   | 6 |   | 8 |   | 1 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "|   |   |   |   |   |   |   |   | 4 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 8 | 9 | 1 | 2 | 3 | 4 | 5 | 6 | 7 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "|   |   | 5 |   |   |   |   |   |   | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "|   |   |   |   | 1 |   |   | 4 |   | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "|   | 1 |   |   |   |   |   | 7 |   | ",
-    "+---+---+---+---+---+---+---+---+---+",
-});
-
-const std::string kSolutionFrame = crlf({
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 1 | 2 | 3 | 4 | 5 | 6 | 7 | 8 | 9 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 4 | 5 | 6 | 7 | 8 | 9 | 1 | 2 | 3 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 7 | 8 | 9 | 1 | 2 | 3 | 4 | 5 | 6 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 2 | 3 | 4 | 5 | 6 | 7 | 8 | 9 | 1 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 5 | 6 | 7 | 8 | 9 | 1 | 2 | 3 | 4 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 8 | 9 | 1 | 2 | 3 | 4 | 5 | 6 | 7 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 3 | 4 | 5 | 6 | 7 | 8 | 9 | 1 | 2 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 6 | 7 | 8 | 9 | 1 | 2 | 3 | 4 | 5 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-    "| 9 | 1 | 2 | 3 | 4 | 5 | 6 | 7 | 8 | ",
-    "+---+---+---+---+---+---+---+---+---+",
-});
-
-const std::string kClosing =
-    "\r\nTessaly Puzzle Solution and Creation - version 0.1.0\r\n";
-
-TEST(CsvExport, WritesPuzzleAndSolutionByteForByte) {
-  TempDir dir;
-  Session session;
-  fillSolvedGrid(session);
-  std::string path = dir.file("out.csv");
-  ASSERT_TRUE(writeCsvExport(session, path));
-  EXPECT_EQ(readFile(path), kExpectedCsv);
-}
-
-TEST(CsvExport, RowWithoutGivensIsNinePairsOfEmptyQuotes) {
-  Session session;
-  fillSolvedGrid(session);
-  std::string text = csvExportText(session);
-  EXPECT_NE(text.find("\r\n\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n"), std::string::npos);
-}
-
-TEST(TxtExport, WritesPuzzleAndSolutionByteForByte) {
-  TempDir dir;
-  Session session;
-  fillSolvedGrid(session);
-  std::string path = dir.file("out.txt");
-  ASSERT_TRUE(writeTxtExport(session, path));
-  EXPECT_EQ(readFile(path), kExpectedTxt);
-}
-
-TEST(TxtExport, ReplacesAnEarlierFile) {
-  TempDir dir;
-  Session session;
-  fillSolvedGrid(session);
-  std::string path = dir.file("out.txt");
-  testing::writeFile(path, std::string(5000, 'x'));
-  ASSERT_TRUE(writeTxtExport(session, path));
-  EXPECT_EQ(readFile(path), kExpectedTxt);
-}
-
-TEST(Exports, UnwritablePathFails) {
-  TempDir dir;
-  Session session;
-  fillSolvedGrid(session);
-  EXPECT_FALSE(writeCsvExport(session, dir.file("missing/out.csv")));
-  EXPECT_FALSE(writeTxtExport(session, dir.file("missing/out.txt")));
-}
-
-TEST(ReportFileName, PuzzleNumberAndTimeWithDashes) {
+TEST(Report, FileNameIsPuzzleNumberAndTimeWithDashes) {
   EXPECT_EQ(reportFileName(12, {14, 5, 33, 0}), "P#12@14-05-33.txt");
   EXPECT_EQ(reportFileName(3, {0, 0, 7, 0}), "P#3@00-00-07.txt");
   EXPECT_EQ(reportFileName(125, {23, 59, 59, 0}), "P#125@23-59-59.txt");
 }
 
-TEST(PrintToTextFile, WithoutLogWritesBothFramesInTheWorkingFolder) {
+// Puzzle 12 printed at 14:05:33 into the working folder, with a log of four
+// lines of which three are recorded: only those are printed, without their style.
+TEST(Report, PrintedIntoTheWorkingFolder) {
   TempDir dir;
-  WorkingFolder cwd(dir.path());
+  const std::string folder = dir.file("work");
+  std::filesystem::create_directories(folder);
+  WorkingFolder cwd(folder);
   FixedClock clock({14, 5, 33, 0});
   ScriptedUserInterface ui;
   Session session({&ui, nullptr, nullptr, &clock, nullptr});
   fillSolvedGrid(session);
   session.CurrentPuzzleNumber = 12;
   session.log.append(0, "Apply Rule 2");
-  session.log.RecordedLineCount = 1;
-
-  EXPECT_EQ(printToTextFile(session, false), "P#12@14-05-33.txt");
-
-  std::string expected = "Puzzle Number 12\r\n\r\n" + kPuzzleFrame + "\r\nPuzzle Number 12 Solution\r\n\r\n" +
-                         kSolutionFrame + kClosing;
-  EXPECT_EQ(readFile(dir.file("P#12@14-05-33.txt")), expected);
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0], "Printed to: P#12@14-05-33.txt");
-}
-
-TEST(PrintToTextFile, WithLogWritesLinesUpToTheRecordedCountWithoutStyle) {
-  TempDir dir;
-  WorkingFolder cwd(dir.path());
-  FixedClock clock({9, 41, 2, 0});
-  ScriptedUserInterface ui;
-  Session session({&ui, nullptr, nullptr, &clock, nullptr});
-  fillSolvedGrid(session);
-  session.CurrentPuzzleNumber = 7;
-  session.log.append(0, "Apply Rule 2");
   session.log.append(4, "This puzzle does not appear to have a solution!");
   session.log.append(0, "");
   session.log.append(0, "Not recorded, so not printed");
   session.log.RecordedLineCount = 3;
+  const std::string name = "P#12@14-05-33.txt";
+  auto print = [&](bool includeLog) {
+    ui.messages.clear();
+    EXPECT_EQ(printToTextFile(session, includeLog), name);
+    EXPECT_EQ(ui.messages, Strings{"Printed to: " + name});
+    return readFile(name);
+  };
 
-  EXPECT_EQ(printToTextFile(session, true), "P#7@09-41-02.txt");
-
-  std::string expected = "Puzzle Number 7\r\n\r\n" + kPuzzleFrame +
-                         "\r\nEVENT LOG\r\n"
-                         "Apply Rule 2\r\n"
-                         "This puzzle does not appear to have a solution!\r\n"
-                         "\r\n"
-                         "\r\nPuzzle Number 7 Solution\r\n\r\n" +
-                         kSolutionFrame + kClosing;
-  EXPECT_EQ(readFile(dir.file("P#7@09-41-02.txt")), expected);
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0], "Printed to: P#7@09-41-02.txt");
-}
-
-TEST(PrintToTextFile, LogHeadingStandsAloneWhenNothingIsRecorded) {
-  Session session;
-  fillSolvedGrid(session);
-  session.CurrentPuzzleNumber = 1;
-  session.log.append(0, "Solved");
+  EXPECT_EQ(print(false), expectedOutput("report.txt"));
+  session.grid[CellNumber[1][2]].value = 0;  // a cell not solved yet prints blank
+  const std::string withLog = expectedOutput("report-with-log.txt");
+  EXPECT_EQ(print(true), withLog);
+  // With nothing recorded, as after a plain solve, the heading stands alone.
   session.log.RecordedLineCount = 0;
-  std::string text = reportText(session, true);
-  EXPECT_NE(text.find("\r\nEVENT LOG\r\n\r\nPuzzle Number 1 Solution\r\n"), std::string::npos);
-  EXPECT_EQ(text.find("Solved"), std::string::npos);
-}
-
-TEST(PrintToTextFile, EmptyCellsPrintAsBlanksAndLinesKeepTheirLengths) {
-  Session session;
-  fillSolvedGrid(session);
-  session.grid[CellNumber[1][2]].value = 0;  // a cell the solver has not filled
-  std::string text = reportText(session, false);
-  EXPECT_NE(text.find("| 1 |   | 3 | 4 | 5 | 6 | 7 | 8 | 9 | \r\n"), std::string::npos);
-  std::size_t start = 0;
-  int cellLines = 0;
-  while (start < text.size()) {
-    std::size_t end = text.find("\r\n", start);
-    std::string line = text.substr(start, end - start);
-    if (line.rfind("| ", 0) == 0) {
-      EXPECT_EQ(line.size(), 38u);
-      ++cellLines;
-    }
-    if (line.rfind("+", 0) == 0) {
-      EXPECT_EQ(line.size(), 37u);
-    }
-    start = end + 2;
-  }
-  EXPECT_EQ(cellLines, 18);
-}
-
-TEST(PrintToTextFile, UnwritableFolderIsReported) {
-  TempDir dir;
-  std::filesystem::path sub = std::filesystem::path(dir.path()) / "sub";
-  std::filesystem::create_directories(sub);
-  WorkingFolder cwd(sub);
-  std::filesystem::remove(sub);  // the working folder is gone: nothing can be written there
-  FixedClock clock({1, 2, 3, 0});
-  ScriptedUserInterface ui;
-  Session session({&ui, nullptr, nullptr, &clock, nullptr});
-  session.CurrentPuzzleNumber = 4;
+  std::string headingOnly = withLog;
+  const std::size_t logLines = withLog.find("EVENT LOG\r\n") + 11;
+  headingOnly.erase(logLines, withLog.find("\r\nPuzzle Number 12 Solution") - logLines);
+  EXPECT_EQ(print(true), headingOnly);
+  std::filesystem::remove_all(folder);  // nothing can be written into a folder that is gone
+  ui.messages.clear();
   EXPECT_EQ(printToTextFile(session, false), "");
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0], "Could not write file: P#4@01-02-03.txt");
+  EXPECT_EQ(ui.messages, Strings{"Could not write file: " + name});
 }
 
 }  // namespace
