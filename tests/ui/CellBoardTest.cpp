@@ -1,5 +1,6 @@
-// The grid and candidate display on their own: what they show for a cell and
-// how clicks and keys on the grid are reported.
+// The grid and candidate display on their own: what they show for a cell in
+// each paint state, and how clicks and keys on the grid are reported (the
+// window's tests follow double-clicks and the pointer on to the pages).
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ class CellBoardTest : public ::testing::Test {
     board.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&board));
   }
-  QColor back(QLabel* label) const { return label->palette().color(QPalette::Window); }
+  static QColor back(QLabel* label) { return label->palette().color(QPalette::Window); }
   static QColor qc(const Rgb& c) { return QColor(c.red, c.green, c.blue); }
 
   Session session;
@@ -28,47 +29,38 @@ class CellBoardTest : public ::testing::Test {
   CellBoard board;
 };
 
-TEST_F(CellBoardTest, ShowsValuesCandidatesAndSinglesInTheGivenColours) {
+TEST_F(CellBoardTest, ShowsEachPaintStateInItsSchemeColourUntilCleared) {
   session.grid[1] = Cell{5, true, CandidateSet::of(5)};
   session.grid[2] = Cell{0, false, CandidateSet::fromText("37")};
   session.grid[3] = Cell{0, false, CandidateSet::fromText("8")};
   board.setPaint(1, CellPaint::Given);
+  board.setPaint(5, CellPaint::Placed);
+  board.setPaint(6, CellPaint::Dead);
+  board.setPaint(7, CellPaint::Retry);
+  board.highlightArea(80, 0, 0, 9);
   board.refreshFromSession();
 
   EXPECT_EQ(board.valueBox(1)->text(), "5");
   EXPECT_TRUE(board.valueBox(1)->font().bold());
-  EXPECT_EQ(board.candidateLabel(1)->text(), "5");
   EXPECT_EQ(board.candidateLabel(2)->text(), "37");
-  EXPECT_EQ(back(board.candidateLabel(1)), qc(scheme.givenBack));
-  EXPECT_EQ(back(board.candidateLabel(2)), qc(scheme.candidateBack));
-  EXPECT_EQ(back(board.candidateLabel(3)), qc(scheme.givenBack));  // a single
-  EXPECT_EQ(back(board.valueBox(1)), qc(scheme.givenBack));
-}
+  const struct {
+    QLabel* label;
+    Rgb back;
+  } expected[] = {
+      {board.valueBox(1), scheme.givenBack},        {board.candidateLabel(1), scheme.givenBack},
+      {board.candidateLabel(2), scheme.candidateBack},
+      {board.candidateLabel(3), scheme.givenBack},  // a single stands out like a given
+      {board.valueBox(5), scheme.highlightRed},     {board.candidateLabel(5), scheme.highlightRed},
+      {board.candidateLabel(6), scheme.colour[6]},  {board.candidateLabel(7), scheme.highlightGreen},
+      {board.candidateLabel(80), scheme.colour[13]},  // the highlighted cell
+      {board.candidateLabel(81), scheme.colour[9]},   // its area, box 9
+  };
+  for (const auto& e : expected) EXPECT_EQ(back(e.label), qc(e.back)) << e.label->objectName().toStdString();
 
-TEST_F(CellBoardTest, AreaHighlightsLastUntilRestored) {
-  board.highlightArea(10, 0, 0, 1);
-  board.refreshFromSession();
-  EXPECT_EQ(back(board.candidateLabel(10)), qc(scheme.colour[13]));
-  EXPECT_EQ(back(board.candidateLabel(21)), qc(scheme.colour[9]));
-  EXPECT_EQ(back(board.candidateLabel(4)), qc(scheme.candidateBack));
+  board.clearPaints();
   board.restoreHighlight();
   board.refreshFromSession();
-  EXPECT_EQ(back(board.candidateLabel(10)), qc(scheme.candidateBack));
-  EXPECT_EQ(back(board.candidateLabel(21)), qc(scheme.candidateBack));
-}
-
-TEST_F(CellBoardTest, PlacedDeadAndRetryCellsStandOut) {
-  board.setPaint(5, CellPaint::Placed);
-  board.setPaint(6, CellPaint::Dead);
-  board.setPaint(7, CellPaint::Retry);
-  board.refreshFromSession();
-  EXPECT_EQ(back(board.candidateLabel(5)), qc(scheme.highlightRed));
-  EXPECT_EQ(back(board.valueBox(5)), qc(scheme.highlightRed));
-  EXPECT_EQ(back(board.candidateLabel(6)), qc(scheme.colour[6]));
-  EXPECT_EQ(back(board.candidateLabel(7)), qc(scheme.highlightGreen));
-  board.clearPaints();
-  board.refreshFromSession();
-  EXPECT_EQ(back(board.candidateLabel(5)), qc(scheme.candidateBack));
+  for (int cell : {5, 6, 7, 80, 81}) EXPECT_EQ(back(board.candidateLabel(cell)), qc(scheme.candidateBack)) << cell;
 }
 
 TEST_F(CellBoardTest, ReportsClicksAndKeysWithTheirCell) {
@@ -79,6 +71,7 @@ TEST_F(CellBoardTest, ReportsClicksAndKeysWithTheirCell) {
   ASSERT_EQ(clicks.count(), 1);
   EXPECT_EQ(clicks[0][0].toInt(), 40);
   EXPECT_EQ(clicks[0][1].value<Qt::MouseButton>(), Qt::RightButton);
+  // Keys go to the value box last pressed.
   QTest::mouseClick(board.valueBox(41), Qt::LeftButton);
   QTest::keyClick(board.findChild<QWidget*>("Grid"), Qt::Key_7);
   ASSERT_EQ(keys.count(), 1);

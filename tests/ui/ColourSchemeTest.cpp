@@ -1,8 +1,7 @@
-// Colour schemes: reading .sch files into the colour table, the defaults, and
-// choosing a scheme from the menu.
+// Colour schemes: reading .sch files, choosing a scheme from the menu, and the
+// scheme remembered in Quorrel.cfg at start-up.
 
 #include <QLabel>
-#include <filesystem>
 
 #include "ui/ColourScheme.h"
 #include "WindowFixture.h"
@@ -18,179 +17,67 @@ std::string schemeText() {
   return text;
 }
 
-Rgb entry(int i) { return Rgb{i, 10 * i, 20 * i}; }
-
-TEST(ColourSchemeFile, ReadsTwelveLinesOfRedGreenBlue) {
-  const auto entries = ColourScheme::parse(schemeText());
-  ASSERT_TRUE(entries);
-  EXPECT_EQ((*entries)[0], Rgb{});
-  for (int i = 1; i <= 12; ++i) EXPECT_EQ((*entries)[std::size_t(i)], entry(i)) << i;
-  EXPECT_EQ((*entries)[13], Rgb{});
-}
-
-TEST(ColourSchemeFile, ReadsFieldsByTheirNumericValue) {
-  std::string text = " 240; 12abc ;x\r\n7\r\n300;-5;1;99\r\n";
-  for (int i = 4; i <= 13; ++i) text += "1;2;3\r\n";
-  const auto entries = ColourScheme::parse(text);
-  ASSERT_TRUE(entries);
-  EXPECT_EQ((*entries)[1], (Rgb{240, 12, 0}));
-  EXPECT_EQ((*entries)[2], (Rgb{7, 0, 0}));
-  EXPECT_EQ((*entries)[3], (Rgb{255, 0, 1}));
-  EXPECT_EQ((*entries)[12], (Rgb{1, 2, 3}));
-}
-
-TEST(ColourSchemeFile, AFileOfFewerThanTwelveLinesCannotBeRead) {
+TEST(ColourSchemeFile, ReadsTwelveLinesOfRedGreenBlueByTheirNumericValue) {
+  std::string odd = " 240; 12abc ;x\r\n7\r\n300;-5;1;99\r\n";
+  for (int i = 4; i <= 13; ++i) odd += "1;2;3\r\n";
+  const auto plain = ColourScheme::parse(schemeText());
+  const auto read = ColourScheme::parse(odd);
+  ASSERT_TRUE(plain && read);
+  EXPECT_EQ((*plain)[0], Rgb{});
+  for (int i = 1; i <= 12; ++i) EXPECT_EQ((*plain)[std::size_t(i)], (Rgb{i, 10 * i, 20 * i})) << i;
+  EXPECT_EQ((*plain)[13], Rgb{});
+  EXPECT_EQ((*read)[1], (Rgb{240, 12, 0}));
+  EXPECT_EQ((*read)[2], (Rgb{7, 0, 0}));
+  EXPECT_EQ((*read)[3], (Rgb{255, 0, 1}));
+  // Fewer than twelve lines cannot be read.
   EXPECT_FALSE(ColourScheme::parse("1;2;3\r\n4;5;6\r\n"));
   EXPECT_FALSE(ColourScheme::parse(""));
 }
 
-TEST(ColourSchemeTable, DefaultsAreTheProgramsOwnColours) {
-  ColourScheme scheme;
-  EXPECT_FALSE(scheme.fromFile());
-  EXPECT_EQ(scheme.candidateBack, (Rgb{240, 240, 240}));
-  EXPECT_EQ(scheme.candidateText, (Rgb{1, 1, 1}));
-  EXPECT_EQ(scheme.givenBack, (Rgb{180, 180, 180}));
-  EXPECT_EQ(scheme.givenText, (Rgb{1, 1, 1}));
-  EXPECT_EQ(scheme.colour[5], (Rgb{250, 250, 250}));
-  EXPECT_EQ(scheme.colour[6], (Rgb{250, 10, 10}));
-  EXPECT_EQ(scheme.colour[7], (Rgb{1, 1, 1}));
-  EXPECT_EQ(scheme.colour[8], (Rgb{250, 250, 250}));
-  EXPECT_EQ(scheme.colour[9], (Rgb{20, 160, 20}));
-  EXPECT_EQ(scheme.colour[10], (Rgb{10, 10, 10}));
-  EXPECT_EQ(scheme.colour[11], (Rgb{20, 160, 20}));
-  EXPECT_EQ(scheme.colour[12], (Rgb{10, 10, 10}));
-  EXPECT_EQ(scheme.colour[13], (Rgb{250, 1, 1}));
-  EXPECT_EQ(scheme.colour[14], (Rgb{250, 250, 250}));
-  EXPECT_EQ(scheme.highlightGreen, (Rgb{10, 160, 10}));
-  EXPECT_EQ(scheme.highlightRed, (Rgb{255, 0, 0}));
-}
-
-TEST(ColourSchemeTable, SchemeEntriesFeedTheColourValuesAndEntriesZeroAndThirteenAreBlack) {
-  ColourScheme scheme;
-  scheme.useEntries(*ColourScheme::parse(schemeText()));
-  EXPECT_TRUE(scheme.fromFile());
-  EXPECT_EQ(scheme.candidateBack, entry(2));
-  EXPECT_EQ(scheme.candidateText, Rgb{});
-  EXPECT_EQ(scheme.givenBack, entry(4));
-  EXPECT_EQ(scheme.givenText, Rgb{});
-  EXPECT_EQ(scheme.colour[5], entry(2));
-  EXPECT_EQ(scheme.colour[6], Rgb{});
-  EXPECT_EQ(scheme.colour[7], entry(3));
-  EXPECT_EQ(scheme.colour[8], entry(7));
-  EXPECT_EQ(scheme.colour[9], entry(5));
-  EXPECT_EQ(scheme.colour[10], entry(9));
-  EXPECT_EQ(scheme.colour[11], entry(5));
-  EXPECT_EQ(scheme.colour[12], entry(11));
-  EXPECT_EQ(scheme.colour[13], entry(3));
-  EXPECT_EQ(scheme.colour[14], Rgb{});
-  EXPECT_EQ(scheme.highlightGreen, Rgb{});
-  EXPECT_EQ(scheme.highlightRed, (Rgb{255, 0, 0}));
-  EXPECT_EQ(scheme.windowBack, entry(1));
-  EXPECT_EQ(scheme.solutionsBack, entry(6));
-  EXPECT_EQ(scheme.puzzleFrameBack, entry(8));
-  EXPECT_EQ(scheme.candidateFrameBack, entry(10));
-  EXPECT_EQ(scheme.statusBack, entry(12));
-}
-
-TEST(ColourSchemeTable, OnlyEighteenMenuFiles) {
-  ASSERT_EQ(ColourScheme::kMenuFiles.size(), 18u);
-  EXPECT_STREQ(ColourScheme::kMenuFiles[0], "bandw.sch");
-  EXPECT_STREQ(ColourScheme::kMenuFiles[2], "Default.sch");
-  EXPECT_STREQ(ColourScheme::kMenuFiles[17], "WinClass.sch");
-}
-
-class ColourSchemeLoading : public WindowFixture {};
-
-TEST_F(ColourSchemeLoading, AnEmptyNameGivesTheDefaultsWithoutAMessage) {
-  session.appDir = appDir();
-  ColourScheme scheme;
-  EXPECT_FALSE(scheme.load(session, ""));
-  EXPECT_TRUE(ui.messages.empty());
-  EXPECT_EQ(scheme.candidateBack, (Rgb{240, 240, 240}));
-}
-
-TEST_F(ColourSchemeLoading, AMissingFileIsReportedAndForgotten) {
-  session.appDir = appDir();
-  session.config.ColourSchemeFile = "Sky.sch";
-  ColourScheme scheme;
-  scheme.useEntries(*ColourScheme::parse(schemeText()));
-  EXPECT_FALSE(scheme.load(session, "Sky.sch"));
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0], "Color Scheme File: Sky.sch not found, defaults will be used");
-  EXPECT_EQ(session.config.ColourSchemeFile, "");
-  EXPECT_FALSE(scheme.fromFile());
-  EXPECT_EQ(scheme.candidateBack, (Rgb{240, 240, 240}));
-}
-
-TEST_F(ColourSchemeLoading, AFileOfTheApplicationDirectoryIsRemembered) {
-  session.appDir = appDir();
-  writeText(appDir() + "Sky.sch", schemeText());
-  ColourScheme scheme;
-  EXPECT_TRUE(scheme.load(session, "Sky.sch"));
-  EXPECT_EQ(session.config.ColourSchemeFile, "Sky.sch");
-  EXPECT_EQ(scheme.candidateBack, entry(2));
+/// Quorrel.cfg with the scheme and collection named.
+std::string config(const std::string& scheme, const std::string& collection) {
+  return " 250 \r\n23456\r\n" + scheme + "\r\n" + collection + "\r\n";
 }
 
 class ColourSchemeMenu : public WindowFixture {
  protected:
-  QColor labelBack(int cell) const {
-    return window->findChild<QLabel*>(QString("PosVals_%1").arg(cell))->palette().color(QPalette::Window);
-  }
-  std::string configLine(int n) const {
-    std::string text = readText(appDir() + "Quorrel.cfg");
-    for (int i = 1; i < n; ++i) text = text.substr(text.find("\r\n") + 2);
-    return text.substr(0, text.find("\r\n"));
-  }
+  QColor back(const char* name) const { return child<QWidget>(name)->palette().color(QPalette::Window); }
 };
 
-TEST_F(ColourSchemeMenu, AChosenSchemeRepaintsTheGridAndIsWrittenToTheConfiguration) {
-  writeText(appDir() + "brick.sch", schemeText());
-  startWithPuzzle(puzzlePath("pe96.sud"), 1);
-  const int ordinaryCell = 1;  // blank in puzzle 1, with several candidates
-  ASSERT_FALSE(session.grid[ordinaryCell].given);
-  ASSERT_GT(session.grid[ordinaryCell].candidates.size(), 1);
-  EXPECT_EQ(labelBack(ordinaryCell), QColor(240, 240, 240));
-  ui.messages.clear();
-
+TEST_F(ColourSchemeMenu, AChosenSchemeRepaintsTheWindowAndIsWrittenToTheConfiguration) {
+  writeFile(appDir() + "brick.sch", schemeText());
+  writeFile(appDir() + "Quorrel.cfg", config("", "Puzzles.sud"));
+  startWithPuzzle();
+  ui.messages.clear();  // no default collection in the scratch folder
   action("mnuColx_1")->trigger();
   EXPECT_TRUE(ui.messages.empty());
-  EXPECT_EQ(labelBack(ordinaryCell), QColor(2, 20, 40));
-  EXPECT_EQ(labelBack(3), QColor(4, 40, 80));  // a given
-  const auto back = [&](const char* name) { return child<QWidget>(name)->palette().color(QPalette::Window); };
+  EXPECT_EQ(back("PosVals_1"), QColor(2, 20, 40));  // candidate background: entry 2
+  EXPECT_EQ(back("PosVals_3"), QColor(4, 40, 80));  // a given: entry 4
   EXPECT_EQ(back("PuzNumber"), QColor(8, 80, 160));
   EXPECT_EQ(back("SolutionsFrame"), QColor(6, 60, 120));
   EXPECT_EQ(back("PosValsFrame"), QColor(10, 100, 200));
-  EXPECT_EQ(back("Grid"), QColor(2, 20, 40));
-  EXPECT_TRUE(action("mnuColx_1")->isChecked());
-  EXPECT_EQ(configLine(3), "brick.sch");
-}
+  EXPECT_EQ(readFile(appDir() + "Quorrel.cfg"), config("brick.sch", "pe96.sud"));
 
-TEST_F(ColourSchemeMenu, AMissingSchemeFileBringsBackTheDefaults) {
-  writeText(appDir() + "brick.sch", schemeText());
-  startWithPuzzle(puzzlePath("pe96.sud"), 1);
-  action("mnuColx_1")->trigger();
-  ui.messages.clear();
+  // A menu entry without its file brings the defaults back and is forgotten.
   action("mnuColx_0")->trigger();
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0], "Color Scheme File: bandw.sch not found, defaults will be used");
-  EXPECT_EQ(labelBack(1), QColor(240, 240, 240));
-  EXPECT_EQ(configLine(3), "");
+  EXPECT_EQ(ui.messages, std::vector<std::string>{"Color Scheme File: bandw.sch not found, defaults will be used"});
+  EXPECT_EQ(back("PosVals_1"), QColor(240, 240, 240));
+  EXPECT_EQ(readFile(appDir() + "Quorrel.cfg"), config("", "pe96.sud"));
   EXPECT_FALSE(action("mnuColx_1")->isChecked());
 }
 
-TEST_F(ColourSchemeMenu, StartUpAppliesTheRememberedScheme) {
-  writeText(appDir() + "brick.sch", schemeText());
-  writeText(appDir() + "Quorrel.cfg", " 250 \r\n23456\r\nbrick.sch\r\nPuzzles.sud\r\n");
-  startWithPuzzle(puzzlePath("pe96.sud"), 1);
-  EXPECT_TRUE(window->colourScheme().fromFile());
-  EXPECT_EQ(labelBack(1), QColor(2, 20, 40));
+TEST_F(ColourSchemeMenu, StartUpAppliesTheRememberedSchemeOrReportsItMissing) {
+  writeFile(appDir() + "brick.sch", schemeText());
+  writeFile(appDir() + "Quorrel.cfg", config("brick.sch", "Puzzles.sud"));
+  startWithPuzzle();
+  EXPECT_EQ(back("PosVals_1"), QColor(2, 20, 40));
   EXPECT_TRUE(action("mnuColx_1")->isChecked());
-}
 
-TEST_F(ColourSchemeMenu, StartUpWithAMissingSchemeReportsItOnce) {
-  writeText(appDir() + "Quorrel.cfg", " 250 \r\n23456\r\nSky.sch\r\nPuzzles.sud\r\n");
+  window.reset();
+  ui.messages.clear();
+  writeFile(appDir() + "Quorrel.cfg", config("Sky.sch", "Puzzles.sud"));
   startWindow();
-  ASSERT_GE(ui.messages.size(), 1u);
+  ASSERT_FALSE(ui.messages.empty());
   EXPECT_EQ(ui.messages[0], "Color Scheme File: Sky.sch not found, defaults will be used");
   EXPECT_EQ(session.config.ColourSchemeFile, "");
 }

@@ -1,76 +1,98 @@
-// The main window as the user first sees it: the three mode tabs and the 81
-// value boxes of the grid.
+// The main window: start-up on the application directory, which way out writes
+// Quorrel.cfg, and the mode tabs handing the grid's clicks and keys to their pages.
 
-#include <gtest/gtest.h>
-
-#include <QLabel>
+#include <QCoreApplication>
+#include <QEnterEvent>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QRadioButton>
 #include <QTabBar>
-#include <QTest>
+#include <filesystem>
 
-#include "model/Services.h"
-#include "model/Session.h"
-#include "ui/Form1.h"
+#include "play/Explanation.h"
+#include "play/Hints.h"
+#include "solver/Texts.h"
+#include "WindowFixture.h"
 
-namespace tessaly {
+namespace tessaly::testing {
 namespace {
 
-class MainWindowTest : public ::testing::Test {
+class MainWindowTest : public WindowFixture {
  protected:
-  MainWindowTest() : window(session, &ui) {
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+  std::string configPath() const { return appDir() + "Quorrel.cfg"; }
+  void selectTab(int index) {
+    auto* tabs = child<QTabBar>("ctlTabs");
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+    EXPECT_EQ(session.controls.currentTab, index + 1);
   }
-
-  ScriptedUserInterface ui;
-  Session session;
-  Form1 window;
 };
 
-TEST_F(MainWindowTest, IsTheFormTitledTessaly) {
-  EXPECT_EQ(window.objectName(), "Form1");
-  EXPECT_EQ(window.windowTitle(), "Tessaly");
+TEST_F(MainWindowTest, StartUpShowsTheDefaultCollectionAndTheWelcomeText) {
+  std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
+  startWindow();
+  EXPECT_EQ(child<QGroupBox>("PuzNumber")->title(), "Total Puzzles 50");
+  EXPECT_EQ(child<QLineEdit>("FileNow")->text().toStdString(), appDir() + "Puzzles.sud");
+  EXPECT_TRUE(ui.messages.empty());
+  ASSERT_EQ(logView()->TotalLines(), int(kWelcomeText.size()));
+  EXPECT_EQ(logView()->lineText(1).toStdString(), kWelcomeText[0]);
+  EXPECT_EQ(logView()->lastVisibleLine(), logView()->TotalLines());
 }
 
-TEST_F(MainWindowTest, OffersTheThreeModeTabsInOrder) {
-  auto* tabs = window.findChild<QTabBar*>("ctlTabs");
-  ASSERT_NE(tabs, nullptr);
-  ASSERT_EQ(tabs->count(), 3);
-  EXPECT_EQ(tabs->tabText(0), "AutoSolve");
-  EXPECT_EQ(tabs->tabText(1), "Create");
-  EXPECT_EQ(tabs->tabText(2), "ManualSolve");
+TEST_F(MainWindowTest, ExitWritesTheConfiguration) {
+  writeFile(configPath(), " 300 \r\n3456\r\n\r\nPuzzles.sud\r\n");
+  std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
+  startWindow();
+  std::filesystem::remove(configPath());
+  action("mnuexit")->trigger();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(readFile(configPath()), " 300 \r\n3456\r\n\r\nPuzzles.sud\r\n");
 }
 
-TEST_F(MainWindowTest, ClickingATabMakesItCurrent) {
-  auto* tabs = window.findChild<QTabBar*>("ctlTabs");
-  ASSERT_NE(tabs, nullptr);
-  QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(2).center());
-  EXPECT_EQ(tabs->currentIndex(), 2);
+TEST_F(MainWindowTest, ClosingTheWindowDoesNotWriteTheConfiguration) {
+  startWindow();
+  window->close();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_FALSE(std::filesystem::exists(configPath()));
 }
 
-TEST_F(MainWindowTest, HasEightyOneValueBoxesWithTheirCellNumbers) {
-  auto* grid = window.findChild<QWidget*>("Grid");
-  ASSERT_NE(grid, nullptr);
-  for (int slot = 0; slot < 81; ++slot) {
-    auto* box = grid->findChild<QLabel*>(QString("Grid_%1").arg(slot));
-    ASSERT_NE(box, nullptr) << "slot " << slot;
-    EXPECT_EQ(box->toolTip(), QString::number(slot + 1));
-    EXPECT_TRUE(box->isVisible());
-  }
+TEST_F(MainWindowTest, TheManualSolveTabTakesTheGridsClicksAndKeys) {
+  startWithPuzzle();
+  selectTab(Form1::ManualSolvePage);
+  EXPECT_TRUE(child("ManualTab")->isVisible());
+  // Cell 1 of the puzzle has the choices 45 and the solution 4.
+  QTest::mouseClick(window->valueBox(1), Qt::LeftButton);
+  QTest::keyClick(window.get(), Qt::Key_4);
+  EXPECT_EQ(window->valueBox(1)->text(), "4");
+  EXPECT_EQ(child<QListWidget>("LogManual")->item(0)->text(), "C01 = 4");
+  QTest::mouseDClick(window->valueBox(2), Qt::LeftButton);  // the drop-down of the cell's choices
+  EXPECT_TRUE(child<QMenu>("mnuChoices")->isVisible());
+  child<QMenu>("mnuChoices")->hide();
+
+  // The candidate labels: a click explains the choices, the pointer reads them out.
+  QTest::mouseClick(window->findChild<QLabel*>("PosVals_5"), Qt::LeftButton);
+  ASSERT_GT(child<QListWidget>("Explanation")->count(), 0);
+  EXPECT_EQ(child<QListWidget>("Explanation")->item(0)->text().toStdString(), explainCandidates(session, 5).lines[0]);
+  QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+  QCoreApplication::sendEvent(window->findChild<QLabel*>("PosVals_5"), &enter);
+  EXPECT_EQ(child<QLabel>("PointerReadout")->text().toStdString(), candidateReadout(session, 5));
 }
 
-TEST_F(MainWindowTest, LaysTheBoxesOutRowByRowWithGapsBetweenTheBoxes) {
-  auto at = [&](int row, int col) { return window.valueBox((row - 1) * 9 + col)->geometry(); };
-  const int step = at(1, 2).left() - at(1, 1).left();
-  EXPECT_GT(step, 0);
-  // Same step inside a box, a wider one before columns and rows 4 and 7.
-  EXPECT_EQ(at(1, 3).left() - at(1, 2).left(), step);
-  EXPECT_GT(at(1, 4).left() - at(1, 3).left(), step);
-  EXPECT_GT(at(1, 7).left() - at(1, 6).left(), step);
-  EXPECT_EQ(at(2, 1).top() - at(1, 1).top(), step);
-  EXPECT_GT(at(4, 1).top() - at(3, 1).top(), step);
-  EXPECT_GT(at(7, 1).top() - at(6, 1).top(), step);
-  EXPECT_EQ(at(9, 9).top(), at(9, 1).top());
+TEST_F(MainWindowTest, TheCreateTabFillsTheWindowsGrid) {
+  startWindow();
+  selectTab(Form1::CreatePage);
+  EXPECT_TRUE(child("CreateTab")->isVisible());
+  EXPECT_FALSE(child("SolutionsFrame")->isVisible());
+  child<QLineEdit>("TotBlanks")->setText("40");
+  child<QRadioButton>("Distribution_1")->setChecked(true);  // by Box: 4 blanks a box
+  click("CreateCommand");
+  int shownBlank = 0;
+  for (int c = 1; c <= kCells; ++c) shownBlank += window->valueBox(c)->text().isEmpty();
+  EXPECT_EQ(shownBlank, 36);
+  selectTab(Form1::AutoSolvePage);
+  EXPECT_TRUE(child("SolutionsFrame")->isVisible());
 }
 
 }  // namespace
-}  // namespace tessaly
+}  // namespace tessaly::testing

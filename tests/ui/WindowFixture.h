@@ -1,61 +1,33 @@
 #pragma once
-// A main window on a scratch application directory, with scripted message
-// boxes, file choosers and random numbers, and helpers to click through it.
-// Files the commands write into the working folder land in a scratch folder too.
+// A main window on a scratch folder that is both its application directory and
+// the working folder (where Eventlog.txt and the reports go), with scripted
+// message boxes, file choosers and random numbers, and helpers to click through it.
 
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QDir>
 #include <QLabel>
-#include <QProgressBar>
-#include <QTabBar>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include "model/Services.h"
 #include "model/Session.h"
+#include "support/TestSupport.h"
 #include "ui/Form1.h"
 #include "ui/cTxtBox.h"
 
 namespace tessaly::testing {
 
-inline std::string puzzlePath(const std::string& name) { return std::string(TESSALY_TEST_DATA_DIR) + "/puzzles/" + name; }
-
-inline std::string readText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-inline void writeText(const std::string& path, const std::string& text) {
-  std::ofstream out(path, std::ios::binary);
-  out << text;
-}
+using test::puzzleFile;
+using test::readFile;
+using test::writeFile;
 
 class WindowFixture : public ::testing::Test {
  protected:
-  WindowFixture() : session(Services{&ui, nullptr, nullptr, nullptr, &random}) {
-    m_previousDir = std::filesystem::current_path();
-    std::filesystem::current_path(m_workDir.path().toStdString());
-  }
-  ~WindowFixture() override {
-    window.reset();
-    std::filesystem::current_path(m_previousDir);
-  }
-
-  /// The application directory, ending in "/".
-  std::string appDir() const { return m_appDir.path().toStdString() + "/"; }
-  /// The working folder, where Eventlog.txt and the reports go.
-  std::string workDir() const { return m_workDir.path().toStdString() + "/"; }
+  /// The application directory, ending in "/"; also the working folder.
+  std::string appDir() const { return m_scratch.dir.dir(); }
 
   /// Builds the window, runs its start-up on the application directory and shows it.
   void startWindow() {
@@ -64,12 +36,10 @@ class WindowFixture : public ::testing::Test {
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   }
-
-  /// Starts the window and reads puzzle n of a collection through File > Open
-  /// (n = 1) or the collection read.
-  void startWithPuzzle(const std::string& collection, int n = 1) {
+  /// Starts the window and reads puzzle n of pe96.
+  void startWithPuzzle(int n = 1) {
     startWindow();
-    window->readPuzzleFile(collection, n);
+    window->readPuzzleFile(puzzleFile("pe96.sud"), n);
   }
 
   template <class T = QWidget>
@@ -87,35 +57,20 @@ class WindowFixture : public ::testing::Test {
     QWidget* box = child<QWidget>(name);
     QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
   }
-  QString text(const char* name) const {
-    if (auto* label = window->findChild<QLabel*>(name)) return label->text();
-    return QString();
-  }
   cTxtBox* logView() const { return window->eventLogView(); }
   std::string lastLogLine() const {
     const int n = session.log.TotalLines();
     return n ? std::string(session.log.text(n)) : std::string();
   }
-  std::vector<std::string> logTexts() const {
-    std::vector<std::string> texts;
-    for (int n = 1; n <= session.log.TotalLines(); ++n) texts.emplace_back(session.log.text(n));
-    return texts;
-  }
-  bool logHas(const std::string& text) const {
-    for (const auto& line : logTexts())
-      if (line == text) return true;
-    return false;
-  }
-
-  ScriptedUserInterface ui;
-  ScriptedRandom random{{0.5}};
-  Session session;
-  std::unique_ptr<Form1> window;
 
  private:
-  QTemporaryDir m_appDir;
-  QTemporaryDir m_workDir;
-  std::filesystem::path m_previousDir;
+  test::ScratchFolder m_scratch;  // made first, gone last
+
+ protected:
+  ScriptedUserInterface ui;
+  ScriptedRandom random{{0.5}};
+  Session session{Services{&ui, nullptr, nullptr, nullptr, &random}};
+  std::unique_ptr<Form1> window;
 };
 
 }  // namespace tessaly::testing
