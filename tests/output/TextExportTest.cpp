@@ -54,7 +54,8 @@ TEST(Report, PrintedIntoTheWorkingFolder) {
   session.log.append(0, "");
   session.log.append(0, "Not recorded, so not printed");
   session.log.RecordedLineCount = 3;
-  const std::string name = "P#12@14-05-33.txt";
+  // The message names the file in full.
+  const std::string name = (std::filesystem::current_path() / "P#12@14-05-33.txt").string();
   auto print = [&](bool includeLog) {
     ui.messages.clear();
     EXPECT_EQ(printToTextFile(session, includeLog), name);
