@@ -73,10 +73,11 @@ TEST(Report, PrintedIntoTheWorkingFolder) {
   const std::size_t logLines = withLog.find("EVENT LOG\r\n") + 11;
   headingOnly.erase(logLines, withLog.find("\r\nPuzzle Number 12 Solution") - logLines);
   EXPECT_EQ(print(true), headingOnly);
-  std::filesystem::remove_all(folder);  // nothing can be written into a folder that is gone
+  // An output folder that is not there: nothing written, and the message says where.
+  session.folders.output = "/nonexistent-folder/";
   ui.messages.clear();
   EXPECT_EQ(printToTextFile(session, false), "");
-  EXPECT_EQ(ui.messages, Strings{"Could not write file: " + name});
+  EXPECT_EQ(ui.messages, Strings{"Could not write file: /nonexistent-folder/P#12@14-05-33.txt"});
 }
 
 }  // namespace
