@@ -45,7 +45,7 @@ void createPuzzles(benchmark::State& state, BlankDistribution distribution) {
     state.ResumeTiming();
     CreateResult result = creator.createCommand(settings);
     if (result.created()) ++created;
-    placements += s.PlacementCount;
+    placements += s.run.PlacementCount;
     benchmark::DoNotOptimize(s.grid[1].value);
   }
   state.SetItemsProcessed(created);

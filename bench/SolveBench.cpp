@@ -46,7 +46,6 @@ void loadIntoSession(Session& s, const std::string& puzzle) {
     s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
   }
   s.clearEventLog();
-  s.recountGivens();
   SolverEngine(s).computeCandidates(false);
 }
 

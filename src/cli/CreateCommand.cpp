@@ -114,7 +114,7 @@ int createCommand(const Arguments& arguments) {
 
   std::error_code ec;
   session.appDir = std::filesystem::current_path(ec).string() + "/";
-  if (hasInto) session.CurrentFile = into;
+  if (hasInto) session.collection.CurrentFile = into;
 
   PuzzleCreator creator(session);
   bool allCreated = true;

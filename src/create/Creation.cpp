@@ -49,7 +49,7 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     s.controls.nextEnabled = false;
     s.controls.startEnabled = true;
     s.controls.editEnabled = true;
-    s.stats.reset();
+    s.run.stats.reset();
 
     // Every record is numbered #001 and appended as it stands: PuzTemp.sud is a
     // scratch log of what was created, not a collection to navigate.
@@ -82,18 +82,17 @@ bool PuzzleCreator::completeGrid() {
 
   // Step 3: a fresh silent run. CreationFlag stays raised from now on, so the
   // solver's guesses always take the smallest candidate.
-  s.guessStack.clear();
-  s.candidateQueue.clear();
-  s.PlacementCount = 0;
-  s.SavedGuessCount = 0;
-  s.stats.reset();
+  s.run.guessStack.clear();
+  s.run.candidateQueue.clear();
+  s.run.PlacementCount = 0;
+  s.run.SavedGuessCount = 0;
+  s.run.stats.reset();
   s.display().showViews(false);
-  s.CreationFlag = true;
-  s.RunMode = kRunSilent;
+  s.run.CreationFlag = true;
+  s.run.mode = RunState::Silent;
   s.processEvents();
 
   seedGrid();
-  s.recountGivens();
   SolverEngine engine(s);
   engine.solveAll();
 
@@ -101,7 +100,7 @@ bool PuzzleCreator::completeGrid() {
   // and releases the run (RunMode 1), so the counter alone cannot show it here;
   // the run state and the grid can. A search that ran out of guesses leaves a
   // grid with blanks. Either way nothing may be blanked or saved.
-  const bool gaveUp = s.RunMode != kRunSilent || s.PlacementCount > s.config.MaxTries;
+  const bool gaveUp = s.run.mode != RunState::Silent || s.run.PlacementCount > s.config.MaxTries;
   return !gaveUp && s.grid.filledCount() == kCells && engine.givensAreValid();
 }
 
@@ -229,7 +228,6 @@ void PuzzleCreator::makeKeptCellsGivens() {
     cell.candidates = cell.given ? CandidateSet::of(cell.value) : CandidateSet();
   }
   SolverEngine(s).computeCandidates(false);
-  s.recountGivens();
 }
 
 void PuzzleCreator::finishView() {

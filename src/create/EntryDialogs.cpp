@@ -66,7 +66,6 @@ void applyGridEntry(Session& session, std::string_view digits) {
     session.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
   }
   SolverEngine(session).computeCandidates(false);
-  session.recountGivens();
   session.PuzzleTitle = kNewPuzzleTitle;
 }
 

@@ -12,11 +12,11 @@ std::string couldNotWrite(const std::string& path) { return "Could not write fil
 /// Asks, writes the givens and tells the user. True when written.
 bool askAndSave(Session& session) {
   if (!session.ui().question(kSaveQuestion)) return false;
-  if (!saveGridToFile(session, session.CurrentFile)) {
-    session.message(couldNotWrite(session.CurrentFile));
+  if (!saveGridToFile(session, session.collection.CurrentFile)) {
+    session.message(couldNotWrite(session.collection.CurrentFile));
     return false;
   }
-  session.message(puzzleAddedMessage(session.TotalPuzzles, session.CurrentFile));
+  session.message(puzzleAddedMessage(session.collection.TotalPuzzles, session.collection.CurrentFile));
   return true;
 }
 
@@ -64,10 +64,10 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
       // Only a puzzle that was actually made is saved: a refused blank count or
       // a run that gave up leaves nothing new on the grid.
       if (created.created()) {
-        if (!saveGridToFile(session, session.CurrentFile)) {
+        if (!saveGridToFile(session, session.collection.CurrentFile)) {
           result.writeFailed = true;
           show(request.NumCreate);
-          session.message(couldNotWrite(session.CurrentFile));
+          session.message(couldNotWrite(session.collection.CurrentFile));
           return result;
         }
         ++result.saved;
@@ -80,13 +80,13 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
     return result;
   }
   show(request.NumCreate);
-  const int total = session.TotalPuzzles;
+  const int total = session.collection.TotalPuzzles;
   session.PuzNumNow = std::to_string(total);
   // The title names the last puzzle of the file with the blank count asked
   // for, not one counted in the saved grid.
   session.PuzzleTitle = "Puzzle" + num(total) + " of" + num(total) + " (" + result.create.TotBlanks + " blanks)";
   // The count told is the number asked for, as typed.
-  session.message(request.NumCreate + " puzzles added to file: " + session.CurrentFile);
+  session.message(request.NumCreate + " puzzles added to file: " + session.collection.CurrentFile);
   return result;
 }
 

@@ -80,15 +80,15 @@ bool saveGridToFile(Session& session, const std::string& path) {
   int blanks = int(std::count(text.begin(), text.end(), '.'));
   auto count = appendPuzzle(path, text);
   if (!count) return false;
-  session.TotalPuzzles = *count;
-  session.CurrentPuzzleNumber = *count;
+  session.collection.TotalPuzzles = *count;
+  session.collection.CurrentPuzzleNumber = *count;
   session.PuzNumNow = std::to_string(*count);
   session.setPuzzleTitle(*count, *count, blanks);
   return true;
 }
 
 std::string gridCode(const Session& session) {
-  return padded(session.CurrentPuzzleNumber, 2) + "=" + session.grid.valueCode();
+  return padded(session.collection.CurrentPuzzleNumber, 2) + "=" + session.grid.valueCode();
 }
 
 int navigationTarget(NavButton button, bool rightButton, int n, int total, double uniform) {

@@ -65,8 +65,8 @@ void readConfiguration(Session& session) {
   // The collection is always taken from the application directory; an empty
   // name gives the directory itself, which has no file length, so the default
   // collection is used.
-  session.CurrentFile = session.appDir + name;
-  if (fileLength(session.CurrentFile) <= 0) session.CurrentFile = session.appDir + kDefaultPuzzleFileName;
+  session.collection.CurrentFile = session.appDir + name;
+  if (fileLength(session.collection.CurrentFile) <= 0) session.collection.CurrentFile = session.appDir + kDefaultPuzzleFileName;
 }
 
 std::string configurationText(const Session& session) {
@@ -74,7 +74,7 @@ std::string configurationText(const Session& session) {
   text += num(session.config.MaxTries) + " " + kCrLf;
   text += session.config.RuleOrder + kCrLf;
   text += session.config.ColourSchemeFile + kCrLf;
-  text += fileNamePart(session.CurrentFile) + kCrLf;
+  text += fileNamePart(session.collection.CurrentFile) + kCrLf;
   return text;
 }
 

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "model/RunState.h"
+
 namespace tessaly {
 
 /// Thrown out of a run when the user interface ends a wait without releasing it
@@ -67,10 +69,10 @@ class Pacer {
   virtual ~Pacer() = default;
   /// Lets the user interface handle pending events. False when the run must stop.
   virtual bool processEvents() { return true; }
-  /// Called at a pause point with runMode 0; returns once runMode is 1 (released)
-  /// or 99 (run on). False when the wait ended otherwise: the run must stop.
-  virtual bool waitWhilePaused(int& runMode) {
-    runMode = 1;
+  /// Called at a pause point with the run Waiting; returns once it is Released
+  /// or NoPause (run on). False when the wait ended otherwise: the run must stop.
+  virtual bool waitWhilePaused(RunState& runMode) {
+    runMode = RunState::Released;
     return true;
   }
 };

@@ -82,9 +82,9 @@ class ScriptedUserInterface : public UserInterface {
 /// Counts pause points and releases each one at once.
 class CountingPacer : public Pacer {
  public:
-  bool waitWhilePaused(int& runMode) override {
+  bool waitWhilePaused(RunState& runMode) override {
     ++pauses;
-    runMode = 1;
+    runMode = RunState::Released;
     return true;
   }
   int pauses = 0;

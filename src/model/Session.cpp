@@ -41,12 +41,12 @@ void Session::setServices(const Services& services) {
 }
 
 void Session::logEvent(int style, std::string_view text, bool wait) {
-  if (RunMode == kRunSilent) return;
+  if (run.mode == RunState::Silent) return;
   log.append(style, text);
   processEvents();
-  if (RunMode >= kRunNoPause || !wait) return;
-  RunMode = kRunWaiting;
-  if (!pacer().waitWhilePaused(RunMode)) throw RunStopped();
+  if (!highlights(run.mode) || !wait) return;
+  run.mode = RunState::Waiting;
+  if (!pacer().waitWhilePaused(run.mode)) throw RunStopped();
 }
 
 void Session::processEvents() {
@@ -56,7 +56,7 @@ void Session::processEvents() {
 void Session::clearEventLog() {
   Hints.clear();
   log.clear();
-  stats.reset();
+  run.stats.reset();
 }
 
 void Session::setPuzzleTitle(int number, int total, int blanks) {

@@ -6,21 +6,16 @@
 #include <string>
 #include <vector>
 
+#include "model/Event.h"
 #include "model/EventLog.h"
 #include "model/Folders.h"
 #include "model/Interfaces.h"
+#include "model/RunState.h"
 #include "model/PuzzleGrid.h"
 #include "model/SolveState.h"
 #include "model/Text.h"
 
 namespace tessaly {
-
-/// Run states. 0 waits for the user, 1 is released, 99 runs without pauses or
-/// highlighting, 100 writes nothing at all (creation).
-inline constexpr int kRunWaiting = 0;
-inline constexpr int kRunReleased = 1;
-inline constexpr int kRunNoPause = 99;
-inline constexpr int kRunSilent = 100;
 
 inline constexpr int kDefaultMaxTries = 250;
 inline constexpr const char* kDefaultRuleOrder = "23456";
@@ -37,6 +32,9 @@ struct Configuration {
   std::string ColourSchemeFile;
 };
 
+/// The window's three modes, in the order of its tab strip.
+enum class Tab { AutoSolve = 1, Create, ManualSolve };
+
 /// What the command buttons and check boxes of the window show; the commands
 /// set it, the window mirrors it.
 struct Controls {
@@ -47,7 +45,31 @@ struct Controls {
   bool clearEnabled = false;
   bool PauseCheck = false;  ///< run on without pauses
   bool Check3 = false;      ///< Start solves at once
-  int currentTab = 1;       ///< 1 AutoSolve, 2 Create, 3 ManualSolve
+  Tab currentTab = Tab::AutoSolve;
+};
+
+/// One solve run's records: its state, the placement queue and guess levels,
+/// the counters and the rule statistics. A new run resets them; hints save and
+/// restore them around their own run.
+struct SolveRun {
+  RunState mode = RunState::Waiting;
+  int PlacementCount = 0;   ///< placements of this run; above MaxTries the run gives up
+  int SavedGuessCount = 0;  ///< guess levels saved by this run
+  int RuleReductions = 0;   ///< reductions made by the rules since the last analysis
+  bool CreationFlag = false;  ///< raised for good by the first creation
+  RuleStatistics stats;
+  CandidateQueue candidateQueue;  ///< open cells, sorted by their placement key
+  GuessStack guessStack;          ///< one level per guess still open to retraction
+  /// Slot i (1..6) holds the rule applied i-th; slot 0 is unused.
+  std::array<int, 7> RuleTable{0, 2, 3, 4, 5, 6, 7};
+  int currentCell = 0;  ///< the cell the last placement coloured, 0 when none
+};
+
+/// The collection the puzzle comes from.
+struct Collection {
+  std::string CurrentFile;      ///< the collection file, as shown in the File box
+  int CurrentPuzzleNumber = 0;  ///< 0 before a puzzle is read
+  int TotalPuzzles = 0;         ///< the file's puzzle count, 0 when it has none
 };
 
 /// Where the interfaces come from. Any left null gets a do-nothing one.
@@ -85,7 +107,7 @@ class Session {
   /// Builds the sentence only when it will be written.
   template <class... Parts>
   void say(int style, bool wait, const Parts&... parts) {
-    if (RunMode == kRunSilent) return;
+    if (run.mode == RunState::Silent) return;
     logEvent(style, sentence(parts...), wait);
   }
   /// Empties the log, the hint list and the rule statistics.
@@ -98,31 +120,17 @@ class Session {
   // --- the puzzle
   PuzzleGrid grid;
   EventLog log;
-  std::array<std::string, 10> PuzzleRows{};  ///< index 0 unused
-  std::array<std::array<char, 10>, 10> PuzzleCells{};
-  int GivenCount = 0;
-  int BlanksLeft = 81;
-  std::array<int, 9> BoxMissingCount{};  ///< entry b-1 for box b
+  int BlanksLeft = 81;                   ///< blank cells, as the last candidate computation counted them
+  std::array<int, 9> BoxMissingCount{};  ///< entry b-1 for box b, likewise
+  /// The givens: the cells with the given mark.
+  int givenCount() const { return grid.givensCount(); }
 
-  // --- the collection
-  std::string CurrentFile;
-  int CurrentPuzzleNumber = 0;
-  int TotalPuzzles = 0;
+  // --- the collection and the run
+  Collection collection;
+  SolveRun run;
   std::string PuzNumNow;    ///< text of the puzzle-number box
   std::string PuzzleTitle;  ///< caption of the puzzle frame
   std::string MesLab;       ///< status label
-
-  // --- run state and solver records
-  int RunMode = 0;
-  int PlacementCount = 0;
-  int SavedGuessCount = 0;
-  int RuleReductions = 0;
-  bool CreationFlag = false;
-  RuleStatistics stats;
-  CandidateQueue candidateQueue;
-  GuessStack guessStack;
-  std::array<int, 7> RuleTable{0, 2, 3, 4, 5, 6, 7};
-  int currentCell = 0;  ///< the cell the last placement coloured, 0 when none
 
   // --- configuration and start-up values
   Configuration config;
@@ -135,16 +143,13 @@ class Session {
   /// Whether a successful read remembers the collection in Quorrel.cfg (the
   /// command line leaves the configuration alone).
   bool writesConfiguration = true;
-  /// Called when a puzzle is read while the ManualSolve tab is current, to
-  /// prepare manual solving.
-  std::function<void()> onManualTabRead;
+  /// Told after every puzzle read (manual play prepares itself when its tab is current).
+  Event puzzleRead;
 
   // --- window state the core reads and sets
   Controls controls;
   std::vector<std::string> Hints;
 
-  /// Recounts GivenCount from the given marks.
-  void recountGivens() { GivenCount = grid.givensCount(); }
   /// Sets PuzzleTitle to "Puzzle N of T (B blanks)".
   void setPuzzleTitle(int number, int total, int blanks);
 

@@ -27,20 +27,20 @@ void startUpAfterScheme(Session& session) {
   for (int i = 0; i <= 9; ++i) session.DigitOrder[std::size_t(i)] = i;
   for (int i = 0; i <= 9; ++i) session.BoxPositionOrder[std::size_t(i)] = i;
   // Rule slot i holds rule i + 1; the solve step reorders them.
-  session.RuleTable[0] = 0;
-  for (int i = 1; i <= 6; ++i) session.RuleTable[std::size_t(i)] = i + 1;
+  session.run.RuleTable[0] = 0;
+  for (int i = 1; i <= 6; ++i) session.run.RuleTable[std::size_t(i)] = i + 1;
 
   // Only filled: nothing consults the table afterwards.
   readPermutationTable(session, session.appDir + kPermutationFileName);
 
   // File errors from here on only mean "no collection".
-  const std::string path = session.CurrentFile;
+  const std::string path = session.collection.CurrentFile;
   if (fileLength(path) > 0) {
-    session.TotalPuzzles = countPuzzles(path);
-    session.PuzzleTitle = "Total Puzzles" + num(session.TotalPuzzles);
-    session.CurrentPuzzleNumber = 0;
+    session.collection.TotalPuzzles = countPuzzles(path);
+    session.PuzzleTitle = "Total Puzzles" + num(session.collection.TotalPuzzles);
+    session.collection.CurrentPuzzleNumber = 0;
   } else {
-    session.TotalPuzzles = 0;
+    session.collection.TotalPuzzles = 0;
     session.message("Default puzzle file not found: " + path);
   }
 }

@@ -101,7 +101,7 @@ bool writeTxtExport(const Session& session, const std::string& path) {
 }
 
 std::string reportText(const Session& session, bool includeLog) {
-  const std::string heading = "Puzzle Number" + num(session.CurrentPuzzleNumber);
+  const std::string heading = "Puzzle Number" + num(session.collection.CurrentPuzzleNumber);
   std::string out;
   addLine(out, heading);
   addLine(out, "");
@@ -138,7 +138,7 @@ std::string reportFileName(int puzzleNumber, const TimeOfDay& time) {
 }
 
 std::string printToTextFile(Session& session, bool includeLog) {
-  std::string name = pathIn(session.folders.output, reportFileName(session.CurrentPuzzleNumber, session.clock().now()));
+  std::string name = pathIn(session.folders.output, reportFileName(session.collection.CurrentPuzzleNumber, session.clock().now()));
   if (!writeFileAtomically(name, reportText(session, includeLog))) {
     session.message("Could not write file: " + name);
     return {};

@@ -94,32 +94,32 @@ void runRuleHint(Session& s, int index, ManualPlay* manual) {
   if (index < 0 || index > kAllRulesHint) return;
   s.Hints.clear();
   const BoardSnapshot snapshot = saveBoardSnapshot(s);
-  const int savedRunMode = s.RunMode;
+  const RunState savedRunMode = s.run.mode;
 
   // A single run as a solve step starts it, on the candidates as they stand.
-  s.guessStack.clear();
-  s.candidateQueue.clear();
-  s.RuleReductions = 0;
+  s.run.guessStack.clear();
+  s.run.candidateQueue.clear();
+  s.run.RuleReductions = 0;
   s.BlanksLeft = countBlanks(s);
   const int firstLine = s.log.TotalLines() + 1;
 
   // The hint never pauses and never highlights, whatever the run was doing.
-  s.RunMode = kRunNoPause;
+  s.run.mode = RunState::NoPause;
   SolverEngine engine(s);
   try {
     runRules(engine, index);
   } catch (const EventLogFull& full) {
-    s.RunMode = savedRunMode;
+    s.run.mode = savedRunMode;
     finishHint(s, snapshot, manual);
     s.message(full.what());
     return;
   } catch (const RunStopped&) {
     // The window is closing: put the board back and say nothing.
-    s.RunMode = savedRunMode;
+    s.run.mode = savedRunMode;
     finishHint(s, snapshot, manual);
     return;
   }
-  s.RunMode = savedRunMode;
+  s.run.mode = savedRunMode;
   s.log.RecordedLineCount = s.log.TotalLines();
   const int lastLine = s.log.TotalLines();
 

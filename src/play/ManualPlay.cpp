@@ -31,13 +31,16 @@ int manualLogCell(const std::string& entry) {
 }
 
 ManualPlay::ManualPlay(Session& session, ManualDisplay* display)
-    : s(session), m_display(display ? display : &m_noDisplay) {
-  s.onManualTabRead = [this] { prepare(); };
-}
+    : s(session),
+      m_display(display ? display : &m_noDisplay),
+      // A puzzle read while the ManualSolve tab is current starts manual play afresh.
+      m_puzzleRead(session.puzzleRead.subscribe([this] {
+        if (active()) prepare();
+      })) {}
 
-ManualPlay::~ManualPlay() { s.onManualTabRead = nullptr; }
+ManualPlay::~ManualPlay() = default;
 
-bool ManualPlay::active() const { return s.controls.currentTab == kManualTab; }
+bool ManualPlay::active() const { return s.controls.currentTab == Tab::ManualSolve; }
 
 void ManualPlay::moveHighlightTo(int cell) {
   if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
@@ -168,10 +171,10 @@ void ManualPlay::moveListClicked(int index) {
 }
 
 void ManualPlay::clearManual() {
-  if (!active() || s.CurrentFile.empty() || s.CurrentPuzzleNumber <= 0) return;
+  if (!active() || s.collection.CurrentFile.empty() || s.collection.CurrentPuzzleNumber <= 0) return;
   // Reading the puzzle again resets grid and candidates; with the tab current
   // the read calls prepare, which empties the move list.
-  readPuzzle(s, s.CurrentFile, s.CurrentPuzzleNumber);
+  readPuzzle(s, s.collection.CurrentFile, s.collection.CurrentPuzzleNumber);
 }
 
 void ManualPlay::prepare() {

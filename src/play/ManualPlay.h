@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "model/Event.h"
+
 namespace tessaly {
 
 class Session;
@@ -41,8 +43,6 @@ class ManualPlay {
   static constexpr int kDigitKey9 = 57;
   /// The value that asks placeManualValue to clear the cell.
   static constexpr int kClear = -2;
-  /// The tab number of ManualSolve in the session's controls.
-  static constexpr int kManualTab = 3;
 
   explicit ManualPlay(Session& session, ManualDisplay* display = nullptr);
   ~ManualPlay();
@@ -110,6 +110,7 @@ class ManualPlay {
   Session& s;
   ManualDisplay m_noDisplay;
   ManualDisplay* m_display;
+  Event::Subscription m_puzzleRead;  ///< last, so it ends before the rest goes
 };
 
 /// The key of a move-list entry for a cell: "C" + the two-digit cell number.

@@ -46,11 +46,6 @@ PresentDigits presentDigits(const PuzzleGrid& grid) {
 }  // namespace
 
 int SolverEngine::computeCandidates(bool analyse) {
-  for (int r = 1; r <= 9; ++r)
-    for (int c = 1; c <= 9; ++c) {
-      int v = s.grid[CellNumber[r][c]].value;
-      s.PuzzleCells[std::size_t(r)][std::size_t(c)] = char('0' + v);
-    }
   PresentDigits present = presentDigits(s.grid);
   for (int c = 1; c <= kCells; ++c) {
     Cell& cell = s.grid[c];
@@ -119,12 +114,12 @@ bool SolverEngine::givensAreValid() const {
 }
 
 void SolverEngine::highlightArea(int cell, int row, int col, int box) {
-  if (s.RunMode >= kRunNoPause) return;
+  if (!highlights(s.run.mode)) return;
   s.display().highlightArea(cell, row, col, box);
 }
 
 void SolverEngine::restoreHighlight(int cell) {
-  if (s.RunMode >= kRunNoPause) return;
+  if (!highlights(s.run.mode)) return;
   s.display().restoreHighlight(cell);
 }
 

@@ -15,13 +15,12 @@ struct BusyPointer {
 
 // Fills the grid from the nine row lines: digits 1..9 are givens, anything else
 // is an empty cell; a short line leaves its missing columns empty.
-int fillGridFromRows(Session& s) {
+int fillGridFromRows(Session& s, const std::vector<std::string>& rows) {
   int blanks = 0;
   for (int r = 1; r <= 9; ++r)
     for (int c = 1; c <= 9; ++c) {
-      const std::string& row = s.PuzzleRows[std::size_t(r)];
+      const std::string& row = rows[std::size_t(r - 1)];
       const char ch = std::size_t(c - 1) < row.size() ? row[std::size_t(c - 1)] : '0';
-      s.PuzzleCells[std::size_t(r)][std::size_t(c)] = ch;
       Cell& cell = s.grid[CellNumber[r][c]];
       const int v = digitValue(ch);
       cell.value = v;
@@ -35,12 +34,12 @@ int fillGridFromRows(Session& s) {
 
 bool readPuzzle(Session& s, const std::string& path, int n) {
   // The read's lines never wait, whatever an earlier run left behind.
-  s.RunMode = kRunNoPause;
+  s.run.mode = RunState::NoPause;
   SolverEngine engine(s);
   try {
     BusyPointer busy(s);
     const int total = countPuzzles(path);
-    s.TotalPuzzles = total;
+    s.collection.TotalPuzzles = total;
     if (total == 0) {
       s.message(path + " does not appear to have any puzzles");
       return false;
@@ -55,23 +54,21 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
       s.message("Puzzle number" + num(n) + " is incomplete in file: " + path);
       return false;
     }
-    for (int r = 1; r <= 9; ++r) s.PuzzleRows[std::size_t(r)] = read.rows[std::size_t(r - 1)];
     s.PuzNumNow = std::to_string(n);
-    s.CurrentPuzzleNumber = n;
+    s.collection.CurrentPuzzleNumber = n;
 
-    const int blanks = fillGridFromRows(s);
+    const int blanks = fillGridFromRows(s, read.rows);
     s.setPuzzleTitle(n, total, blanks);
     for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
-    if (s.onManualTabRead && s.controls.currentTab == 3) s.onManualTabRead();
+    s.puzzleRead.notify();
     s.controls.solutionsEnabled = true;
     s.controls.startEnabled = true;
     s.controls.editEnabled = true;
     s.controls.nextEnabled = false;
     s.MesLab.clear();
     s.clearEventLog();
-    s.candidateQueue.clear();
-    s.guessStack.clear();
-    s.recountGivens();
+    s.run.candidateQueue.clear();
+    s.run.guessStack.clear();
 
     if (!engine.givensAreValid()) {
       s.message("This Puzzle does not appear to be valid, please check fixed values for duplicates");
@@ -84,7 +81,6 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
       s.message("This Puzzle appears to have a problem, please check fixed values for duplicates");
       return false;
     }
-    s.recountGivens();
     bool unsolvable = false;
     for (int c = 1; c <= kCells; ++c)
       if (!s.grid[c].value && s.grid[c].candidates.empty()) {
@@ -96,13 +92,13 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     s.logEvent(kStyleNormal, "Puzzle has been read and analysed");
     s.logEvent(kStyleNormal, "Possible candidate numbers for each cell are shown in 'Choices for cells'");
     s.logEvent(kStyleNormal, "");
-    s.say(kStyleNormal, false, "There are", Num{kCells - s.GivenCount}, " blank cells in the puzzle");
+    s.say(kStyleNormal, false, "There are", Num{kCells - s.givenCount()}, " blank cells in the puzzle");
     s.logEvent(kStyleNormal, "");
     if (unsolvable)
       s.logEvent(kStyleWarning, "This puzzle does not appear to have a solution!");
     else
       s.logEvent(kStyleNormal, "Click Start to commence");
-    s.RunMode = kRunWaiting;
+    s.run.mode = RunState::Waiting;
     if (s.writesConfiguration) writeConfiguration(s);
     return !unsolvable;
   } catch (const EventLogFull& full) {

@@ -9,7 +9,7 @@ namespace tessaly {
 
 void SolverEngine::applyRule2() {
   if (s.BlanksLeft == 0) return;
-  s.RuleReductions = 0;
+  s.run.RuleReductions = 0;
   s.say(kStyleRule, false, "Apply Rule 2");
   for (int b = 1; b <= 9; ++b) {
     // For each digit, the rows and columns (one character per cell) of the
@@ -41,7 +41,7 @@ void SolverEngine::applyRule2() {
           s.say(kStyleRule, true, "Remove", Num{d}, " from choice ", cands.text(), " in row ", Num{CellRow[c]},
                 ", col ", Num{CellCol[c]}, ", cell", Num{c});
           cands.remove(d);
-          ++s.RuleReductions;
+          ++s.run.RuleReductions;
           restoreHighlight(c);
         }
       }
@@ -52,7 +52,7 @@ void SolverEngine::applyRule2() {
 
 void SolverEngine::applyRule4() {
   if (s.BlanksLeft == 0) return;
-  s.RuleReductions = 0;
+  s.run.RuleReductions = 0;
   s.say(kStyleRule, false, "Apply Rule 4");
   for (AreaKind kind : {AreaKind::Col, AreaKind::Row}) {
     for (int k = 1; k <= 9; ++k) {
@@ -80,7 +80,7 @@ void SolverEngine::applyRule4() {
                 kind == AreaKind::Col ? " occurs in col" : " occurs in row", Num{k}, " of this box only");
           s.say(kStyleRule, true, "Remove", Num{d}, " from choice ", cands.text(), " in cell", Num{c});
           cands.remove(d);
-          ++s.RuleReductions;
+          ++s.run.RuleReductions;
           restoreHighlight(c);
         }
       }

@@ -10,7 +10,7 @@ namespace tessaly {
 
 void SolverEngine::applyRule3() {
   if (s.BlanksLeft == 0) return;
-  s.RuleReductions = 0;
+  s.run.RuleReductions = 0;
   s.say(kStyleRule, false, "Apply Rule 3");
   for (AreaKind kind : {AreaKind::Box, AreaKind::Row, AreaKind::Col}) {
     const char* finding = kind == AreaKind::Box ? "Rule 3: box" : kind == AreaKind::Row ? "Rule 3: row" : "Rule 3: col";
@@ -38,7 +38,7 @@ void SolverEngine::applyRule3() {
             s.say(kStyleRule, false, finding, Num{n}, " has duplicate pair");
             s.say(kStyleRule, true, "Remove", Num{d}, " from choice ", cands.text(), " in cell", Num{c3});
             cands.remove(d);
-            ++s.RuleReductions;
+            ++s.run.RuleReductions;
             restoreHighlight(c3);
           }
         }
@@ -63,7 +63,7 @@ bool allSameLength(const std::vector<CandidateSet>& list) {
 
 void SolverEngine::applyRule6() {
   if (s.BlanksLeft == 0) return;
-  s.RuleReductions = 0;
+  s.run.RuleReductions = 0;
   s.say(kStyleRule, false, "Apply Rule 6");
   for (AreaKind kind : {AreaKind::Col, AreaKind::Row, AreaKind::Box}) {
     const char* where = kind == AreaKind::Col ? " times in col" : kind == AreaKind::Row ? " times in row" : " times in box";
@@ -86,7 +86,7 @@ void SolverEngine::applyRule6() {
           CandidateSet reduced = cands;
           reduced.removeAll(group);
           if (reduced == cands) continue;
-          ++s.RuleReductions;
+          ++s.run.RuleReductions;
           highlightArea(c, kind == AreaKind::Row ? n : 0, kind == AreaKind::Col ? n : 0,
                         kind == AreaKind::Box ? n : 0);
           s.say(kStyleRule, false, "Rule 6:", Num{i + 1}, " choice ", groupText, " found", Num{i + 1}, where, Num{n});

@@ -7,11 +7,11 @@
 namespace tessaly {
 
 void SolverEngine::finishRule(int rule) {
-  s.stats.timesApplied[std::size_t(rule)] += 1;
-  s.stats.totalReductions[std::size_t(rule)] += s.RuleReductions;
+  s.run.stats.timesApplied[std::size_t(rule)] += 1;
+  s.run.stats.totalReductions[std::size_t(rule)] += s.run.RuleReductions;
   const char ruleDigit = char('0' + rule);
-  if (s.RuleReductions != 0) {
-    s.say(kStyleRule, false, "End Rule ", ruleDigit, ": made", Num{s.RuleReductions}, " reductions");
+  if (s.run.RuleReductions != 0) {
+    s.say(kStyleRule, false, "End Rule ", ruleDigit, ": made", Num{s.run.RuleReductions}, " reductions");
     applyRule1();
   } else {
     s.say(kStyleRule, false, "End Rule ", ruleDigit, ": no reductions");
@@ -55,7 +55,7 @@ void SolverEngine::applyRule1() {
 
 void SolverEngine::applyRule5() {
   if (s.BlanksLeft == 0) return;
-  s.RuleReductions = 0;
+  s.run.RuleReductions = 0;
   s.say(kStyleRule, false, "Apply Rule 5");
   // The finding sentences are kept exactly as users know them: every area says
   // "occurs only once in row", and the box sentence joins ",cell" without a blank.
@@ -81,7 +81,7 @@ void SolverEngine::applyRule5() {
           s.say(kStyleRule, true, "Set row", Num{CellRow[c]}, ", col", Num{CellCol[c]}, ", cell", Num{c},
                 " to value", Num{d});
           s.grid[c].candidates = CandidateSet::of(d);
-          ++s.RuleReductions;
+          ++s.run.RuleReductions;
           restoreHighlight(c);
         }
       }

@@ -37,24 +37,24 @@ void SolverEngine::solveAll() {
       s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
     do {
       placeNext();
-      if (s.PlacementCount > s.config.MaxTries) {
+      if (s.run.PlacementCount > s.config.MaxTries) {
         const std::string text = "Tried" + num(s.config.MaxTries) + " times, solution aborted";
         s.message(text);
         s.MesLab = text;
-        s.RunMode = kRunReleased;
-        s.PlacementCount = 0;
+        s.run.mode = RunState::Released;
+        s.run.PlacementCount = 0;
         return;
       }
-    } while (!s.candidateQueue.empty());
+    } while (!s.run.candidateQueue.empty());
   }
-  if (s.RunMode == kRunSilent) return;  // creation reports nothing
+  if (s.run.mode == RunState::Silent) return;  // creation reports nothing
   if (hasBlankCell()) {
     s.MesLab = kNoSolutionStatus;
     finalCleanUp();
     return;
   }
   if (!givensAreValid()) {
-    if (s.controls.currentTab != 3) s.message(kProblemMessage);
+    if (s.controls.currentTab != Tab::ManualSolve) s.message(kProblemMessage);
     return;
   }
   reportOutcome();
@@ -62,24 +62,24 @@ void SolverEngine::solveAll() {
 }
 
 void SolverEngine::reportOutcome() {
-  s.RunMode = kRunReleased;
+  s.run.mode = RunState::Released;
   s.say(kStyleNormal, false, "");
-  if (s.PlacementCount <= 1) s.PlacementCount = 1;
+  if (s.run.PlacementCount <= 1) s.run.PlacementCount = 1;
   const std::string outcome =
-      s.SavedGuessCount > 0 ? "Solved with" + num(s.SavedGuessCount) + " retries" : "Solved with no re-tries";
+      s.run.SavedGuessCount > 0 ? "Solved with" + num(s.run.SavedGuessCount) + " retries" : "Solved with no re-tries";
   s.say(kStyleNormal, false, outcome);
   s.MesLab = outcome;
   s.say(kStyleNormal, false, "");
   s.say(kStyleNormal, false, " Rules statistics");
   s.say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
   for (int rule = 2; rule <= 6; ++rule)
-    s.say(kStyleNormal, false, "   Rule ", char('0' + rule), ' ', padded(s.stats.timesApplied[std::size_t(rule)], 3),
-          std::string(29, ' '), padded(s.stats.totalReductions[std::size_t(rule)], 3));
+    s.say(kStyleNormal, false, "   Rule ", char('0' + rule), ' ', padded(s.run.stats.timesApplied[std::size_t(rule)], 3),
+          std::string(29, ' '), padded(s.run.stats.totalReductions[std::size_t(rule)], 3));
 }
 
 void SolverEngine::finalCleanUp() {
   s.processEvents();
-  s.RunMode = kRunSilent;
+  s.run.mode = RunState::Silent;
   s.controls.nextEnabled = false;
   s.controls.startEnabled = false;
   s.controls.clearEnabled = true;
@@ -92,17 +92,17 @@ void SolverEngine::finalCleanUp() {
 }
 
 void SolverEngine::beginRun() {
-  s.guessStack.clear();
-  s.candidateQueue.clear();
-  s.PlacementCount = 0;
-  s.SavedGuessCount = 0;
+  s.run.guessStack.clear();
+  s.run.candidateQueue.clear();
+  s.run.PlacementCount = 0;
+  s.run.SavedGuessCount = 0;
 }
 
 void SolverEngine::solveCommand() {
   guarded([&] {
     s.ui().setBusy(true);
     beginRun();
-    s.RunMode = kRunNoPause;
+    s.run.mode = RunState::NoPause;
     s.log.RecordedLineCount = 0;
     // The grid as it stands becomes the puzzle.
     for (int c = 1; c <= kCells; ++c) {
@@ -110,7 +110,6 @@ void SolverEngine::solveCommand() {
       cell.given = cell.value != 0;
       if (cell.given) cell.candidates = CandidateSet::of(cell.value);
     }
-    s.recountGivens();
     solveAll();
     // The recorded line count was set to 0 above and no run raises it, so the
     // file is written empty; only a hint records lines for it.
@@ -128,11 +127,11 @@ void SolverEngine::startCommand() {
       return;
     }
     beginRun();
-    s.stats.reset();
+    s.run.stats.reset();
     s.controls.editEnabled = false;
     if (s.controls.Check3) {
       s.ui().setBusy(true);
-      s.RunMode = kRunNoPause;
+      s.run.mode = RunState::NoPause;
       solveAll();
       s.controls.clearEnabled = true;
       s.controls.editEnabled = true;
@@ -141,38 +140,38 @@ void SolverEngine::startCommand() {
     }
     for (std::string_view paragraph : kApproachText) s.logEvent(kStyleNormal, paragraph);
     s.controls.nextEnabled = true;
-    s.RunMode = s.controls.PauseCheck ? kRunNoPause : kRunWaiting;
+    s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Waiting;
     s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
     s.say(kStyleNormal, true, "Ready to start the solution, click Next");
-    s.stats.reset();
+    s.run.stats.reset();
     s.say(kStyleNormal, false, "Commence solution");
     s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
     s.controls.clearEnabled = false;
     s.controls.startEnabled = false;
-    s.RunMode = s.controls.PauseCheck ? kRunNoPause : kRunReleased;
+    s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Released;
     solveAll();
     s.controls.editEnabled = true;
   });
 }
 
 void SolverEngine::nextCommand(bool secondaryButton) {
-  if (s.currentCell > 0) s.display().paintCell(s.currentCell, CellPaint::Normal);
+  if (s.run.currentCell > 0) s.display().paintCell(s.run.currentCell, CellPaint::Normal);
   if (secondaryButton) {
     s.controls.PauseCheck = true;
-    s.RunMode = kRunNoPause;
+    s.run.mode = RunState::NoPause;
     s.controls.nextEnabled = false;
     return;
   }
-  s.RunMode = kRunReleased;
+  s.run.mode = RunState::Released;
 }
 
 void SolverEngine::setPauseCheck(bool checked) {
   s.controls.PauseCheck = checked;
   if (checked) {
-    s.RunMode = kRunNoPause;
+    s.run.mode = RunState::NoPause;
     s.controls.nextEnabled = false;
   } else {
-    s.RunMode = kRunReleased;
+    s.run.mode = RunState::Released;
   }
 }
 

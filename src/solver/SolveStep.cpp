@@ -9,8 +9,8 @@ namespace tessaly {
 
 void SolverEngine::placeValue(int cell, int value, const std::string& candidates) {
   const int box = CellBox[cell];
-  if (s.RunMode < kRunNoPause) {
-    s.currentCell = cell;
+  if (highlights(s.run.mode)) {
+    s.run.currentCell = cell;
     s.display().paintCell(cell, CellPaint::Placed);
   }
   const bool guess = candidates.size() > 1;
@@ -19,11 +19,11 @@ void SolverEngine::placeValue(int cell, int value, const std::string& candidates
     GuessLevel level;
     level.entry = QueueEntry{0, 0, cell, box, candidates.substr(1)};
     level.snapshot = s.grid.valueCode();
-    s.guessStack.push(std::move(level));
-    ++s.SavedGuessCount;
+    s.run.guessStack.push(std::move(level));
+    ++s.run.SavedGuessCount;
   }
   s.grid[cell].value = value;
-  ++s.PlacementCount;
+  ++s.run.PlacementCount;
   if (guess)
     s.say(kStyleNormal, true, "Set row", Num{CellRow[cell]}, ", col", Num{CellCol[cell]}, ", cell", Num{cell},
           " to value", Num{value}, ", multiple choice=", candidates);
@@ -34,14 +34,14 @@ void SolverEngine::placeValue(int cell, int value, const std::string& candidates
 }
 
 void SolverEngine::rebuildQueue(int& singleCells) {
-  s.candidateQueue.clear();
+  s.run.candidateQueue.clear();
   singleCells = 0;
   for (int c = 1; c <= kCells; ++c) {
     const Cell& cell = s.grid[c];
     if (cell.candidates.size() < 2) ++singleCells;
     if (cell.value || cell.candidates.empty()) continue;
     const int box = CellBox[c];
-    s.candidateQueue.insert(
+    s.run.candidateQueue.insert(
         QueueEntry{cell.candidates.size(), s.BoxMissingCount[std::size_t(box - 1)], c, box, cell.candidates.text()});
   }
 }
@@ -61,7 +61,7 @@ int SolverEngine::analyseGrid(int mode) {
   if (int dead = firstDeadCell(); dead > 0) return dead;
 
   if (filled == kCells) {
-    s.candidateQueue.clear();
+    s.run.candidateQueue.clear();
     s.say(kStyleNormal, false, "The puzzle is solved");
     return -1;
   }
@@ -84,15 +84,15 @@ int SolverEngine::analyseGrid(int mode) {
       }
     }
     if (blanks == 0) {
-      s.candidateQueue.clear();
+      s.run.candidateQueue.clear();
       return -1;
     }
     if (newSingles != blanks) {
-      if (singles == s.GivenCount)
+      if (singles == s.givenCount())
         s.say(kStyleWarning, false,
               "All rules applied, no new singular choices were found, must resort to guesswork now");
       else
-        s.say(kStyleNormal, false, "All rules applied,", Num{singles - s.GivenCount}, " new singular choices found");
+        s.say(kStyleNormal, false, "All rules applied,", Num{singles - s.givenCount()}, " new singular choices found");
       s.display().setProgress(kCells - blanks);
     } else {
       s.BlanksLeft = 0;
@@ -109,7 +109,7 @@ int SolverEngine::analyseGrid(int mode) {
 void SolverEngine::shuffleRuleTable() {
   for (int i = 6; i >= 1; --i) {
     int j = drawOneTo(s.random(), i);
-    std::swap(s.RuleTable[std::size_t(i)], s.RuleTable[std::size_t(j)]);
+    std::swap(s.run.RuleTable[std::size_t(i)], s.run.RuleTable[std::size_t(j)]);
   }
 }
 
@@ -117,7 +117,7 @@ void SolverEngine::applyRulesInOrder() {
   std::string order = s.config.RuleOrder;
   if (order.empty()) {
     shuffleRuleTable();
-    for (int i = 1; i <= 6; ++i) order += std::to_string(s.RuleTable[std::size_t(i)]);
+    for (int i = 1; i <= 6; ++i) order += std::to_string(s.run.RuleTable[std::size_t(i)]);
   }
   s.processEvents();
   for (char ch : order) {
@@ -134,15 +134,15 @@ void SolverEngine::applyRulesInOrder() {
 }
 
 void SolverEngine::placeNext() {
-  if (s.candidateQueue.empty()) return;
+  if (s.run.candidateQueue.empty()) return;
   for (;;) {
-    const QueueEntry head = s.candidateQueue[0];
+    const QueueEntry head = s.run.candidateQueue[0];
     std::string candidates = head.digits;
     int value = head.firstDigit();
-    if (candidates.size() > 1 && s.PlacementCount == 0 && !s.CreationFlag) {
+    if (candidates.size() > 1 && s.run.PlacementCount == 0 && !s.run.CreationFlag) {
       // The first placement of a run is a guess: the puzzle may have several
       // solutions, so the first digit is drawn at random and tried first.
-      s.PlacementCount = 2;
+      s.run.PlacementCount = 2;
       s.say(kStyleWarning, false, "This puzzle might have multiple solutions");
       s.message("This puzzle might have multiple solutions");
       int k = drawOneTo(s.random(), int(candidates.size()));
@@ -156,16 +156,16 @@ void SolverEngine::placeNext() {
       retractInvalidPlacement();
       return;
     }
-    if (s.candidateQueue.size() < 2) break;
-    const QueueEntry& second = s.candidateQueue[1];
+    if (s.run.candidateQueue.size() < 2) break;
+    const QueueEntry& second = s.run.candidateQueue[1];
     if (second.count == 1 && second.text().size() >= 15) {
-      s.candidateQueue.removeHead();
+      s.run.candidateQueue.removeHead();
       continue;
     }
     break;
   }
   int result = analyseGrid(0);
-  if (s.candidateQueue.empty() && !givensAreValid()) {
+  if (s.run.candidateQueue.empty() && !givensAreValid()) {
     retractInvalidCompletion();
     return;
   }
@@ -183,10 +183,10 @@ constexpr const char* kNoSolution2 = "Please check you number placements.";
 
 void SolverEngine::retractInvalidPlacement() {
   s.say(kStyleWarning, false, kNotValid);
-  if (s.guessStack.empty()) {
+  if (s.run.guessStack.empty()) {
     s.say(kStyleWarning, false, kNoSolution1);
     s.say(kStyleWarning, false, kNoSolution2);
-    s.candidateQueue.clear();
+    s.run.candidateQueue.clear();
     return;
   }
   retry();
@@ -198,7 +198,7 @@ void SolverEngine::retractInvalidCompletion() {
 }
 
 void SolverEngine::retractDeadCell(int cell) {
-  if (s.RunMode < kRunNoPause) s.display().paintCell(cell, CellPaint::Dead);
+  if (highlights(s.run.mode)) s.display().paintCell(cell, CellPaint::Dead);
   s.say(kStyleWarning, false, "OOPs, this placement will leave cell", Num{cell}, " in box", Num{CellBox[cell]},
         " with no valid options, must retract");
   retry();
@@ -208,21 +208,21 @@ void SolverEngine::retry() {
   // The grid comes back from the newest snapshot before the stack is examined:
   // with no level left the snapshot reads empty and the whole grid is blanked,
   // givens included. That is how an exhausted search has always ended.
-  const std::string snapshot = s.guessStack.empty() ? std::string() : s.guessStack.top().snapshot;
+  const std::string snapshot = s.run.guessStack.empty() ? std::string() : s.run.guessStack.top().snapshot;
   for (int c = 1; c <= kCells; ++c)
     s.grid[c].value = std::size_t(c - 1) < snapshot.size() ? digitValue(snapshot[std::size_t(c - 1)]) : 0;
-  if (s.guessStack.empty()) {
+  if (s.run.guessStack.empty()) {
     s.message(std::string(kNoSolution1) + "\n" + kNoSolution2);
-    s.candidateQueue.clear();
+    s.run.candidateQueue.clear();
     return;
   }
-  const QueueEntry entry = s.guessStack.top().entry;
-  s.candidateQueue.clear();
-  s.candidateQueue.insert(entry);
-  s.guessStack.pop();
+  const QueueEntry entry = s.run.guessStack.top().entry;
+  s.run.candidateQueue.clear();
+  s.run.candidateQueue.insert(entry);
+  s.run.guessStack.pop();
   s.say(kStyleWarning, false, "Retry row", Num{CellRow[entry.cell]}, ", col", Num{CellCol[entry.cell]}, ", cell",
         Num{entry.cell}, " with value", Num{entry.firstDigit()}, " instead");
-  if (s.RunMode < kRunNoPause) s.display().paintCell(entry.cell, CellPaint::Retry);
+  if (highlights(s.run.mode)) s.display().paintCell(entry.cell, CellPaint::Retry);
 }
 
 }  // namespace tessaly

@@ -91,7 +91,7 @@ void AutoSolveTab::pauseChanged(bool checked) {
 void AutoSolveTab::clear() {
   // Clearing takes the puzzle back to its givens by reading it again.
   m_host.runCommand([this] {
-    if (m_session.CurrentPuzzleNumber > 0) readPuzzle(m_session, m_session.CurrentFile, m_session.CurrentPuzzleNumber);
+    if (m_session.collection.CurrentPuzzleNumber > 0) readPuzzle(m_session, m_session.collection.CurrentFile, m_session.collection.CurrentPuzzleNumber);
   });
 }
 

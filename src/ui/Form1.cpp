@@ -222,7 +222,7 @@ void Form1::releasePause() {
 
 void Form1::readPuzzleFile(const std::string& path, int n) {
   runCommand([this, path, n] {
-    m_session.CurrentFile = path;
+    m_session.collection.CurrentFile = path;
     readPuzzle(m_session, path, n);
   });
 }
@@ -277,7 +277,7 @@ void Form1::refreshFromSession() { refresh(true); }
 
 void Form1::refresh(bool verifyLog) {
   m_refreshTimer.stop();
-  const int tab = m_session.controls.currentTab - 1;
+  const int tab = static_cast<int>(m_session.controls.currentTab) - 1;
   if (tab >= 0 && tab < m_tabs->count() && tab != m_tabs->currentIndex()) {
     const QSignalBlocker blocker(m_tabs);
     m_tabs->setCurrentIndex(tab);
@@ -291,7 +291,7 @@ void Form1::refresh(bool verifyLog) {
 }
 
 void Form1::tabSelected(int index) {
-  m_session.controls.currentTab = index + 1;
+  m_session.controls.currentTab = static_cast<Tab>(index + 1);
   m_stack->setCurrentIndex(index);
   currentPage()->pageShown();
   refresh(false);

@@ -43,8 +43,6 @@ class Form1 : public QMainWindow, public CommandHost {
   Q_OBJECT
 
  public:
-  /// Tab indexes of `ctlTabs`, in the order of the captions.
-  enum Tab { AutoSolvePage = 0, CreatePage = 1, ManualSolvePage = 2 };
 
   /// Builds the window and installs its Display and Pacer in the session. The
   /// messages, questions and file choosers go to `ui` when given (the tests and
@@ -83,7 +81,8 @@ class Form1 : public QMainWindow, public CommandHost {
   const ColourScheme& colourScheme() const { return m_scheme; }
   cTxtBox* eventLogView() const { return m_log; }
   AutoSolveTab* autoSolvePage() const { return m_autoSolve; }
-  TabPage* page(Tab tab) const { return m_pages.at(std::size_t(tab)); }
+  /// The page of a tab; the pages stand in the order of `ctlTabs`.
+  TabPage* page(Tab tab) const { return m_pages.at(std::size_t(tab) - 1); }
   HelpWindow* helpWindow() const;
   /// True while a stepping run waits for Next.
   bool isWaiting() const;

@@ -103,7 +103,7 @@ void Form1::printReport(bool includeLog) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName("Tessaly");
   if (!m_choosePrinter || !m_choosePrinter(printer)) return;
-  const QString file = QFileInfo(QString::fromStdString(m_session.CurrentFile)).fileName();
+  const QString file = QFileInfo(QString::fromStdString(m_session.collection.CurrentFile)).fileName();
   const QString header = QString("Tessaly   %1   %2").arg(file, QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm"));
   if (!ReportPrinter::print(printer, header, QString::fromStdString(reportText(m_session, includeLog))))
     m_session.message("The report could not be printed");

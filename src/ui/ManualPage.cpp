@@ -96,7 +96,9 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   m_paints.fill(ManualPaint::Normal);
   // A puzzle read while the tab is current starts manual play afresh, and the
   // page shows it.
-  m_session.onManualTabRead = [this] { prepare(); };
+  m_puzzleRead = m_session.puzzleRead.subscribe([this] {
+    if (m_play->active()) prepare();
+  });
 
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
 

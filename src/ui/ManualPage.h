@@ -17,6 +17,8 @@
 #include <memory>
 #include <optional>
 
+#include "model/Event.h"
+
 class QAction;
 class QLabel;
 class QListWidget;
@@ -114,6 +116,7 @@ class ManualPage : public QWidget {
   std::function<void()> m_onGridChanged;
   std::unique_ptr<Painter> m_painter;
   std::unique_ptr<ManualPlay> m_play;
+  Event::Subscription m_puzzleRead;  ///< ends before the page goes
   std::array<ManualPaint, 81> m_paints{};
   int m_explainedBox = 0;  ///< the box highlighted by the explanation, 0 when none
 

@@ -60,20 +60,20 @@ void PuzzleFrame::navigate(NavButton button, Qt::MouseButton mouseButton) {
     Session& s = m_session;
     const double uniform = button == NavButton::Random ? s.random().uniform() : 0.0;
     const int target = navigationTarget(button, mouseButton == Qt::RightButton, int(numericValue(s.PuzNumNow)),
-                                        s.TotalPuzzles, uniform);
+                                        s.collection.TotalPuzzles, uniform);
     if (target <= 0) return;
     s.PuzNumNow = std::to_string(target);
-    s.CurrentPuzzleNumber = target;
-    readPuzzle(s, s.CurrentFile, target);
+    s.collection.CurrentPuzzleNumber = target;
+    readPuzzle(s, s.collection.CurrentFile, target);
   });
 }
 
 void PuzzleFrame::readTypedNumber() {
   m_host.runCommand([this] {
     Session& s = m_session;
-    if (const auto n = typedPuzzleNumber(s.PuzNumNow, s.TotalPuzzles)) {
-      s.CurrentPuzzleNumber = *n;
-      readPuzzle(s, s.CurrentFile, *n);
+    if (const auto n = typedPuzzleNumber(s.PuzNumNow, s.collection.TotalPuzzles)) {
+      s.collection.CurrentPuzzleNumber = *n;
+      readPuzzle(s, s.collection.CurrentFile, *n);
     }
   });
 }
@@ -91,7 +91,7 @@ bool PuzzleFrame::eventFilter(QObject* watched, QEvent* event) {
 
 void PuzzleFrame::refreshFromSession() {
   setTitle(QString::fromStdString(m_session.PuzzleTitle));
-  const QString file = QString::fromStdString(m_session.CurrentFile);
+  const QString file = QString::fromStdString(m_session.collection.CurrentFile);
   if (m_file->text() != file) {
     m_file->setText(file);
     m_file->setToolTip(file);

@@ -38,13 +38,13 @@ void scheduleScreenshot(Form1& window, Session& session, const std::string& tab,
   QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
     if (tab == "create") {
       selectTab(window, 1);
-      auto* page = static_cast<CreateTab*>(window.page(Form1::CreatePage))->page();
+      auto* page = static_cast<CreateTab*>(window.page(Tab::Create))->page();
       page->createCommand();
       saveAndQuit(window, file);
     } else if (tab == "manual") {
       window.readPuzzleFile(collection, kPuzzle);
       selectTab(window, 2);
-      ManualPlay& play = static_cast<ManualTab*>(window.page(Form1::ManualSolvePage))->page()->play();
+      ManualPlay& play = static_cast<ManualTab*>(window.page(Tab::ManualSolve))->page()->play();
       // Fill the first few open cells that have a single choice, as a player would.
       int placed = 0;
       for (int c = 1; c <= kCells && placed < 8; ++c)

@@ -16,7 +16,7 @@ bool WindowPacer::processEvents() {
   if (!mayGoOn()) return false;
   // A run without pauses yields after every log line; handling events that
   // often would cost more than the solving, so it is done once per interval.
-  if (m_session.RunMode >= kRunNoPause && m_sinceYield.isValid() && m_sinceYield.elapsed() < kQuietIntervalMs)
+  if (!highlights(m_session.run.mode) && m_sinceYield.isValid() && m_sinceYield.elapsed() < kQuietIntervalMs)
     return true;
   m_sinceYield.start();
   if (m_onYield) m_onYield();
@@ -27,7 +27,7 @@ bool WindowPacer::processEvents() {
   return mayGoOn();
 }
 
-bool WindowPacer::waitWhilePaused(int& runMode) {
+bool WindowPacer::waitWhilePaused(RunState& runMode) {
   if (!mayGoOn()) return false;
   ++m_waits;
   if (m_beforeWait) m_beforeWait();
@@ -40,7 +40,7 @@ bool WindowPacer::waitWhilePaused(int& runMode) {
   loop.exec();
   if (!window) return false;  // the window, and this pacer with it, is gone
   m_loop = outer;
-  return mayGoOn() && (runMode == kRunReleased || runMode == kRunNoPause);
+  return mayGoOn() && (runMode == RunState::Released || runMode == RunState::NoPause);
 }
 
 void WindowPacer::wake() {

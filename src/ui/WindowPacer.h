@@ -29,7 +29,7 @@ class WindowPacer : public Pacer {
   /// Waits in a local event loop until Next (1) or the Pause box (99) releases
   /// the run. False when the wait ended otherwise (the window closed or went
   /// away, the application quit, or a stop was asked for).
-  bool waitWhilePaused(int& runMode) override;
+  bool waitWhilePaused(RunState& runMode) override;
 
   /// Ends the wait after Next or the Pause box changed the run state.
   void wake();

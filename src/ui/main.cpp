@@ -33,7 +33,7 @@ int printPaths(const std::string& dataFolder, const tessaly::Folders& folders) {
   session.folders = folders;
   session.writesConfiguration = false;
   tessaly::startUp(session, dataFolder);
-  std::cout << "collection: " << session.CurrentFile << " (" << session.TotalPuzzles << " puzzles)\n"
+  std::cout << "collection: " << session.collection.CurrentFile << " (" << session.collection.TotalPuzzles << " puzzles)\n"
             << "configuration: " << tessaly::configurationPath(session) << "\n"
             << "created puzzles: " << tessaly::tempCollectionPath(session) << "\n"
             << "event log: " << tessaly::pathIn(folders.output, tessaly::kEventLogFileName) << "\n";

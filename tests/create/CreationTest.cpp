@@ -50,7 +50,7 @@ TEST(CreateBlankCount, EightAndSeventyThreeAreRefusedAndNothingChanges) {
     EXPECT_EQ(t.ui.messages, std::vector<std::string>{c.message}) << c.blanks;
     EXPECT_EQ(test::gridText(t.session), puzzle);
     EXPECT_EQ(t.session.PuzzleTitle, "Puzzle 1 of 1 (49 blanks)");
-    EXPECT_FALSE(t.session.CreationFlag);
+    EXPECT_FALSE(t.session.run.CreationFlag);
     EXPECT_TRUE(t.display.views.empty());
     EXPECT_EQ(fileLength(t.tempFile()), -1);
   }
@@ -105,14 +105,14 @@ TEST(CreateCompletion, TheRunIsSilentAndRaisesTheCreationFlag) {
   // Records left by an earlier run must not take part: a stale guess level
   // would be retried into the new grid.
   CreateSession t;
-  t.session.guessStack.push(GuessLevel{});
-  t.session.candidateQueue.insert(QueueEntry{1, 1, 5, 2, "7"});
-  t.session.stats.timesApplied[3] = 4;
+  t.session.run.guessStack.push(GuessLevel{});
+  t.session.run.candidateQueue.insert(QueueEntry{1, 1, 5, 2, "7"});
+  t.session.run.stats.timesApplied[3] = 4;
   ASSERT_TRUE(PuzzleCreator(t.session).completeGrid());
-  EXPECT_TRUE(t.session.CreationFlag);
-  EXPECT_EQ(t.session.RunMode, kRunSilent);
+  EXPECT_TRUE(t.session.run.CreationFlag);
+  EXPECT_EQ(t.session.run.mode, RunState::Silent);
   EXPECT_EQ(t.session.log.TotalLines(), 0);
-  EXPECT_TRUE(t.session.candidateQueue.empty());
+  EXPECT_TRUE(t.session.run.candidateQueue.empty());
   EXPECT_EQ(t.display.views, std::vector<bool>{false});
 }
 
@@ -126,7 +126,7 @@ TEST(CreateCompletion, ARunPastMaxTriesBlanksAndSavesNothing) {
   EXPECT_EQ(fileLength(t.tempFile()), -1);
   EXPECT_NE(t.session.PuzNumNow, "NEW");
   EXPECT_EQ(t.display.views, (std::vector<bool>{false, true}));
-  EXPECT_TRUE(t.session.CreationFlag);
+  EXPECT_TRUE(t.session.run.CreationFlag);
   // What the run filled stays; nothing was blanked out of it.
   EXPECT_GT(t.session.grid.filledCount(), 9);
 }
@@ -278,11 +278,11 @@ TEST(CreateNewPuzzle, KeptCellsBecomeGivensWithCandidatesForTheBlanks) {
   t.session.controls.nextEnabled = true;
   t.session.controls.startEnabled = false;
   t.session.controls.editEnabled = false;
-  t.session.stats.totalReductions[2] = 9;
+  t.session.run.stats.totalReductions[2] = 9;
   CreateResult r = PuzzleCreator(t.session).createCommand(settings("45", BlankDistribution::Random));
   ASSERT_TRUE(r.created());
   Session& s = t.session;
-  EXPECT_EQ(s.GivenCount, 36);
+  EXPECT_EQ(s.givenCount(), 36);
   EXPECT_EQ(s.BlanksLeft, 45);
   for (int c = 1; c <= kCells; ++c) {
     const Cell& cell = s.grid[c];
@@ -299,9 +299,9 @@ TEST(CreateNewPuzzle, KeptCellsBecomeGivensWithCandidatesForTheBlanks) {
   EXPECT_FALSE(s.controls.nextEnabled);
   EXPECT_TRUE(s.controls.startEnabled);
   EXPECT_TRUE(s.controls.editEnabled);
-  EXPECT_EQ(s.stats.totalReductions[2], 0);
-  EXPECT_TRUE(s.CreationFlag);
-  EXPECT_EQ(s.RunMode, kRunSilent);
+  EXPECT_EQ(s.run.stats.totalReductions[2], 0);
+  EXPECT_TRUE(s.run.CreationFlag);
+  EXPECT_EQ(s.run.mode, RunState::Silent);
   EXPECT_EQ(t.display.views, (std::vector<bool>{false, true}));
   EXPECT_TRUE(SolverEngine(s).givensAreValid());
 }
@@ -347,8 +347,8 @@ TEST(CreateNewPuzzle, TheSameDrawsGiveTheSamePuzzle) {
 TEST(CreateNewPuzzle, TheCreatedPuzzleCanBeSolved) {
   CreateSession t(std::make_unique<SeededRandom>(5));
   ASSERT_TRUE(PuzzleCreator(t.session).createCommand(settings("55", BlankDistribution::Random)).created());
-  t.session.PlacementCount = 0;
-  t.session.RunMode = kRunNoPause;
+  t.session.run.PlacementCount = 0;
+  t.session.run.mode = RunState::NoPause;
   SolverEngine(t.session).solveAll();
   EXPECT_TRUE(test::completeAndValid(t.session));
 }

@@ -102,7 +102,7 @@ TEST(EntryGrid, AnAcceptedGridBecomesTheNewPuzzle) {
   ASSERT_TRUE(gridEntryOk(t.session, asRows(kPuzzle)));
   Session& s = t.session;
   EXPECT_EQ(test::gridText(s), kPuzzle);
-  EXPECT_EQ(s.GivenCount, 32);
+  EXPECT_EQ(s.givenCount(), 32);
   EXPECT_EQ(s.PuzzleTitle, "New Puzzle");
   EXPECT_TRUE(t.ui.messages.empty());
   // Givens show their digit; cell 1 (row 1, col 1) may hold 4 or 5.

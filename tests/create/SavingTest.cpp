@@ -25,8 +25,8 @@ std::string record(int number, const std::string& cells, bool blankLineBefore) {
 
 class SaveTest : public ::testing::Test {
  protected:
-  void SetUp() override { s.CurrentFile = t.dir.file("Mine.sud"); }
-  std::string fileText() const { return readWholeFile(s.CurrentFile).value_or("<missing>"); }
+  void SetUp() override { s.collection.CurrentFile = t.dir.file("Mine.sud"); }
+  std::string fileText() const { return readWholeFile(s.collection.CurrentFile).value_or("<missing>"); }
 
   test::CreateSession t;
   Session& s = t.session;
@@ -38,7 +38,7 @@ TEST_F(SaveTest, NewOnAnEmptyGridAsksForAPuzzleFirst) {
   EXPECT_FALSE(saveNewCommand(s));
   EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Create a valid puzzle first"});
   EXPECT_TRUE(t.ui.questions.empty());
-  EXPECT_EQ(fileLength(s.CurrentFile), -1);
+  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
 }
 
 TEST_F(SaveTest, NewAnsweredNoWritesNothing) {
@@ -47,7 +47,7 @@ TEST_F(SaveTest, NewAnsweredNoWritesNothing) {
   EXPECT_FALSE(saveNewCommand(s));
   EXPECT_EQ(t.ui.questions, std::vector<std::string>{"Save this puzzle?"});
   EXPECT_TRUE(t.ui.messages.empty());
-  EXPECT_EQ(fileLength(s.CurrentFile), -1);
+  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
 }
 
 TEST_F(SaveTest, NewAppendsTheGivensUnderTheNextNumber) {
@@ -56,10 +56,10 @@ TEST_F(SaveTest, NewAppendsTheGivensUnderTheNextNumber) {
   ASSERT_TRUE(saveNewCommand(s));
   EXPECT_EQ(fileText(), record(1, kPuzzle, false) + record(2, kPuzzle, true));
   EXPECT_EQ(t.ui.questions, (std::vector<std::string>{"Save this puzzle?", "Save this puzzle?"}));
-  EXPECT_EQ(t.ui.messages, (std::vector<std::string>{"Puzzle# 1 added to file: " + s.CurrentFile,
-                                                     "Puzzle# 2 added to file: " + s.CurrentFile}));
-  EXPECT_EQ(s.TotalPuzzles, 2);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(t.ui.messages, (std::vector<std::string>{"Puzzle# 1 added to file: " + s.collection.CurrentFile,
+                                                     "Puzzle# 2 added to file: " + s.collection.CurrentFile}));
+  EXPECT_EQ(s.collection.TotalPuzzles, 2);
+  EXPECT_EQ(s.collection.CurrentPuzzleNumber, 2);
   EXPECT_EQ(s.PuzNumNow, "2");
   EXPECT_EQ(s.PuzzleTitle, "Puzzle 2 of 2 (49 blanks)");
 }
@@ -67,10 +67,10 @@ TEST_F(SaveTest, NewAppendsTheGivensUnderTheNextNumber) {
 TEST_F(SaveTest, TheThirteenthPuzzleIsToldWithItsNumber) {
   std::string twelve;
   for (int n = 1; n <= 12; ++n) twelve += record(n + 100, kPuzzle, n > 1);
-  ASSERT_TRUE(writeFileAtomically(s.CurrentFile, twelve));
+  ASSERT_TRUE(writeFileAtomically(s.collection.CurrentFile, twelve));
   test::loadGivens(s, kPuzzle);
   ASSERT_TRUE(saveNewCommand(s));
-  EXPECT_EQ(t.ui.messages.back(), "Puzzle# 13 added to file: " + s.CurrentFile);
+  EXPECT_EQ(t.ui.messages.back(), "Puzzle# 13 added to file: " + s.collection.CurrentFile);
   EXPECT_EQ(fileText(), twelve + record(13, kPuzzle, true));
 }
 
@@ -82,10 +82,10 @@ TEST_F(SaveTest, ValuesWithoutGivenMarksAreWrittenAsDots) {
 
 TEST_F(SaveTest, AFailedWriteIsToldAndStops) {
   test::loadGivens(s, kPuzzle);
-  s.CurrentFile = t.dir.file("missing/Mine.sud");
+  s.collection.CurrentFile = t.dir.file("missing/Mine.sud");
   s.PuzzleTitle = "before";
   EXPECT_FALSE(saveNewCommand(s));
-  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Could not write file: " + s.CurrentFile});
+  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Could not write file: " + s.collection.CurrentFile});
   EXPECT_EQ(s.PuzzleTitle, "before");
 }
 
@@ -98,12 +98,12 @@ TEST_F(SaveTest, ThisPuzzleMustBeSolvedFirst) {
   EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Solve this puzzle first before saving"});
   EXPECT_TRUE(t.ui.questions.empty());
   EXPECT_EQ(s.MesLab, "status");
-  EXPECT_EQ(fileLength(s.CurrentFile), -1);
+  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
 }
 
 TEST_F(SaveTest, ASolvedPuzzleIsSavedAsItsGivensOnly) {
   test::loadGivens(s, kPuzzle);
-  s.RunMode = kRunNoPause;
+  s.run.mode = RunState::NoPause;
   SolverEngine(s).solveAll();
   ASSERT_TRUE(test::completeAndValid(s));
   s.MesLab = "Solved with no re-tries";
@@ -111,10 +111,10 @@ TEST_F(SaveTest, ASolvedPuzzleIsSavedAsItsGivensOnly) {
 
   ASSERT_TRUE(saveThisPuzzleCommand(s));
   EXPECT_EQ(fileText(), record(1, kPuzzle, false));
-  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Puzzle# 1 added to file: " + s.CurrentFile});
+  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Puzzle# 1 added to file: " + s.collection.CurrentFile});
   EXPECT_EQ(s.MesLab, "");
   // Read back, it is the unsolved puzzle with its 49 blanks.
-  PuzzleRowsRead back = readPuzzleRows(s.CurrentFile, 1);
+  PuzzleRowsRead back = readPuzzleRows(s.collection.CurrentFile, 1);
   ASSERT_EQ(back.status, PuzzleRowsRead::Status::Found);
   std::string cells;
   for (const std::string& row : back.rows) cells += row;
@@ -127,7 +127,7 @@ TEST_F(SaveTest, ThisPuzzleAnsweredNoKeepsTheStatus) {
   t.ui.answers.push_back(false);
   EXPECT_FALSE(saveThisPuzzleCommand(s));
   EXPECT_EQ(s.MesLab, "status");
-  EXPECT_EQ(fileLength(s.CurrentFile), -1);
+  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
 }
 
 // --- the batch
@@ -149,10 +149,10 @@ TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
   EXPECT_EQ(shown, (std::vector<std::string>{"2", "1", "0", "3"}));
   ASSERT_EQ(created.size(), 4u);
   EXPECT_EQ(fileText(), record(1, created[0], false) + record(2, created[1], true) + record(3, created[2], true));
-  EXPECT_EQ(s.TotalPuzzles, 3);
+  EXPECT_EQ(s.collection.TotalPuzzles, 3);
   EXPECT_EQ(s.PuzNumNow, "3");
   EXPECT_EQ(s.PuzzleTitle, "Puzzle 3 of 3 (40 blanks)");
-  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"3 puzzles added to file: " + s.CurrentFile});
+  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"3 puzzles added to file: " + s.collection.CurrentFile});
   EXPECT_TRUE(t.ui.questions.empty());
   // Each creation also went to PuzTemp.sud as #001.
   EXPECT_EQ(countPuzzles(t.tempFile()), 3);
@@ -165,11 +165,11 @@ TEST_F(SaveTest, ABatchGoesOnAfterAFailedCreationAndTellsTheCountAsked) {
   request.create = CreateSettings{"30", BlankDistribution::Random, std::nullopt};
   AutoSaveResult result = autoSaveCommand(s, request);
   EXPECT_EQ(result.saved, 0);
-  EXPECT_EQ(fileLength(s.CurrentFile), -1);
+  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
   EXPECT_EQ(t.ui.messages,
             (std::vector<std::string>{"Tried 5 times, solution aborted", "Puzzle creation failed, please try again",
                                       "Tried 5 times, solution aborted", "Puzzle creation failed, please try again",
-                                      "2 puzzles added to file: " + s.CurrentFile}));
+                                      "2 puzzles added to file: " + s.collection.CurrentFile}));
 }
 
 TEST_F(SaveTest, AManualFallbackIsToldOnceAndTheBatchGoesOnAtRandom) {
@@ -180,12 +180,12 @@ TEST_F(SaveTest, AManualFallbackIsToldOnceAndTheBatchGoesOnAtRandom) {
   EXPECT_EQ(result.saved, 2);
   EXPECT_EQ(result.create.distribution, BlankDistribution::Random);
   EXPECT_EQ(t.ui.messages, (std::vector<std::string>{"Random placement will be used",
-                                                     "2 puzzles added to file: " + s.CurrentFile}));
+                                                     "2 puzzles added to file: " + s.collection.CurrentFile}));
   EXPECT_EQ(s.PuzzleTitle, "Puzzle 2 of 2 (25 blanks)");
 }
 
 TEST_F(SaveTest, ABatchIntoAnUnwritableFileStopsAtTheFirstSave) {
-  s.CurrentFile = t.dir.file("missing/Mine.sud");
+  s.collection.CurrentFile = t.dir.file("missing/Mine.sud");
   std::vector<std::string> shown;
   AutoSaveRequest request;
   request.NumCreate = "3";
@@ -194,7 +194,7 @@ TEST_F(SaveTest, ABatchIntoAnUnwritableFileStopsAtTheFirstSave) {
   AutoSaveResult result = autoSaveCommand(s, request);
   EXPECT_TRUE(result.writeFailed);
   EXPECT_EQ(result.saved, 0);
-  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Could not write file: " + s.CurrentFile});
+  EXPECT_EQ(t.ui.messages, std::vector<std::string>{"Could not write file: " + s.collection.CurrentFile});
   EXPECT_EQ(shown, std::vector<std::string>{"3"});
   EXPECT_EQ(countPuzzles(t.tempFile()), 1);
 }

@@ -46,11 +46,11 @@ TEST(CollectionFile, AppendingNumbersAfterTheLastPuzzle) {
 
 TEST(CollectionFile, TheOneLineCodeIsTheNumberThenTheValues) {
   Session s;
-  s.CurrentPuzzleNumber = 5;
+  s.collection.CurrentPuzzleNumber = 5;
   s.grid[1].value = 4;
   s.grid[81].value = 9;
   EXPECT_EQ(gridCode(s), "05=4" + std::string(79, '0') + "9");
-  s.CurrentPuzzleNumber = 125;
+  s.collection.CurrentPuzzleNumber = 125;
   EXPECT_EQ(gridCode(s).substr(0, 5), "125=4");
 }
 

@@ -31,7 +31,7 @@ TEST(Configuration, WritesFourCrLfLinesThatReadBackOrSaysItCouldNot) {
                        Row{{250, "", ""}, "Mine.sud", " 250 \r\n\r\n\r\nMine.sud\r\n"}}) {  // random order
     ConfigFixture f;
     f.session.config = r.config;
-    f.session.CurrentFile = r.collection;
+    f.session.collection.CurrentFile = r.collection;
     ASSERT_TRUE(writeConfiguration(f.session));
     EXPECT_EQ(test::readFile(f.app.file("Quorrel.cfg")), r.expected);
     Session fresh;
@@ -71,7 +71,7 @@ TEST(Configuration, ReadingKeepsWhatWasReadBeforeTheFirstUnusableLineAndNeverCom
     EXPECT_EQ(f.session.config.MaxTries, r.tries);
     EXPECT_EQ(f.session.config.RuleOrder, r.order);
     EXPECT_EQ(f.session.config.ColourSchemeFile, r.scheme);
-    EXPECT_EQ(f.session.CurrentFile, f.app.file(r.collection));
+    EXPECT_EQ(f.session.collection.CurrentFile, f.app.file(r.collection));
     EXPECT_TRUE(f.ui.messages.empty());
   }
 }

@@ -56,23 +56,23 @@ TEST(EventLog, TextFileHoldsTheRecordedLinesWithoutPrefixes) {
 TEST(LogEvent, FollowsTheRunStateAndAWaitEndedWithoutReleaseStopsTheRun) {
   test::TestSession t;
   Session& s = t.session;
-  s.RunMode = kRunSilent;
+  s.run.mode = RunState::Silent;
   s.logEvent(0, "silent", true);
-  s.RunMode = kRunNoPause;
+  s.run.mode = RunState::NoPause;
   s.logEvent(0, "never waits", true);
-  s.RunMode = kRunReleased;
+  s.run.mode = RunState::Released;
   s.logEvent(0, "no pause flag");
   EXPECT_EQ(t.pacer.pauses, 0);
   s.logEvent(0, "a pause point", true);
   EXPECT_EQ(t.pacer.pauses, 1);
-  EXPECT_EQ(s.RunMode, kRunReleased);
+  EXPECT_EQ(s.run.mode, RunState::Released);
   EXPECT_EQ(test::logLines(s), (std::vector<std::string>{"00never waits", "00no pause flag", "00a pause point"}));
 
   struct ClosingPacer : Pacer {
-    bool waitWhilePaused(int&) override { return false; }
+    bool waitWhilePaused(RunState&) override { return false; }
   } closing;
   Session stopped(Services{nullptr, nullptr, &closing, nullptr, nullptr});
-  stopped.RunMode = kRunReleased;
+  stopped.run.mode = RunState::Released;
   EXPECT_THROW(stopped.logEvent(0, "pause", true), RunStopped);
 }
 
@@ -80,12 +80,12 @@ TEST(ClearEventLog, AlsoEmptiesHintsAndRuleStatistics) {
   Session s;
   s.logEvent(0, "x");
   s.Hints.push_back("APPLY RULE 1");
-  s.stats.timesApplied[3] = s.stats.totalReductions[6] = 2;
+  s.run.stats.timesApplied[3] = s.run.stats.totalReductions[6] = 2;
   s.clearEventLog();
   EXPECT_EQ(s.log.TotalLines(), 0);
   EXPECT_TRUE(s.Hints.empty());
-  EXPECT_EQ(s.stats.timesApplied, (std::array<int, 7>{}));
-  EXPECT_EQ(s.stats.totalReductions, (std::array<int, 7>{}));
+  EXPECT_EQ(s.run.stats.timesApplied, (std::array<int, 7>{}));
+  EXPECT_EQ(s.run.stats.totalReductions, (std::array<int, 7>{}));
 }
 
 }  // namespace

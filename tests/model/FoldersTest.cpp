@@ -86,7 +86,7 @@ TEST(Folders, TheSessionWritesIntoTheChosenFolders) {
   s.folders = {user.file("config/Tessaly/"), user.file("share/Tessaly/"), user.dir()};
   // The configuration folder is made on the first write and read back from there.
   s.config.MaxTries = 77;
-  s.CurrentFile = data.file("Puzzles.sud");
+  s.collection.CurrentFile = data.file("Puzzles.sud");
   ASSERT_TRUE(writeConfiguration(s));
   EXPECT_EQ(configurationPath(s), user.file("config/Tessaly/Quorrel.cfg"));
   s.config = Configuration{};

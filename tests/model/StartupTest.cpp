@@ -22,13 +22,13 @@ TEST(StartUp, FindsTheDefaultCollectionInTheApplicationFolderHoweverItIsSpelt) {
     ScriptedUserInterface ui;
     Session session{Services{&ui}};
     session.log.append(0, "left over");
-    session.CurrentPuzzleNumber = 9;
+    session.collection.CurrentPuzzleNumber = 9;
     startUp(session, given);
     EXPECT_EQ(session.appDir, appDir);
-    EXPECT_EQ(session.CurrentFile, appDir + "Puzzles.sud");
-    EXPECT_EQ(session.TotalPuzzles, 3);
+    EXPECT_EQ(session.collection.CurrentFile, appDir + "Puzzles.sud");
+    EXPECT_EQ(session.collection.TotalPuzzles, 3);
     EXPECT_EQ(session.PuzzleTitle, "Total Puzzles 3");
-    EXPECT_EQ(session.CurrentPuzzleNumber, 0);
+    EXPECT_EQ(session.collection.CurrentPuzzleNumber, 0);
     EXPECT_EQ(session.log.TotalLines(), 0);
     EXPECT_TRUE(ui.messages.empty());
   }
@@ -40,10 +40,10 @@ TEST(StartUp, AMissingOrEmptyDefaultCollectionIsReported) {
     if (exists) test::writeFile(app.file("Puzzles.sud"), "");
     ScriptedUserInterface ui;
     Session session{Services{&ui}};
-    session.TotalPuzzles = 5;
+    session.collection.TotalPuzzles = 5;
     startUp(session, app.dir());
     EXPECT_EQ(ui.messages, std::vector<std::string>{"Default puzzle file not found: " + app.file("Puzzles.sud")});
-    EXPECT_EQ(session.TotalPuzzles, 0);
+    EXPECT_EQ(session.collection.TotalPuzzles, 0);
   }
 }
 
@@ -58,31 +58,31 @@ TEST(StartUp, StartValuesComeFirstThenTheConfigurationThenTheSchemeThenTheCollec
   session.CellOrder[5] = 77;
   session.DigitOrder[2] = 9;
   session.BoxPositionOrder[4] = 1;
-  session.RuleTable = {0, 7, 6, 5, 4, 3, 2};
+  session.run.RuleTable = {0, 7, 6, 5, 4, 3, 2};
   std::string schemeSeen;
   int totalSeen = -1;
   const auto applyScheme = [&](Session& s) {
     schemeSeen = s.config.ColourSchemeFile;
-    totalSeen = s.TotalPuzzles;
+    totalSeen = s.collection.TotalPuzzles;
   };
   startUp(session, app.dir(), applyScheme);
   EXPECT_EQ(session.config.MaxTries, 120);
   EXPECT_EQ(session.config.RuleOrder, "");
   EXPECT_EQ(schemeSeen, "");  // the start value, not the old one
   EXPECT_EQ(totalSeen, 0);
-  EXPECT_EQ(session.TotalPuzzles, 1);
+  EXPECT_EQ(session.collection.TotalPuzzles, 1);
   EXPECT_EQ(session.BlanksLeft, 81);
   for (int i = 1; i <= 81; ++i) EXPECT_EQ(session.CellOrder[std::size_t(i)], i);
   for (int i = 1; i <= 9; ++i) EXPECT_EQ(session.DigitOrder[std::size_t(i)], i);
   for (int i = 1; i <= 9; ++i) EXPECT_EQ(session.BoxPositionOrder[std::size_t(i)], i);
-  EXPECT_EQ(session.RuleTable, (decltype(session.RuleTable){0, 2, 3, 4, 5, 6, 7}));
+  EXPECT_EQ(session.run.RuleTable, (decltype(session.run.RuleTable){0, 2, 3, 4, 5, 6, 7}));
 
   test::writeFile(app.file("Quorrel.cfg"), " 250 \r\n23456\r\nSky.sch\r\nMine.sud\r\n");
   startUp(session, app.dir(), applyScheme);
   EXPECT_EQ(schemeSeen, "Sky.sch");
   EXPECT_EQ(totalSeen, 1);  // not yet recounted
-  EXPECT_EQ(session.CurrentFile, app.file("Mine.sud"));
-  EXPECT_EQ(session.TotalPuzzles, 2);
+  EXPECT_EQ(session.collection.CurrentFile, app.file("Mine.sud"));
+  EXPECT_EQ(session.collection.TotalPuzzles, 2);
   EXPECT_EQ(session.PuzzleTitle, "Total Puzzles 2");
 }
 

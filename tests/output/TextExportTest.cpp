@@ -48,7 +48,7 @@ TEST(Report, PrintedIntoTheWorkingFolder) {
   ScriptedUserInterface ui;
   Session session({&ui, nullptr, nullptr, &clock, nullptr});
   fillSolvedGrid(session);
-  session.CurrentPuzzleNumber = 12;
+  session.collection.CurrentPuzzleNumber = 12;
   session.log.append(0, "Apply Rule 2");
   session.log.append(4, "This puzzle does not appear to have a solution!");
   session.log.append(0, "");

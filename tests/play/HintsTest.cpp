@@ -96,7 +96,7 @@ TEST_P(RuleHintFinds, TheWholeReportAndTheBoardAsBefore) {
   EXPECT_EQ(s.Hints, c.report);
   EXPECT_TRUE(saveBoardSnapshot(s) == before);
   EXPECT_EQ(s.BlanksLeft, blanks);
-  EXPECT_EQ(s.RunMode, kRunWaiting);
+  EXPECT_EQ(s.run.mode, RunState::Waiting);
   // The narration stays in the log, and the recorded count covers it.
   EXPECT_EQ(s.log.TotalLines(), linesBefore + int(c.report.size()) - 4);
   EXPECT_EQ(s.log.RecordedLineCount, s.log.TotalLines());
@@ -131,7 +131,7 @@ TEST(RuleHint, AllRulesRunInTheirNumberOrderWhateverTheRuleOrder) {
   Session& s = t.session;
   ASSERT_TRUE(readPuzzle(s, test::puzzleFile("top95.sud"), 20));
   s.config.RuleOrder = "65432";
-  s.RuleTable = {0, 7, 6, 5, 4, 3, 2};
+  s.run.RuleTable = {0, 7, 6, 5, 4, 3, 2};
   const int first = s.log.TotalLines() + 1;
   runRuleHint(s, kAllRulesHint);
   // Rule 4 reduces without making a single, and calls Rule 1 as every rule does.
@@ -235,10 +235,10 @@ TEST(RuleHint, TheRunNeverPausesAndTheRunStateComesBack) {
   test::TestSession t;
   Session& s = t.session;
   ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
-  s.RunMode = 5;  // stepping
+  s.run.mode = RunState::Released;  // stepping
   runRuleHint(s, 1);
   EXPECT_EQ(t.pacer.pauses, 0);
-  EXPECT_EQ(s.RunMode, 5);
+  EXPECT_EQ(s.run.mode, RunState::Released);
   EXPECT_EQ(s.Hints.size(), 17u);
 }
 
@@ -246,13 +246,13 @@ TEST(RuleHint, ThePreparationEmptiesTheSolverRecords) {
   test::TestSession t;
   Session& s = t.session;
   ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
-  s.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, "3"}, std::string(81, '0')});
-  s.candidateQueue.insert(QueueEntry{2, 3, 5, 2, "23"});
-  s.RuleReductions = 17;
+  s.run.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, "3"}, std::string(81, '0')});
+  s.run.candidateQueue.insert(QueueEntry{2, 3, 5, 2, "23"});
+  s.run.RuleReductions = 17;
   s.BlanksLeft = 0;  // wrong: recounted from the grid, or no rule would run
   runRuleHint(s, 1);
-  EXPECT_TRUE(s.guessStack.empty());
-  EXPECT_TRUE(s.candidateQueue.empty());
+  EXPECT_TRUE(s.run.guessStack.empty());
+  EXPECT_TRUE(s.run.candidateQueue.empty());
   EXPECT_EQ(s.Hints.size(), 17u);
   EXPECT_EQ(s.BlanksLeft, kCells - s.grid.filledCount());
 }
@@ -266,7 +266,7 @@ TEST(RuleHint, AFullLogPutsTheBoardBackAndSaysSo) {
   runRuleHint(s, 1);
   EXPECT_EQ(t.ui.messages, (Lines{"Event log is full (5000 lines)"}));
   EXPECT_TRUE(saveBoardSnapshot(s) == before);
-  EXPECT_EQ(s.RunMode, kRunWaiting);
+  EXPECT_EQ(s.run.mode, RunState::Waiting);
   EXPECT_TRUE(s.Hints.empty());
   EXPECT_EQ(s.log.TotalLines(), EventLog::kCapacity);
 }

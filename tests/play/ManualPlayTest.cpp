@@ -314,12 +314,12 @@ TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgain) {
   EXPECT_EQ(choices(1), "45");
   EXPECT_EQ(play.highlightedCell, -1);
   EXPECT_EQ(play.selectedCell, 0);
-  EXPECT_EQ(s.CurrentPuzzleNumber, 1);
+  EXPECT_EQ(s.collection.CurrentPuzzleNumber, 1);
 }
 
 TEST_F(ManualPlayTest, ClearWithoutAPuzzleDoesNothing) {
   m.type(1, 4);
-  s.CurrentPuzzleNumber = 0;
+  s.collection.CurrentPuzzleNumber = 0;
   play.clearManual();
   EXPECT_EQ(play.LogManual, (Lines{"C01 = 4"}));
   EXPECT_EQ(s.grid[1].value, 4);
@@ -327,7 +327,7 @@ TEST_F(ManualPlayTest, ClearWithoutAPuzzleDoesNothing) {
 
 TEST_F(ManualPlayTest, OnAnotherTabTheEventsDoNothing) {
   m.type(1, 4);
-  s.controls.currentTab = 1;
+  s.controls.currentTab = Tab::AutoSolve;
   play.selectCell(2);
   EXPECT_EQ(play.selectedCell, 1);
   play.selectedCell = 1;

@@ -48,10 +48,10 @@ struct ManualSession {
   ManualPlay play{session, &recorder};
   ManualSession() {
     session.writesConfiguration = false;
-    session.controls.currentTab = ManualPlay::kManualTab;
+    session.controls.currentTab = Tab::ManualSolve;
   }
   bool read(const std::string& path, int number) {
-    session.CurrentFile = path;
+    session.collection.CurrentFile = path;
     const bool ok = readPuzzle(session, path, number);
     recorder.events.clear();
     recorder.messages.clear();
@@ -66,7 +66,6 @@ struct ManualSession {
       session.grid[c].given = v != 0;
       session.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
     }
-    session.recountGivens();
     play.prepare();
   }
   /// Selects the cell and releases the key of the digit.

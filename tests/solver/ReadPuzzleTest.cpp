@@ -14,9 +14,9 @@ TEST(ReadPuzzle, AReadWritesItsLinesAndSetsTheTitle) {
   Session& s = t.session;
   test::TempDir dir;
   test::writeFile(dir.file("a.sud"), kPuzzle1 + "\r\n" + kPuzzle1);
-  s.RunMode = kRunReleased;
+  s.run.mode = RunState::Released;
   ASSERT_TRUE(readPuzzle(s, dir.file("a.sud"), -1));  // -1: the last one
-  EXPECT_EQ(s.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(s.collection.CurrentPuzzleNumber, 2);
   EXPECT_EQ(s.PuzNumNow, "2");
   EXPECT_EQ(s.PuzzleTitle, "Puzzle 2 of 2 (57 blanks)");
   EXPECT_EQ(test::logLines(s), (std::vector<std::string>{
@@ -27,9 +27,9 @@ TEST(ReadPuzzle, AReadWritesItsLinesAndSetsTheTitle) {
                                    "00",
                                    "00Click Start to commence",
                                }));
-  EXPECT_EQ(s.RunMode, kRunWaiting);
+  EXPECT_EQ(s.run.mode, RunState::Waiting);
   EXPECT_EQ(t.pacer.pauses, 0);
-  EXPECT_EQ(s.GivenCount, 24);
+  EXPECT_EQ(s.givenCount(), 24);
   // Plain candidates only: nothing is placed while reading.
   EXPECT_EQ(s.grid.filledCount(), 24);
   EXPECT_EQ(s.grid[1].candidates.text(), "4");

@@ -15,7 +15,7 @@ struct Board {
   Board() {
     for (int c = 1; c <= kCells; ++c) s.grid[c].candidates = CandidateSet::full();
     s.BlanksLeft = 81;
-    s.RunMode = kRunNoPause;
+    s.run.mode = RunState::NoPause;
   }
   void set(int cell, const char* candidates) { s.grid[cell].candidates = CandidateSet::fromText(candidates); }
   void clearAll() {
@@ -65,14 +65,14 @@ TEST(Rules, BoardsWhereARuleFindsNothingGiveOnlyItsFrame) {
     EXPECT_EQ(b.lines(), (std::vector<std::string>{"01Apply Rule " + n, r.rule == 1 ? "01No additional single values found"
                                                                                    : "01End Rule " + n + ": no reductions"}));
     EXPECT_EQ(b.s.BlanksLeft, 81);
-    EXPECT_EQ(b.s.stats.timesApplied[std::size_t(r.rule)], r.rule == 1 ? 0 : 1);
-    EXPECT_EQ(b.s.stats.totalReductions, (std::array<int, 7>{}));
+    EXPECT_EQ(b.s.run.stats.timesApplied[std::size_t(r.rule)], r.rule == 1 ? 0 : 1);
+    EXPECT_EQ(b.s.run.stats.totalReductions, (std::array<int, 7>{}));
   }
   Board none;  // no blank left: every rule is silent
   none.s.BlanksLeft = 0;
   for (int rule = 1; rule <= 6; ++rule) none.apply(rule);
   EXPECT_TRUE(none.lines().empty());
-  EXPECT_EQ(none.s.stats.timesApplied, (std::array<int, 7>{}));
+  EXPECT_EQ(none.s.run.stats.timesApplied, (std::array<int, 7>{}));
 }
 
 TEST_F(RulesTest, RemoveDuplicatesNarratesEachDeletionPassByPass) {
@@ -115,7 +115,7 @@ TEST_F(RulesTest, Rule1PlacesSinglesAfterPropagation) {
                          "00Set row 1, col 1, cell 1 to value 7", "00Set row 1, col 2, cell 2 to value 8",
                          "00Set row 1, col 3, cell 3 to value 9"}));
   EXPECT_EQ(s.BlanksLeft, 0);
-  EXPECT_EQ(s.PlacementCount, 3);
+  EXPECT_EQ(s.run.PlacementCount, 3);
 }
 
 TEST_F(RulesTest, Rule2ClearsTheLinesThroughALoneDigitOfABox) {
@@ -135,7 +135,7 @@ TEST_F(RulesTest, Rule2ClearsTheLinesThroughALoneDigitOfABox) {
   EXPECT_EQ(log[26], "01Apply Rule 1");
   EXPECT_EQ(text(18), "12346789");
   EXPECT_EQ(text(12), "123456789");
-  EXPECT_EQ(s.stats.totalReductions[2], 12);
+  EXPECT_EQ(s.run.stats.totalReductions[2], 12);
 }
 
 TEST_F(RulesTest, Rule4KeepsADigitInsideTheBoxItsColumnPointsTo) {
@@ -174,7 +174,7 @@ TEST_F(RulesTest, Rule5NarratesAHiddenSingleInABoxAndInARow) {
                 "01Rule 5: in row 9, choice 8 occurs only once in row 9, col 8, cell 80 (123456789)",
                 "01Set row 9, col 8, cell 80 to value 8", "01End Rule 5: made 2 reductions", "01Apply Rule 1"}));
   EXPECT_EQ(text(41), "3");
-  EXPECT_EQ(s.stats.totalReductions[5], 2);
+  EXPECT_EQ(s.run.stats.totalReductions[5], 2);
 }
 
 TEST(Rules, PairsAndGroupsLeaveTheRestOfTheirArea) {

@@ -21,19 +21,19 @@ class SolveRunTest : public ::testing::Test {
 };
 
 TEST_F(SolveRunTest, AGuessSavesTheUntriedDigitsAndTheGrid) {
-  s.RunMode = kRunNoPause;
+  s.run.mode = RunState::NoPause;
   engine.placeValue(5, 2, "248");
   EXPECT_EQ(s.grid[5].value, 2);
-  EXPECT_EQ(s.guessStack.entry(0), "0000SQ05BX02VL48");
-  EXPECT_EQ(s.guessStack.entry(1), std::string(81, '0'));
-  EXPECT_EQ(s.SavedGuessCount, 1);
-  EXPECT_EQ(s.PlacementCount, 1);
+  EXPECT_EQ(s.run.guessStack.entry(0), "0000SQ05BX02VL48");
+  EXPECT_EQ(s.run.guessStack.entry(1), std::string(81, '0'));
+  EXPECT_EQ(s.run.SavedGuessCount, 1);
+  EXPECT_EQ(s.run.PlacementCount, 1);
   EXPECT_EQ(test::logLines(s), (std::vector<std::string>{
                                    "00Set row 1, col 5, cell 5 to value 2, multiple choice=248",
                                    "00Current solution saved in case we revert back to other choices"}));
   engine.placeValue(6, 7, "7");
   EXPECT_EQ(s.log.line(3), "00Set row 1, col 6, cell 6 to value 7");
-  EXPECT_EQ(s.guessStack.levels(), 1);
+  EXPECT_EQ(s.run.guessStack.levels(), 1);
 }
 
 TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuess) {
@@ -44,9 +44,9 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuess) {
                              {18, '9'}})
     puzzle[std::size_t(cell - 1)] = digit;
   test::loadGivens(s, puzzle);
-  s.RunMode = kRunNoPause;
-  s.candidateQueue.insert({2, 5, 23, 2, "38"});
-  s.PlacementCount = 5;  // not the first placement of the run: no random draw
+  s.run.mode = RunState::NoPause;
+  s.run.candidateQueue.insert({2, 5, 23, 2, "38"});
+  s.run.PlacementCount = 5;  // not the first placement of the run: no random draw
   engine.placeNext();
   const auto log = test::logLines(s);
   ASSERT_GE(log.size(), 4u);
@@ -55,28 +55,28 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuess) {
   EXPECT_EQ(log[log.size() - 2], "04OOPs, this placement will leave cell 26 in box 3 with no valid options, must retract");
   EXPECT_EQ(log.back(), "04Retry row 3, col 5, cell 23 with value 8 instead");
   EXPECT_EQ(s.grid[23].value, 0);
-  ASSERT_EQ(s.candidateQueue.size(), 1);
-  EXPECT_EQ(s.candidateQueue[0].text(), "0000SQ23BX02VL8");
-  EXPECT_TRUE(s.guessStack.empty());
+  ASSERT_EQ(s.run.candidateQueue.size(), 1);
+  EXPECT_EQ(s.run.candidateQueue[0].text(), "0000SQ23BX02VL8");
+  EXPECT_TRUE(s.run.guessStack.empty());
   // The retry places 8 without saving a new level.
   const int before = s.log.TotalLines();
   engine.placeNext();
   EXPECT_EQ(s.log.line(before + 1), "00Set row 3, col 5, cell 23 to value 8");
-  EXPECT_EQ(s.SavedGuessCount, 1);
+  EXPECT_EQ(s.run.SavedGuessCount, 1);
 }
 
 TEST_F(SolveRunTest, AnExhaustedSearchBlanksTheWholeGrid) {
   // Givens that leave cell 9 without candidates; no guess has been made.
   test::loadGivens(s, "12345678.........9" + std::string(63, '.'));
-  s.RunMode = kRunNoPause;
-  s.candidateQueue.insert({1, 1, 10, 1, "4"});  // any placement; the analysis finds the dead cell
-  s.PlacementCount = 1;
+  s.run.mode = RunState::NoPause;
+  s.run.candidateQueue.insert({1, 1, 10, 1, "4"});  // any placement; the analysis finds the dead cell
+  s.run.PlacementCount = 1;
   engine.placeNext();
   EXPECT_EQ(s.grid.filledCount(), 0);
   EXPECT_EQ(t.ui.messages, (std::vector<std::string>{
                                "There appears to be no possible solution to this puzzle.\nPlease check you number "
                                "placements."}));
-  EXPECT_TRUE(s.candidateQueue.empty());
+  EXPECT_TRUE(s.run.candidateQueue.empty());
   EXPECT_EQ(s.log.line(s.log.TotalLines()),
             "04OOPs, this placement will leave cell 9 in box 3 with no valid options, must retract");
 }
@@ -95,7 +95,7 @@ TEST_F(SolveRunTest, StartPausesAtEveryPausePointAndEndsWithTheControlsForANewPu
   EXPECT_EQ(t.pacer.pauses, expected);
   EXPECT_EQ(s.grid.filledCount(), 81);
   EXPECT_EQ(s.MesLab, "Solved with no re-tries");
-  EXPECT_EQ(s.RunMode, kRunSilent);
+  EXPECT_EQ(s.run.mode, RunState::Silent);
   const Controls& on = s.controls;  // start and next off, edit and clear on
   EXPECT_EQ(std::vector({on.startEnabled, on.nextEnabled, on.editEnabled, on.clearEnabled}),
             std::vector({false, false, true, true}));
@@ -129,14 +129,14 @@ TEST(SolveRun, ThePlacementLimitAbortsTheRun) {
                        Row{true, 1, {"Tried 1 times, solution aborted"}}}) {
     test::TestSession t;
     Session& s = t.session;
-    s.CreationFlag = r.creation;
+    s.run.CreationFlag = r.creation;
     s.config.MaxTries = r.limit;
     s.controls.PauseCheck = true;
     SolverEngine(s).startCommand();
     EXPECT_EQ(t.ui.messages, r.messages);
     EXPECT_EQ(s.MesLab, r.messages.back());
-    EXPECT_EQ(s.PlacementCount, 0);
-    EXPECT_EQ(s.RunMode, kRunReleased);
+    EXPECT_EQ(s.run.PlacementCount, 0);
+    EXPECT_EQ(s.run.mode, RunState::Released);
     if (r.creation) { EXPECT_EQ(s.grid[1].value, 1); }  // the smallest digit, not a drawn one
   }
 }

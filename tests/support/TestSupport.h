@@ -53,7 +53,6 @@ inline void loadGivens(Session& s, const std::string& puzzle) {
     s.grid[c].given = v != 0;
     s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
   }
-  s.recountGivens();
 }
 
 /// The stored log lines from line `from` on (with their style prefix).

@@ -57,21 +57,21 @@ TEST_F(CollectionTest, TheNavigationButtonsReadTheirTargetWithEitherMouseButton)
   for (const auto& step : steps) {
     click(step.button, step.mouse);
     EXPECT_EQ(numberBox(), step.shown) << step.button << " to " << step.shown;
-    EXPECT_EQ(std::to_string(session.CurrentPuzzleNumber), step.shown);
+    EXPECT_EQ(std::to_string(session.collection.CurrentPuzzleNumber), step.shown);
   }
   // Random draws from the session's random source.
   click("NavButton_2");
-  EXPECT_EQ(session.CurrentPuzzleNumber, navigationTarget(NavButton::Random, false, 1, 50, 0.5));
-  EXPECT_EQ(numberBox(), QString::number(session.CurrentPuzzleNumber));
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, navigationTarget(NavButton::Random, false, 1, 50, 0.5));
+  EXPECT_EQ(numberBox(), QString::number(session.collection.CurrentPuzzleNumber));
 }
 
 TEST_F(CollectionTest, ThePuzzleNumberBoxReadsOnEnterAndClearReadsAgain) {
   openPe96();
   typeNumber("17");
-  EXPECT_EQ(session.CurrentPuzzleNumber, 17);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, 17);
   EXPECT_TRUE(child<QGroupBox>("PuzNumber")->title().startsWith("Puzzle 17 of 50 ("));
   typeNumber("51");  // out of range: nothing read
-  EXPECT_EQ(session.CurrentPuzzleNumber, 17);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, 17);
   // The navigation buttons count from what the box holds.
   typeNumber("30");
   click("NavButton_1");

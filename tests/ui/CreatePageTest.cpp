@@ -97,11 +97,11 @@ TEST_F(CreatePageTest, ACountOutOfRangeIsRefusedWithoutAskingForTheTemplate) {
 }
 
 TEST_F(CreatePageTest, SaveNewAndTheBatchAddToTheCollection) {
-  t.session.CurrentFile = dir.file("Mine.sud");
+  t.session.collection.CurrentFile = dir.file("Mine.sud");
   choose(1, "40");
   click("CreateCommand");
   click("SaveNewCommand", Qt::RightButton);  // the right button saves too
-  EXPECT_EQ(countPuzzles(t.session.CurrentFile), 1);
+  EXPECT_EQ(countPuzzles(t.session.collection.CurrentFile), 1);
 
   std::vector<std::string> counts;
   QObject::connect(page.findChild<QLineEdit*>("NumCreate"), &QLineEdit::textChanged,
@@ -110,7 +110,7 @@ TEST_F(CreatePageTest, SaveNewAndTheBatchAddToTheCollection) {
   counts.clear();
   click("AutoSaveCommand");
   EXPECT_EQ(counts, (std::vector<std::string>{"2", "1", "0", "3"}));
-  EXPECT_EQ(countPuzzles(t.session.CurrentFile), 4);
+  EXPECT_EQ(countPuzzles(t.session.collection.CurrentFile), 4);
   EXPECT_EQ(shown("TotBlanks"), "36");
   EXPECT_TRUE(child("CreateCommand")->isEnabled());
 }

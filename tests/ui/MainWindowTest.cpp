@@ -22,10 +22,10 @@ namespace {
 class MainWindowTest : public WindowFixture {
  protected:
   std::string configPath() const { return appDir() + "Quorrel.cfg"; }
-  void selectTab(int index) {
+  void selectTab(Tab tab) {
     auto* tabs = child<QTabBar>("ctlTabs");
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
-    EXPECT_EQ(session.controls.currentTab, index + 1);
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
+    EXPECT_EQ(session.controls.currentTab, tab);
   }
 };
 
@@ -59,7 +59,7 @@ TEST_F(MainWindowTest, ClosingTheWindowDoesNotWriteTheConfiguration) {
 
 TEST_F(MainWindowTest, TheManualSolveTabTakesTheGridsClicksAndKeys) {
   startWithPuzzle();
-  selectTab(Form1::ManualSolvePage);
+  selectTab(Tab::ManualSolve);
   EXPECT_TRUE(child("ManualTab")->isVisible());
   // Cell 1 of the puzzle has the choices 45 and the solution 4.
   QTest::mouseClick(window->valueBox(1), Qt::LeftButton);
@@ -81,7 +81,7 @@ TEST_F(MainWindowTest, TheManualSolveTabTakesTheGridsClicksAndKeys) {
 
 TEST_F(MainWindowTest, TheCreateTabFillsTheWindowsGrid) {
   startWindow();
-  selectTab(Form1::CreatePage);
+  selectTab(Tab::Create);
   EXPECT_TRUE(child("CreateTab")->isVisible());
   EXPECT_FALSE(child("SolutionsFrame")->isVisible());
   child<QLineEdit>("TotBlanks")->setText("40");
@@ -90,7 +90,7 @@ TEST_F(MainWindowTest, TheCreateTabFillsTheWindowsGrid) {
   int shownBlank = 0;
   for (int c = 1; c <= kCells; ++c) shownBlank += window->valueBox(c)->text().isEmpty();
   EXPECT_EQ(shownBlank, 36);
-  selectTab(Form1::AutoSolvePage);
+  selectTab(Tab::AutoSolve);
   EXPECT_TRUE(child("SolutionsFrame")->isVisible());
 }
 

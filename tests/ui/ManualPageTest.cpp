@@ -25,11 +25,11 @@ namespace {
 class ManualPageTest : public ::testing::Test {
  protected:
   ManualPageTest() {
-    session.controls.currentTab = ManualPlay::kManualTab;
+    session.controls.currentTab = Tab::ManualSolve;
     page.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&page));
-    session.CurrentFile = test::puzzleFile("pe96.sud");
-    EXPECT_TRUE(readPuzzle(session, session.CurrentFile, 1));
+    session.collection.CurrentFile = test::puzzleFile("pe96.sud");
+    EXPECT_TRUE(readPuzzle(session, session.collection.CurrentFile, 1));
   }
   template <class W = QWidget>
   W* child(const QString& name) { return page.findChild<W*>(name); }
@@ -88,7 +88,7 @@ TEST_F(ManualPageTest, KeysAndButtonsReachManualPlayAndThePageShowsItsState) {
   type(4, 9);
   clickButton("ClearManual");
   EXPECT_EQ(session.grid[4].value, 0);
-  session.controls.currentTab = 1;  // on another tab the page takes no keys
+  session.controls.currentTab = Tab::AutoSolve;  // on another tab the page takes no keys
   type(1, 4);
   EXPECT_EQ(session.grid[1].value, 0);
 }

@@ -19,9 +19,9 @@ namespace {
 struct RecordingPacer : Pacer {
   const Session* session = nullptr;
   std::vector<int> linesAtPause;
-  bool waitWhilePaused(int& runMode) override {
+  bool waitWhilePaused(RunState& runMode) override {
     linesAtPause.push_back(session->log.TotalLines());
-    runMode = kRunReleased;
+    runMode = RunState::Released;
     return true;
   }
 };
@@ -157,7 +157,7 @@ TEST_F(StepModeTest, ReadingAnotherPuzzleWhileARunWaitsEndsTheRunFirst) {
   script.atPause([&] { click("NavButton_1"); });
   click("StartCommand");
   EXPECT_FALSE(window->isWaiting());
-  EXPECT_EQ(session.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, 2);
   EXPECT_EQ(lastLogLine(), "Click Start to commence");
   EXPECT_TRUE(child<QPushButton>("StartCommand")->isEnabled());
   EXPECT_FALSE(child<QPushButton>("NextStepCommand")->isEnabled());
