@@ -21,6 +21,8 @@ struct QueueEntry {
   std::string digits;
 
   std::string text() const;
+  /// True when the key carries at least one digit after "VL".
+  bool hasDigit() const { return !digits.empty(); }
   /// The first digit after "VL" (0 when none).
   int firstDigit() const { return digits.empty() ? 0 : digits[0] - '0'; }
   friend bool operator<(const QueueEntry& a, const QueueEntry& b) {

@@ -76,7 +76,7 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     }
     engine.computeCandidates(false);
     // Reading only analyses: plain candidates, no rules, nothing placed.
-    engine.analyseGrid(SolverEngine::kAnalyseOnly);
+    engine.analyseGrid(SolverEngine::AnalysisMode::CandidatesOnly);
     if (!engine.givensAreValid()) {
       s.message("This Puzzle appears to have a problem, please check fixed values for duplicates");
       return false;

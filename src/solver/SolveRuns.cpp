@@ -31,7 +31,7 @@ void SolverEngine::guarded(F&& body) {
 
 void SolverEngine::solveAll() {
   applyRule1();
-  analyseGrid(0);
+  analyseGrid(AnalysisMode::Full);
   if (s.BlanksLeft != 0) {
     for (int c = 1; c <= kCells; ++c)
       s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);

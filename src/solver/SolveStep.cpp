@@ -7,6 +7,12 @@
 
 namespace tessaly {
 
+namespace {
+/// What the placement count becomes when the first placement of a run is a
+/// drawn guess.
+constexpr int kPlacementsAfterDrawnGuess = 2;
+}  // namespace
+
 void SolverEngine::placeValue(int cell, int value, const std::string& candidates) {
   const int box = CellBox[cell];
   if (highlights(s.run.mode)) {
@@ -46,7 +52,7 @@ void SolverEngine::rebuildQueue(int& singleCells) {
   }
 }
 
-int SolverEngine::analyseGrid(int mode) {
+SolverEngine::Analysis SolverEngine::analyseGrid(AnalysisMode mode) {
   computeCandidates(false);
   int filled = 0, determinedBlanks = 0;
   for (int c = 1; c <= kCells; ++c) {
@@ -55,15 +61,15 @@ int SolverEngine::analyseGrid(int mode) {
     else if (s.grid[c].candidates.size() <= 1)
       ++determinedBlanks;
   }
-  if (mode == kAnalyseOnly) return -1;
+  if (mode == AnalysisMode::CandidatesOnly) return {};
 
   applyRule1();
-  if (int dead = firstDeadCell(); dead > 0) return dead;
+  if (int dead = firstDeadCell(); dead > 0) return {Analysis::Kind::DeadCell, dead};
 
   if (filled == kCells) {
     s.run.candidateQueue.clear();
     s.say(kStyleNormal, false, "The puzzle is solved");
-    return -1;
+    return {};
   }
   if (filled + determinedBlanks == kCells) {
     s.say(kStyleNormal, false, "The puzzle is solved, will place remaining", Num{determinedBlanks},
@@ -72,7 +78,7 @@ int SolverEngine::analyseGrid(int mode) {
     applyRulesInOrder();
     // Rules 2 and 3 delete without a length test, so they can empty a cell that
     // Rule 1's scan above passed: look again before counting.
-    if (int dead = firstDeadCell(); dead > 0) return dead;
+    if (int dead = firstDeadCell(); dead > 0) return {Analysis::Kind::DeadCell, dead};
     int singles = 0, newSingles = 0, blanks = 0;
     for (int c = 1; c <= kCells; ++c) {
       const Cell& cell = s.grid[c];
@@ -85,7 +91,7 @@ int SolverEngine::analyseGrid(int mode) {
     }
     if (blanks == 0) {
       s.run.candidateQueue.clear();
-      return -1;
+      return {};
     }
     if (newSingles != blanks) {
       if (singles == s.givenCount())
@@ -103,7 +109,7 @@ int SolverEngine::analyseGrid(int mode) {
   }
   int singleCells = 0;
   rebuildQueue(singleCells);
-  return singleCells == kCells ? kAllDetermined : -1;
+  return {singleCells == kCells ? Analysis::Kind::AllDetermined : Analysis::Kind::Open, 0};
 }
 
 void SolverEngine::shuffleRuleTable() {
@@ -142,7 +148,9 @@ void SolverEngine::placeNext() {
     if (candidates.size() > 1 && s.run.PlacementCount == 0 && !s.run.CreationFlag) {
       // The first placement of a run is a guess: the puzzle may have several
       // solutions, so the first digit is drawn at random and tried first.
-      s.run.PlacementCount = 2;
+      // Counted as two placements, so that no later placement of the run is
+      // taken for its first.
+      s.run.PlacementCount = kPlacementsAfterDrawnGuess;
       s.say(kStyleWarning, false, "This puzzle might have multiple solutions");
       s.message("This puzzle might have multiple solutions");
       int k = drawOneTo(s.random(), int(candidates.size()));
@@ -158,19 +166,18 @@ void SolverEngine::placeNext() {
     }
     if (s.run.candidateQueue.size() < 2) break;
     const QueueEntry& second = s.run.candidateQueue[1];
-    if (second.count == 1 && second.text().size() >= 15) {
+    if (second.count == 1 && second.hasDigit()) {
       s.run.candidateQueue.removeHead();
       continue;
     }
     break;
   }
-  int result = analyseGrid(0);
+  const Analysis analysis = analyseGrid(AnalysisMode::Full);
   if (s.run.candidateQueue.empty() && !givensAreValid()) {
     retractInvalidCompletion();
     return;
   }
-  if (result == kAllDetermined) result = -1;
-  if (result != -1) retractDeadCell(result);
+  if (analysis.kind == Analysis::Kind::DeadCell) retractDeadCell(analysis.deadCell);
 }
 
 // --- retraction

@@ -44,9 +44,19 @@ class SolverEngine {
 
   // --- placement and the solve step
   void placeValue(int cell, int value, const std::string& candidates);
-  /// Mode 1 (AnalyseOnly) computes plain candidates; 0 runs the full analysis.
-  /// Returns -1, a dead cell 1..81, or 999 when every cell is determined.
-  int analyseGrid(int mode);
+  /// How much of the analysis runs: everything, or the plain candidates only.
+  enum class AnalysisMode { Full, CandidatesOnly };
+  /// What the analysis found.
+  struct Analysis {
+    enum class Kind {
+      Open,           ///< cells are left to place (or the grid is full)
+      DeadCell,       ///< a blank cell has no candidate left: deadCell
+      AllDetermined,  ///< every cell holds a value or exactly one candidate
+    };
+    Kind kind = Kind::Open;
+    int deadCell = 0;
+  };
+  Analysis analyseGrid(AnalysisMode mode);
   void applyRulesInOrder();
   void shuffleRuleTable();
   void placeNext();
@@ -62,8 +72,6 @@ class SolverEngine {
   /// The Pause box changed.
   void setPauseCheck(bool checked);
 
-  static constexpr int kAnalyseOnly = 1;
-  static constexpr int kAllDetermined = 999;
 
  private:
   void finishRule(int rule);
