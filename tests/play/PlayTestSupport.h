@@ -1,26 +1,21 @@
 #pragma once
-// What the manual-play tests share: a session on the ManualSolve tab with
-// puzzle 1 of pe96 read, and a recorder that keeps the display calls and the
-// messages in one sequence, so that a test sees what was painted while a
+// A session on the ManualSolve tab with manual play hooked in, whose paints and
+// messages are kept in one sequence: a test sees what was painted while a
 // message was open.
 
 #include <string>
 #include <vector>
 
-#include "model/Services.h"
-#include "model/Session.h"
 #include "play/ManualPlay.h"
 #include "solver/ReadPuzzle.h"
 #include "support/TestSupport.h"
 
 namespace tessaly::test {
 
-
-/// Puzzle 1 of pe96 and its solution.
+/// The puzzles of pe96; the solution of its puzzle 1.
 inline const std::string kPe96 = puzzleFile("pe96.sud");
 inline const std::string kPe96Solution =
     "483921657967345821251876493548132976729564138136798245372689514814253769695417382";
-inline int pe96Solution(int cell) { return kPe96Solution[std::size_t(cell - 1)] - '0'; }
 
 class Recorder : public ManualDisplay, public ScriptedUserInterface {
  public:
@@ -37,8 +32,6 @@ class Recorder : public ManualDisplay, public ScriptedUserInterface {
   std::vector<std::string> events;
 };
 
-/// A session whose messages and paints are recorded, on the ManualSolve tab,
-/// with manual play hooked in.
 struct ManualSession {
   Recorder recorder;
   FixedClock clock;
@@ -50,6 +43,8 @@ struct ManualSession {
     session.writesConfiguration = false;
     session.controls.currentTab = Tab::ManualSolve;
   }
+  /// Reads a puzzle as the window does (manual play starts afresh) and forgets
+  /// what the read painted and said.
   bool read(const std::string& path, int number) {
     session.collection.CurrentFile = path;
     const bool ok = readPuzzle(session, path, number);
@@ -57,15 +52,9 @@ struct ManualSession {
     recorder.messages.clear();
     return ok;
   }
-  /// Loads an 81-character grid (digits are givens) as a fresh puzzle would be.
+  /// An 81-character grid (digits are givens) as a fresh puzzle.
   void load(const std::string& puzzle) {
-    for (int c = 1; c <= kCells; ++c) {
-      const char ch = puzzle[std::size_t(c - 1)];
-      const int v = ch >= '1' && ch <= '9' ? ch - '0' : 0;
-      session.grid[c].value = v;
-      session.grid[c].given = v != 0;
-      session.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
-    }
+    loadGivens(session, puzzle);
     play.prepare();
   }
   /// Selects the cell and releases the key of the digit.
