@@ -1,5 +1,7 @@
 #include "play/ManualPlay.h"
 
+#include <algorithm>
+
 #include "model/Session.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
@@ -24,11 +26,6 @@ std::string columnSummary(const CandidateSet& digits) {
 }
 }  // namespace
 
-std::string manualLogKey(int cell) { return "C" + padded(cell, 2); }
-
-int manualLogCell(const std::string& entry) {
-  return entry.size() >= 3 ? int(numericValue(std::string_view(entry).substr(1, 2))) : 0;
-}
 
 ManualPlay::ManualPlay(Session& session, ManualDisplay* display)
     : s(session),
@@ -98,6 +95,7 @@ void ManualPlay::placeManualValue(int cell, int value) {
     return;
   }
 
+  const int before = s.grid[cell].value;
   s.grid[cell].value = value;
   SolverEngine(s).computeCandidates(false);
   int dead = 0;
@@ -106,7 +104,7 @@ void ManualPlay::placeManualValue(int cell, int value) {
 
   if (!dead) {
     selectedCell = cell;
-    LogManual.push_back(manualLogKey(cell) + " = " + trimmed(std::to_string(value)));
+    moves.push_back({cell, before, value});
     refreshCandidateSummaries();
     CellChoice = s.grid[selectedCell].candidates.text();
     if (s.BlanksLeft == 0) s.message("Puzzle is solved");
@@ -128,12 +126,8 @@ void ManualPlay::placeManualValue(int cell, int value) {
 }
 
 void ManualPlay::removeManualLogEntry(int cell) {
-  const std::string key = manualLogKey(cell);
-  for (auto it = LogManual.begin(); it != LogManual.end(); ++it)
-    if (it->compare(0, key.size(), key) == 0) {
-      LogManual.erase(it);
-      return;
-    }
+  const auto it = std::find_if(moves.begin(), moves.end(), [cell](const Move& m) { return m.cell == cell; });
+  if (it != moves.end()) moves.erase(it);
 }
 
 void ManualPlay::refreshCandidateSummaries() {
@@ -151,11 +145,11 @@ void ManualPlay::refreshCandidateSummaries() {
 
 void ManualPlay::undo() {
   if (!active()) return;
-  if (LogManual.empty()) {
+  if (moves.empty()) {
     s.message("nothing to undo");
     return;
   }
-  const int cell = manualLogCell(LogManual.back());
+  const int cell = moves.back().cell;
   selectedCell = cell;
   placeManualValue(cell, kClear);
   if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
@@ -163,8 +157,8 @@ void ManualPlay::undo() {
 }
 
 void ManualPlay::moveListClicked(int index) {
-  if (!active() || index < 0 || index >= int(LogManual.size())) return;
-  const int cell = manualLogCell(LogManual[std::size_t(index)]);
+  if (!active() || index < 0 || index >= int(moves.size())) return;
+  const int cell = moves[std::size_t(index)].cell;
   if (!isCell(cell)) return;
   moveHighlightTo(cell);
   selectedCell = cell;
@@ -177,8 +171,14 @@ void ManualPlay::clearManual() {
   readPuzzle(s, s.collection.CurrentFile, s.collection.CurrentPuzzleNumber);
 }
 
+std::vector<std::string> ManualPlay::LogManual() const {
+  std::vector<std::string> lines;
+  for (const Move& m : moves) lines.push_back("C" + padded(m.cell, 2) + " = " + trimmed(std::to_string(m.after)));
+  return lines;
+}
+
 void ManualPlay::prepare() {
-  LogManual.clear();
+  moves.clear();
   if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
   highlightedCell = -1;
   selectedCell = 0;

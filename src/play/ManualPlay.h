@@ -55,8 +55,16 @@ class ManualPlay {
   int highlightedCell = -1;
   /// The candidates of the selected cell, as its candidate label showed them.
   std::string CellChoice;
-  /// Accepted placements, oldest first: "C05 = 7".
-  std::vector<std::string> LogManual;
+  /// One accepted placement by hand: the cell and its value before and after.
+  struct Move {
+    int cell = 0;
+    int before = 0;
+    int after = 0;
+  };
+  /// Accepted placements, oldest first; undo and the move list read them.
+  std::vector<Move> moves;
+  /// The move list as shown, one line per move: "C05 = 7".
+  std::vector<std::string> LogManual() const;
   /// Digits still possible per row (index r-1) and per column (index c-1).
   std::array<std::string, 9> PossibleInRow{};
   std::array<std::string, 9> PossibleInCol{};
@@ -87,7 +95,7 @@ class ManualPlay {
   /// Checks the placement at once and refuses it when an empty cell would be
   /// left without choices. Givens are never changed.
   void placeManualValue(int cell, int value);
-  /// Drops the move-list entry of the cell (the first from the top), if any.
+  /// Drops the move of the cell (the first from the top), if any.
   void removeManualLogEntry(int cell);
   /// Recomputes the candidates from the values and rewrites the summaries.
   void refreshCandidateSummaries();
@@ -113,9 +121,5 @@ class ManualPlay {
   Event::Subscription m_puzzleRead;  ///< last, so it ends before the rest goes
 };
 
-/// The key of a move-list entry for a cell: "C" + the two-digit cell number.
-std::string manualLogKey(int cell);
-/// The cell a move-list entry names (its characters 2 and 3).
-int manualLogCell(const std::string& entry);
 
 }  // namespace tessaly

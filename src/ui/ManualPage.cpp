@@ -293,7 +293,7 @@ void ManualPage::refreshFromSession() {
     m_cols[i]->setText(qt(play.PossibleInCol[i]));
   }
   const int logCount = m_log->count();
-  showLines(m_log, play.LogManual);
+  showLines(m_log, play.LogManual());
   if (m_log->count() > logCount) m_log->scrollToBottom();
   showLines(m_hints, m_session.Hints);
 }

@@ -84,7 +84,7 @@ TEST(RuleHint, WithManualPlayTheSummariesAreRefreshedAndTheChoicesKept) {
   EXPECT_EQ(m.play.PossibleInRow[0], "12356789");
   EXPECT_EQ(m.play.PossibleInCol[0], "1  2  3  5  6  7  8  9  ");
   EXPECT_EQ(m.play.PossibleInRow[8], "123456789");
-  EXPECT_EQ(m.play.LogManual, (Lines{"C01 = 4"}));
+  EXPECT_EQ(m.play.LogManual(), (Lines{"C01 = 4"}));
 
   // A hint that would solve the puzzle leaves it unsolved, and says nothing.
   m.recorder.messages.clear();
@@ -152,11 +152,11 @@ TEST(HintLines, ALeftClickSelectsARightClickPlaces) {
   EXPECT_EQ(m.play.highlightedCell, 5);
   EXPECT_EQ(m.play.CellChoice, "23");
   EXPECT_EQ(s.grid[5].value, 0);
-  EXPECT_TRUE(m.play.LogManual.empty());
+  EXPECT_TRUE(m.play.LogManual().empty());
 
   hintLineClicked(s, m.play, 2, true);
   EXPECT_EQ(s.grid[5].value, 3);
-  EXPECT_EQ(m.play.LogManual, (Lines{"C05 = 3"}));
+  EXPECT_EQ(m.play.LogManual(), (Lines{"C05 = 3"}));
   EXPECT_TRUE(m.recorder.messages.empty());
 }
 

@@ -26,7 +26,7 @@ class ManualPlayTest : public ::testing::Test {
 };
 
 TEST_F(ManualPlayTest, ReadingWhileTheTabIsCurrentPreparesManualPlay) {
-  EXPECT_TRUE(play.LogManual.empty());
+  EXPECT_TRUE(play.LogManual().empty());
   EXPECT_EQ(play.selectedCell, 0);
   EXPECT_EQ(play.highlightedCell, -1);
   EXPECT_EQ(play.CellChoice, "");
@@ -56,7 +56,7 @@ TEST_F(ManualPlayTest, SelectingMovesTheHighlightAGivenIsSelectedAndNothingElse)
   EXPECT_EQ(play.keyReleased(ManualPlay::kDigitKey1 + 3), ManualPlay::kDigitKey1 + 3);
   EXPECT_EQ(s.grid[3].value, 3);
   EXPECT_TRUE(s.grid[3].given);
-  EXPECT_TRUE(play.LogManual.empty());
+  EXPECT_TRUE(play.LogManual().empty());
   EXPECT_TRUE(play.dropDownDigits(7).empty());
   EXPECT_EQ(play.selectedCell, 7);
 }
@@ -80,7 +80,7 @@ TEST_F(ManualPlayTest, OnlyAChoiceFromTheMainKeyboardOrTheDropDownGoesIn) {
   EXPECT_EQ(s.grid[2].value, 0);
   play.chooseDropDown(8);
   EXPECT_EQ(s.grid[2].value, 8);
-  EXPECT_EQ(play.LogManual, (Lines{"C01 = 4", "C02 = 8"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4", "C02 = 8"}));
   EXPECT_TRUE(rec.messages.empty());
   EXPECT_EQ(s.log.TotalLines(), 6);  // manual play writes nothing into the log
 }
@@ -95,7 +95,7 @@ TEST_F(ManualPlayTest, ARefusedPlacementAdvisesAnotherChoiceWithTheEmptiedCellIn
   EXPECT_EQ(rec.events,
             (Lines{"normal 4", "selected 4", "refused 76", "repaint", "message " + text, "normal 76", "normal 4"}));
   EXPECT_EQ(s.grid[4].value, 0);
-  EXPECT_TRUE(play.LogManual.empty());
+  EXPECT_TRUE(play.LogManual().empty());
   EXPECT_EQ(play.highlightedCell, -1);
   // The choices stay as computed with the rejected 4 in place until the next
   // recomputation; the cell stays selected with its choices.
@@ -104,7 +104,7 @@ TEST_F(ManualPlayTest, ARefusedPlacementAdvisesAnotherChoiceWithTheEmptiedCellIn
   EXPECT_EQ(play.CellChoice, "49");
   play.keyReleased(ManualPlay::kDigitKey1 + 8);
   EXPECT_EQ(s.grid[4].value, 9);
-  EXPECT_EQ(play.LogManual, (Lines{"C04 = 9"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C04 = 9"}));
   EXPECT_EQ(choices(76), "4");
   EXPECT_EQ(rec.messages, Lines{text});
 }
@@ -119,11 +119,11 @@ TEST_F(ManualPlayTest, TryingTheOnlyChoiceThatEmptiesACellAdvisesUndo) {
   EXPECT_EQ(rec.messages, (Lines{"placing 4 in this cell will result in no choices for cell 78\n"
                                  "You must now undo previous placements"}));
   EXPECT_EQ(s.grid[76].value, 0);
-  EXPECT_EQ(play.LogManual, (Lines{"C74 = 7"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C74 = 7"}));
   rec.events.clear();
   play.undo();
   EXPECT_EQ(rec.events, (Lines{"selected 74", "normal 74"}));
-  EXPECT_TRUE(play.LogManual.empty());
+  EXPECT_TRUE(play.LogManual().empty());
   EXPECT_EQ(s.grid[74].value, 0);
   EXPECT_EQ(choices(76), "4");
   EXPECT_EQ(choices(78), "47");
@@ -134,29 +134,29 @@ TEST_F(ManualPlayTest, DeleteTakesTheCellsEntryOutUndoTakesTheNewestBack) {
   m.type(1, 4);
   m.type(2, 8);
   m.type(4, 9);
-  ASSERT_EQ(play.LogManual, (Lines{"C09 = 7", "C01 = 4", "C02 = 8", "C04 = 9"}));
+  ASSERT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4", "C02 = 8", "C04 = 9"}));
   play.selectCell(2);
   play.keyReleased(ManualPlay::kDeleteKey);
   EXPECT_EQ(s.grid[2].value, 0);
-  EXPECT_EQ(play.LogManual, (Lines{"C09 = 7", "C01 = 4", "C04 = 9"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4", "C04 = 9"}));
   EXPECT_EQ(choices(2), "58");
   // Delete again on the now empty cell: nothing to take off, the summaries are
   // refreshed all the same.
   play.PossibleInRow[0] = "stale";
   play.keyReleased(ManualPlay::kDeleteKey);
-  EXPECT_EQ(play.LogManual, (Lines{"C09 = 7", "C01 = 4", "C04 = 9"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4", "C04 = 9"}));
   EXPECT_EQ(play.PossibleInRow[0], "123568");  // the givens 2, 3, 6 and the choices of cells 2, 6 and 8
   play.removeManualLogEntry(81);  // no entry: nothing happens
-  EXPECT_EQ(play.LogManual.size(), 3u);
+  EXPECT_EQ(play.LogManual().size(), 3u);
 
   play.undo();
-  EXPECT_EQ(play.LogManual, (Lines{"C09 = 7", "C01 = 4"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4"}));
   EXPECT_EQ(s.grid[4].value, 0);
   EXPECT_EQ(play.selectedCell, 4);
   EXPECT_EQ(play.highlightedCell, -1);
   play.undo();
   play.undo();
-  EXPECT_TRUE(play.LogManual.empty());
+  EXPECT_TRUE(play.LogManual().empty());
   EXPECT_TRUE(rec.messages.empty());
   play.undo();
   EXPECT_EQ(rec.messages, (Lines{"nothing to undo"}));
@@ -179,7 +179,7 @@ TEST_F(ManualPlayTest, AMoveListClickSelectsAndHighlightsItsCell) {
 TEST_F(ManualPlayTest, SummariesListTheDigitsStillOpenPerRowAndColumn) {
   for (int c = 1; c <= 18; ++c)
     if (!s.grid[c].given) m.type(c, solution(c));
-  ASSERT_EQ(play.LogManual.size(), 11u);
+  ASSERT_EQ(play.LogManual().size(), 11u);
   // Rows 1 and 2 are filled: only their givens remain.
   EXPECT_EQ(play.PossibleInRow[0], "236");
   EXPECT_EQ(play.PossibleInRow[1], "1359");
@@ -193,11 +193,11 @@ TEST_F(ManualPlayTest, PlayedToTheEndThePuzzleIsSolvedOnce) {
     if (s.grid[c].given) continue;
     m.type(c, solution(c));
     ASSERT_EQ(s.grid[c].value, solution(c)) << "cell " << c;
-    if (!rec.messages.empty() && !entriesWhenShown) entriesWhenShown = play.LogManual.size();
+    if (!rec.messages.empty() && !entriesWhenShown) entriesWhenShown = play.LogManual().size();
   }
   EXPECT_EQ(rec.messages, (Lines{"Puzzle is solved"}));
   EXPECT_EQ(entriesWhenShown, 49u);  // after the last entry was added
-  EXPECT_EQ(play.LogManual.back(), "C81 = 2");
+  EXPECT_EQ(play.LogManual().back(), "C81 = 2");
   EXPECT_EQ(s.BlanksLeft, 0);
   EXPECT_EQ(s.grid.valueCode(), test::kPe96Solution);
   // Only the givens' own digits are left in the summaries.
@@ -215,7 +215,7 @@ TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNone) {
   m.type(1, 4);
   m.type(2, 8);
   play.clearManual();
-  EXPECT_TRUE(play.LogManual.empty());
+  EXPECT_TRUE(play.LogManual().empty());
   EXPECT_EQ(s.grid.valueCode().substr(0, 2), "00");
   EXPECT_EQ(choices(1), "45");
   EXPECT_EQ(play.highlightedCell, -1);
@@ -225,7 +225,7 @@ TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNone) {
   m.type(1, 4);
   s.collection.CurrentPuzzleNumber = 0;
   play.clearManual();
-  EXPECT_EQ(play.LogManual, (Lines{"C01 = 4"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4"}));
   EXPECT_EQ(s.grid[1].value, 4);
 }
 
@@ -238,12 +238,12 @@ TEST_F(ManualPlayTest, OnAnotherTabTheEventsDoNothing) {
   play.undo();
   play.clearManual();
   EXPECT_TRUE(play.dropDownDigits(2).empty());
-  EXPECT_EQ(play.LogManual, (Lines{"C01 = 4"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4"}));
   EXPECT_EQ(s.grid[1].value, 4);
   EXPECT_TRUE(rec.messages.empty());
   // A read on another tab leaves manual play alone.
   ASSERT_TRUE(readPuzzle(s, test::kPe96, 1));
-  EXPECT_EQ(play.LogManual, (Lines{"C01 = 4"}));
+  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4"}));
 }
 
 }  // namespace
