@@ -1,6 +1,6 @@
 // The checks of the grid entry dialog (Form2) and the blank template dialog
-// (Form3), and what the grid entry does to the session. Help and the dialogs
-// themselves are window tests; a template in use is a command-line case.
+// (Form3), what the grid entry does to the session, and each dialog's Help. The
+// dialogs themselves are window tests; a template in use is a command-line case.
 
 #include <gtest/gtest.h>
 
@@ -63,7 +63,7 @@ TEST(EntryChecks, WhatEachTypedTextGives) {
   EXPECT_EQ(defaultTemplateText(), asRows(kept));
 }
 
-TEST(EntryGrid, OkShowsARefusalAndLeavesTheSessionAloneOrMakesTheNewPuzzle) {
+TEST(EntryGrid, OkShowsARefusalAndLeavesTheSessionAloneOrMakesTheNewPuzzleAndHelpTellsItsText) {
   test::CreateSession t;
   Session& s = t.session;
   test::loadGivens(s, kSolution);
@@ -75,7 +75,9 @@ TEST(EntryGrid, OkShowsARefusalAndLeavesTheSessionAloneOrMakesTheNewPuzzle) {
   ASSERT_TRUE(gridEntryOk(s, asRows(kPuzzle)));
   EXPECT_EQ(s.grid.valueCode() + " " + s.PuzzleTitle, kPuzzle + " New Puzzle");
   EXPECT_EQ(s.givenCount(), 32);
-  EXPECT_EQ(t.ui.messages.size(), 1u);
+  gridEntryHelp(s);  // each dialog's Help shows its own text; the accepted entry said nothing
+  templateHelp(s);
+  EXPECT_EQ(t.ui.messages, (Lines{"Grid must have 81 numbers", kGridEntryHelp, kTemplateHelp}));
   // Givens show their digit; cell 1 (row 1, col 1) may hold 4 or 5.
   EXPECT_TRUE(s.grid[3].given && !s.grid[1].given);
   EXPECT_EQ(s.grid[3].candidates.text() + " " + s.grid[1].candidates.text(), "3 45");
