@@ -11,8 +11,7 @@
 
 namespace tessaly::test {
 
-class RecordingDisplay : public Display {
- public:
+struct RecordingDisplay : Display {
   void showViews(bool shown) override { views.push_back(shown); }
   std::vector<bool> views;
 };
@@ -23,6 +22,7 @@ struct CreateSession {
     session.writesConfiguration = false;
     session.appDir = dir.dir();
   }
+  explicit CreateSession(std::uint64_t seed) : CreateSession(std::make_unique<SeededRandom>(seed)) {}
   std::string tempFile() const { return dir.file("PuzTemp.sud"); }
 
   TempDir dir;

@@ -33,12 +33,13 @@ class SaveTest : public ::testing::Test {
  protected:
   void SetUp() override { s.collection.CurrentFile = t.dir.file("Mine.sud"); }
   std::string fileText() const { return readWholeFile(s.collection.CurrentFile).value_or("<missing>"); }
+  std::string added(const std::string& what) const { return what + " added to file: " + s.collection.CurrentFile; }
   AutoSaveResult batch(const char* count, const char* blanks, BlankDistribution distribution) {
-    AutoSaveRequest request{count, CreateSettings{blanks, distribution, std::nullopt}, [this](const std::string& text) {
-                              shown.push_back(text);
-                              onGrid.push_back(givensText(s));
-                            }};
-    return autoSaveCommand(s, request);
+    const auto show = [this](const std::string& text) {
+      shown.push_back(text);
+      onGrid.push_back(givensText(s));
+    };
+    return autoSaveCommand(s, AutoSaveRequest{count, CreateSettings{blanks, distribution, std::nullopt}, show});
   }
 
   test::CreateSession t;
@@ -49,124 +50,95 @@ class SaveTest : public ::testing::Test {
 
 TEST(SaveRefusals, WriteNothingAndKeepTheStatus) {
   enum Grid { kEmpty, kGivens, kSolved };
-  struct Case {
-    const char* name;
-    Grid grid;
-    bool (*command)(Session&);
-    bool answer;
-    bool unwritable;
-    Lines questions, messages;
-  };
   const Lines asked{"Save this puzzle?"}, unwritable{"Could not write file: "};
-  const Case cases[] = {
+  // name, the grid the command finds, the command, the answer, the file unwritable, questions, messages
+  const std::tuple<const char*, Grid, bool (*)(Session&), bool, bool, Lines, Lines> cases[] = {
       {"new on an empty grid", kEmpty, saveNewCommand, true, false, {}, {"Create a valid puzzle first"}},
       {"new answered No", kGivens, saveNewCommand, false, false, asked, {}},
       {"new unwritable", kGivens, saveNewCommand, true, true, asked, unwritable},
       {"this unsolved", kGivens, saveThisPuzzleCommand, true, false, {}, {"Solve this puzzle first before saving"}},
       {"this answered No", kSolved, saveThisPuzzleCommand, false, false, asked, {}},
-      {"this unwritable", kSolved, saveThisPuzzleCommand, true, true, asked, unwritable},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
+      {"this unwritable", kSolved, saveThisPuzzleCommand, true, true, asked, unwritable}};
+  for (const auto& [name, grid, command, answer, unwritable, questions, messages] : cases) {
+    SCOPED_TRACE(name);
     test::CreateSession t;
     Session& s = t.session;
-    s.collection.CurrentFile = t.dir.file(c.unwritable ? "missing/Mine.sud" : "Mine.sud");
-    if (c.grid != kEmpty) test::loadGivens(s, kPuzzle);
-    if (c.grid == kSolved) fillValues(s, kSolution);
+    s.collection.CurrentFile = t.dir.file(unwritable ? "missing/Mine.sud" : "Mine.sud");
+    if (grid != kEmpty) test::loadGivens(s, kPuzzle);
+    if (grid == kSolved) fillValues(s, kSolution);
     s.MesLab = "status";
     s.PuzzleTitle = "before";
-    t.ui.answers.push_back(c.answer);
-    EXPECT_FALSE(c.command(s));
-    EXPECT_EQ(t.ui.questions, c.questions);
-    Lines messages = c.messages;
-    if (c.unwritable) messages[0] += s.collection.CurrentFile;
-    EXPECT_EQ(t.ui.messages, messages);
-    EXPECT_EQ(s.MesLab, "status");
-    EXPECT_EQ(s.PuzzleTitle, "before");
+    t.ui.answers.push_back(answer);
+    EXPECT_FALSE(command(s));
+    EXPECT_EQ(t.ui.questions, questions);
+    EXPECT_EQ(t.ui.messages, unwritable ? Lines{messages[0] + s.collection.CurrentFile} : messages);
+    EXPECT_EQ(s.MesLab + "|" + s.PuzzleTitle, "status|before");
     EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
   }
 }
 
-TEST_F(SaveTest, NewAppendsTheGivensNumberedByTheirPositionInTheFile) {
+TEST_F(SaveTest, OnlyTheGivensAreAppendedNumberedByTheirPositionInTheFile) {
   std::string twelve;
   for (int n = 1; n <= 12; ++n) twelve += record(n + 100, kPuzzle);
   twelve.erase(0, 2);  // no blank line before the first
   ASSERT_TRUE(writeFileAtomically(s.collection.CurrentFile, twelve));
+  fillValues(s, kSolution);  // values without the given mark are blanks in the file
+  ASSERT_TRUE(saveNewCommand(s));
   test::loadGivens(s, kPuzzle);
   ASSERT_TRUE(saveNewCommand(s));
-  ASSERT_TRUE(saveNewCommand(s));
-  EXPECT_EQ(fileText(), twelve + record(13, kPuzzle) + record(14, kPuzzle));
   EXPECT_EQ(t.ui.questions, (Lines{"Save this puzzle?", "Save this puzzle?"}));
-  EXPECT_EQ(t.ui.messages, (Lines{"Puzzle# 13 added to file: " + s.collection.CurrentFile,
-                                  "Puzzle# 14 added to file: " + s.collection.CurrentFile}));
-  EXPECT_EQ(s.collection.TotalPuzzles, 14);
-  EXPECT_EQ(s.collection.CurrentPuzzleNumber, 14);
-  EXPECT_EQ(s.PuzNumNow, "14");
-  EXPECT_EQ(s.PuzzleTitle, "Puzzle 14 of 14 (49 blanks)");
-}
-
-TEST_F(SaveTest, OnlyGivensAreWritten) {
-  // Values without the given mark are blanks in the file.
-  fillValues(s, kSolution);
-  ASSERT_TRUE(saveNewCommand(s));
-  EXPECT_EQ(fileText(), record(1, std::string(81, '.')));
+  EXPECT_EQ(t.ui.messages, (Lines{added("Puzzle# 13"), added("Puzzle# 14")}));
+  EXPECT_TRUE(s.collection.TotalPuzzles == 14 && s.collection.CurrentPuzzleNumber == 14);
+  EXPECT_EQ(s.PuzNumNow + " " + s.PuzzleTitle, "14 Puzzle 14 of 14 (49 blanks)");
 
   // A solved puzzle is saved as its givens, and the status is cleared.
-  ASSERT_TRUE(writeFileAtomically(s.collection.CurrentFile, ""));
-  test::loadGivens(s, kPuzzle);
   s.run.mode = RunState::NoPause;
   SolverEngine(s).solveAll();
   ASSERT_EQ(s.grid.valueCode(), kSolution);
   s.MesLab = "Solved with no re-tries";
-  t.ui.messages.clear();
   ASSERT_TRUE(saveThisPuzzleCommand(s));
-  EXPECT_EQ(fileText(), record(1, kPuzzle));
-  EXPECT_EQ(t.ui.messages, Lines{"Puzzle# 1 added to file: " + s.collection.CurrentFile});
+  EXPECT_EQ(fileText(), twelve + record(13, std::string(81, '.')) + record(14, kPuzzle) + record(15, kPuzzle));
+  EXPECT_EQ(t.ui.messages.back(), added("Puzzle# 15"));
   EXPECT_EQ(s.MesLab, "");
 }
 
 TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
-  AutoSaveResult result = batch("3", "41", BlankDistribution::Mirror);
-  EXPECT_EQ(result.saved, 3);
-  EXPECT_FALSE(result.writeFailed);
+  const AutoSaveResult result = batch("3", "41", BlankDistribution::Mirror);
+  EXPECT_TRUE(result.saved == 3 && !result.writeFailed);
   EXPECT_EQ(result.create.TotBlanks, "40");
   EXPECT_EQ(shown, (Lines{"2", "1", "0", "3"}));
   ASSERT_EQ(onGrid.size(), 4u);
   EXPECT_EQ(fileText(), record(1, onGrid[0]) + record(2, onGrid[1]) + record(3, onGrid[2]));
   EXPECT_EQ(s.collection.TotalPuzzles, 3);
-  EXPECT_EQ(s.PuzNumNow, "3");
-  EXPECT_EQ(s.PuzzleTitle, "Puzzle 3 of 3 (40 blanks)");
-  EXPECT_EQ(t.ui.messages, Lines{"3 puzzles added to file: " + s.collection.CurrentFile});
+  EXPECT_EQ(s.PuzNumNow + " " + s.PuzzleTitle, "3 Puzzle 3 of 3 (40 blanks)");
+  EXPECT_EQ(t.ui.messages, Lines{added("3 puzzles")});
   EXPECT_TRUE(t.ui.questions.empty());
   EXPECT_EQ(countPuzzles(t.tempFile()), 3);  // each also went to PuzTemp.sud
 }
 
-TEST_F(SaveTest, ABatchGoesOnPastFailedCreationsAndAManualFallback) {
+TEST_F(SaveTest, ABatchGoesOnPastFailedCreationsAndAManualFallbackButStopsAtAnUnwritableFile) {
   s.config.MaxTries = 5;
   AutoSaveResult result = batch("2", "30", BlankDistribution::Random);
-  EXPECT_EQ(result.saved, 0);
-  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
+  EXPECT_TRUE(result.saved == 0 && fileLength(s.collection.CurrentFile) == -1);
   const std::string tried = "Tried 5 times, solution aborted", failed = kCreationFailed;
   // The count told is the one asked for.
-  EXPECT_EQ(t.ui.messages, (Lines{tried, failed, tried, failed, "2 puzzles added to file: " + s.collection.CurrentFile}));
+  EXPECT_EQ(t.ui.messages, (Lines{tried, failed, tried, failed, added("2 puzzles")}));
 
   s.config.MaxTries = 250;
   t.ui.messages.clear();
   result = batch("2", "25", BlankDistribution::Manual);  // no template: told once, then Random
-  EXPECT_EQ(result.saved, 2);
-  EXPECT_EQ(result.create.distribution, BlankDistribution::Random);
-  EXPECT_EQ(t.ui.messages, (Lines{kTemplateNotAccepted, "2 puzzles added to file: " + s.collection.CurrentFile}));
+  EXPECT_TRUE(result.saved == 2 && result.create.distribution == BlankDistribution::Random);
+  EXPECT_EQ(t.ui.messages, (Lines{kTemplateNotAccepted, added("2 puzzles")}));
   EXPECT_EQ(s.PuzzleTitle, "Puzzle 2 of 2 (25 blanks)");
-}
 
-TEST_F(SaveTest, ABatchIntoAnUnwritableFileStopsAtTheFirstSave) {
   s.collection.CurrentFile = t.dir.file("missing/Mine.sud");
-  AutoSaveResult result = batch("3", "30", BlankDistribution::Random);
-  EXPECT_TRUE(result.writeFailed);
-  EXPECT_EQ(result.saved, 0);
+  t.ui.messages.clear();
+  shown.clear();
+  result = batch("3", "30", BlankDistribution::Random);
+  EXPECT_TRUE(result.writeFailed && result.saved == 0);
   EXPECT_EQ(t.ui.messages, Lines{"Could not write file: " + s.collection.CurrentFile});
   EXPECT_EQ(shown, Lines{"3"});
-  EXPECT_EQ(countPuzzles(t.tempFile()), 1);
+  EXPECT_EQ(countPuzzles(t.tempFile()), 3);  // the two of the fallback and the one the write failed on
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
 // Manual play on puzzle 1 of pe96: selecting, typing, the drop-down, refused
 // placements with both kinds of advice, Delete, Undo, the move list, the
-// summaries and a game played to the end.
+// summaries, a game played to the end and the explanation of a cell's choices.
 
 #include <gtest/gtest.h>
 
+#include "play/Explanation.h"
 #include "play/ManualPlay.h"
 #include "play/PlayTestSupport.h"
 
@@ -18,6 +19,16 @@ class ManualPlayTest : public ::testing::Test {
  protected:
   ManualPlayTest() { EXPECT_TRUE(m.read(test::kPe96, 1)); }
   std::string choices(int cell) { return s.grid[cell].candidates.text(); }
+  /// The selected cell, the highlighted cell and the selected cell's choices.
+  std::string selection() const {
+    return std::to_string(play.selectedCell) + " " + std::to_string(play.highlightedCell) + " " + play.CellChoice;
+  }
+  /// The explanation of the cell, one string.
+  std::string explained(int cell) {
+    std::string text;
+    for (const std::string& line : explainCandidates(s, cell).lines) text += (text.empty() ? "" : "\n") + line;
+    return text;
+  }
 
   test::ManualSession m;
   Session& s = m.session;
@@ -25,171 +36,114 @@ class ManualPlayTest : public ::testing::Test {
   test::Recorder& rec = m.recorder;
 };
 
-TEST_F(ManualPlayTest, ReadingWhileTheTabIsCurrentPreparesManualPlay) {
-  EXPECT_TRUE(play.LogManual().empty());
-  EXPECT_EQ(play.selectedCell, 0);
-  EXPECT_EQ(play.highlightedCell, -1);
-  EXPECT_EQ(play.CellChoice, "");
-  // A given's label shows its own digit, so a fresh puzzle has every digit in
-  // every row and column summary.
-  for (std::size_t n = 0; n < 9; ++n) {
-    EXPECT_EQ(play.PossibleInRow[n], "123456789");
-    EXPECT_EQ(play.PossibleInCol[n], "1  .  .  9");
-  }
-  EXPECT_EQ(choices(2), "4578");
-}
-
-TEST_F(ManualPlayTest, SelectingMovesTheHighlightAGivenIsSelectedAndNothingElse) {
-  play.selectCell(1);
+TEST_F(ManualPlayTest, AClickMovesTheHighlightAGivenIsOnlySelectedOnlyAChoiceGoesIn) {
+  // A read prepared manual play. A given's label shows its own digit, so a fresh
+  // puzzle has every digit in every row and column summary.
+  EXPECT_EQ(selection() + "|" + m.moves(), "0 -1 |");
+  for (std::size_t n = 0; n < 9; ++n)
+    EXPECT_EQ(play.PossibleInRow[n] + "|" + play.PossibleInCol[n], "123456789|1  .  .  9") << n;
   play.selectCell(2);
-  EXPECT_EQ(rec.events, (Lines{"selected 1", "normal 1", "selected 2"}));
-  EXPECT_EQ(play.highlightedCell, 2);
-  EXPECT_EQ(play.CellChoice, "4578");
-  rec.events.clear();
   play.selectCell(3);  // holds the given 3
-  EXPECT_EQ(play.selectedCell, 3);
-  EXPECT_EQ(play.CellChoice, "4578");
-  EXPECT_EQ(play.highlightedCell, 2);
-  EXPECT_TRUE(rec.events.empty());
+  EXPECT_EQ(selection(), "3 2 4578");
   // Keys on a given do nothing, Delete included; it offers no drop-down.
-  EXPECT_EQ(play.keyReleased(ManualPlay::kDeleteKey), ManualPlay::kDeleteKey);
-  EXPECT_EQ(play.keyReleased(ManualPlay::kDigitKey1 + 3), ManualPlay::kDigitKey1 + 3);
-  EXPECT_EQ(s.grid[3].value, 3);
-  EXPECT_TRUE(s.grid[3].given);
-  EXPECT_TRUE(play.LogManual().empty());
+  for (int key : {ManualPlay::kDeleteKey, ManualPlay::kDigitKey1 + 3}) EXPECT_EQ(play.keyReleased(key), key);
+  EXPECT_TRUE(s.grid[3].value == 3 && s.grid[3].given && play.LogManual().empty());
   EXPECT_TRUE(play.dropDownDigits(7).empty());
   EXPECT_EQ(play.selectedCell, 7);
-}
 
-TEST_F(ManualPlayTest, OnlyAChoiceFromTheMainKeyboardOrTheDropDownGoesIn) {
-  play.selectCell(1);  // choices 45
+  play.selectCell(1);                                          // choices 45
+  EXPECT_EQ(rec.events, (Lines{"selected 2", "normal 2", "selected 1"}));
   EXPECT_EQ(play.keyReleased(ManualPlay::kDigitKey1 + 8), 0);  // 9: swallowed
-  EXPECT_EQ(play.keyReleased(65), 65);                         // A: nothing
-  EXPECT_EQ(play.keyReleased(100), 100);                       // the pad's 4: nothing
+  for (int key : {65, 100}) EXPECT_EQ(play.keyReleased(key), key);  // A and the pad's 4: nothing
   EXPECT_EQ(s.grid[1].value, 0);
   EXPECT_EQ(play.keyReleased(ManualPlay::kDigitKey1 + 3), ManualPlay::kDigitKey1 + 3);
-  EXPECT_EQ(s.grid[1].value, 4);
-  EXPECT_FALSE(s.grid[1].given);
+  EXPECT_TRUE(s.grid[1].value == 4 && !s.grid[1].given);
   EXPECT_EQ(play.CellChoice, "");  // a filled cell has no choices
   EXPECT_EQ(choices(2), "578");    // recomputed at once
-
   EXPECT_EQ(play.dropDownDigits(2), (std::vector<int>{5, 7, 8}));
-  EXPECT_EQ(play.selectedCell, 2);
-  EXPECT_EQ(play.CellChoice, "578");
+  EXPECT_EQ(selection(), "2 2 578");
   play.chooseDropDown(9);  // not offered
-  EXPECT_EQ(s.grid[2].value, 0);
   play.chooseDropDown(8);
-  EXPECT_EQ(s.grid[2].value, 8);
-  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4", "C02 = 8"}));
+  EXPECT_EQ(m.moves(), "C01 = 4, C02 = 8");
   EXPECT_TRUE(rec.messages.empty());
   EXPECT_EQ(s.log.TotalLines(), 6);  // manual play writes nothing into the log
 }
 
-TEST_F(ManualPlayTest, ARefusedPlacementAdvisesAnotherChoiceWithTheEmptiedCellInRed) {
+TEST_F(ManualPlayTest, ARefusedPlacementAdvisesAnotherChoiceOrUndoWithTheEmptiedCellInRed) {
   play.selectCell(4);  // choices 49; cell 76 below it has the single choice 4
   rec.events.clear();
   play.keyReleased(ManualPlay::kDigitKey1 + 3);
-  const std::string text =
+  const std::string another =
       "placing 4 in this cell will result in no choices for cell 76\nSelect another choice for this cell";
   // Red while the message is open, normal again afterwards, then the cell itself.
   EXPECT_EQ(rec.events,
-            (Lines{"normal 4", "selected 4", "refused 76", "repaint", "message " + text, "normal 76", "normal 4"}));
-  EXPECT_EQ(s.grid[4].value, 0);
-  EXPECT_TRUE(play.LogManual().empty());
-  EXPECT_EQ(play.highlightedCell, -1);
+            (Lines{"normal 4", "selected 4", "refused 76", "repaint", "message " + another, "normal 76", "normal 4"}));
+  EXPECT_TRUE(s.grid[4].value == 0 && play.LogManual().empty());
   // The choices stay as computed with the rejected 4 in place until the next
   // recomputation; the cell stays selected with its choices.
-  EXPECT_EQ(choices(76), "");
-  EXPECT_EQ(choices(4), "");
-  EXPECT_EQ(play.CellChoice, "49");
+  EXPECT_EQ(choices(76) + "|" + choices(4), "|");
+  EXPECT_EQ(selection(), "4 -1 49");
   play.keyReleased(ManualPlay::kDigitKey1 + 8);
   EXPECT_EQ(s.grid[4].value, 9);
-  EXPECT_EQ(play.LogManual(), (Lines{"C04 = 9"}));
   EXPECT_EQ(choices(76), "4");
-  EXPECT_EQ(rec.messages, Lines{text});
-}
 
-TEST_F(ManualPlayTest, TryingTheOnlyChoiceThatEmptiesACellAdvisesUndo) {
   // A wrong 7 in cell 74 is accepted, but it leaves cells 76 and 78 of the same
-  // row both with the single choice 4.
+  // row both with the single choice 4: placing that only choice advises Undo.
   m.type(74, 7);
-  EXPECT_EQ(choices(76), "4");
-  EXPECT_EQ(choices(78), "4");
+  EXPECT_EQ(choices(76) + "|" + choices(78), "4|4");
   m.type(76, 4);
-  EXPECT_EQ(rec.messages, (Lines{"placing 4 in this cell will result in no choices for cell 78\n"
-                                 "You must now undo previous placements"}));
+  EXPECT_EQ(rec.messages, (Lines{another, "placing 4 in this cell will result in no choices for cell 78\n"
+                                          "You must now undo previous placements"}));
   EXPECT_EQ(s.grid[76].value, 0);
-  EXPECT_EQ(play.LogManual(), (Lines{"C74 = 7"}));
+  EXPECT_EQ(m.moves(), "C04 = 9, C74 = 7");
   rec.events.clear();
   play.undo();
   EXPECT_EQ(rec.events, (Lines{"selected 74", "normal 74"}));
-  EXPECT_TRUE(play.LogManual().empty());
-  EXPECT_EQ(s.grid[74].value, 0);
-  EXPECT_EQ(choices(76), "4");
-  EXPECT_EQ(choices(78), "47");
+  EXPECT_TRUE(m.moves() == "C04 = 9" && s.grid[74].value == 0);
+  EXPECT_EQ(choices(76) + "|" + choices(78), "4|47");
 }
 
-TEST_F(ManualPlayTest, DeleteTakesTheCellsEntryOutUndoTakesTheNewestBack) {
-  m.type(9, 7);
-  m.type(1, 4);
-  m.type(2, 8);
-  m.type(4, 9);
-  ASSERT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4", "C02 = 8", "C04 = 9"}));
+TEST_F(ManualPlayTest, AMoveListClickSelectsDeleteTakesTheCellsEntryOutUndoTakesTheNewestBack) {
+  for (auto [cell, digit] : {std::pair{9, 7}, std::pair{1, 4}, std::pair{2, 8}, std::pair{4, 9}}) m.type(cell, digit);
+  ASSERT_EQ(m.moves(), "C09 = 7, C01 = 4, C02 = 8, C04 = 9");
+  rec.events.clear();
+  play.moveListClicked(1);
+  play.moveListClicked(5);  // no such entry
+  EXPECT_EQ(rec.events, (Lines{"normal 4", "selected 1"}));
+  EXPECT_TRUE(play.selectedCell == 1 && play.highlightedCell == 1);
+
   play.selectCell(2);
   play.keyReleased(ManualPlay::kDeleteKey);
   EXPECT_EQ(s.grid[2].value, 0);
-  EXPECT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4", "C04 = 9"}));
+  EXPECT_EQ(m.moves(), "C09 = 7, C01 = 4, C04 = 9");
   EXPECT_EQ(choices(2), "58");
   // Delete again on the now empty cell: nothing to take off, the summaries are
   // refreshed all the same.
   play.PossibleInRow[0] = "stale";
   play.keyReleased(ManualPlay::kDeleteKey);
-  EXPECT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4", "C04 = 9"}));
-  EXPECT_EQ(play.PossibleInRow[0], "123568");  // the givens 2, 3, 6 and the choices of cells 2, 6 and 8
   play.removeManualLogEntry(81);  // no entry: nothing happens
-  EXPECT_EQ(play.LogManual().size(), 3u);
+  EXPECT_EQ(m.moves(), "C09 = 7, C01 = 4, C04 = 9");
+  EXPECT_EQ(play.PossibleInRow[0], "123568");  // the givens 2, 3, 6 and the choices of cells 2, 6 and 8
 
   play.undo();
-  EXPECT_EQ(play.LogManual(), (Lines{"C09 = 7", "C01 = 4"}));
-  EXPECT_EQ(s.grid[4].value, 0);
-  EXPECT_EQ(play.selectedCell, 4);
-  EXPECT_EQ(play.highlightedCell, -1);
+  EXPECT_TRUE(m.moves() == "C09 = 7, C01 = 4" && s.grid[4].value == 0);
+  EXPECT_TRUE(play.selectedCell == 4 && play.highlightedCell == -1);
   play.undo();
   play.undo();
-  EXPECT_TRUE(play.LogManual().empty());
-  EXPECT_TRUE(rec.messages.empty());
+  EXPECT_TRUE(play.LogManual().empty() && rec.messages.empty());
   play.undo();
   EXPECT_EQ(rec.messages, (Lines{"nothing to undo"}));
-  EXPECT_EQ(choices(1), "45");
   EXPECT_EQ(s.BlanksLeft, 49);
 }
 
-TEST_F(ManualPlayTest, AMoveListClickSelectsAndHighlightsItsCell) {
-  m.type(1, 4);
-  m.type(73, 6);
-  rec.events.clear();
-  play.moveListClicked(0);
-  EXPECT_EQ(rec.events, (Lines{"normal 73", "selected 1"}));
-  EXPECT_EQ(play.selectedCell, 1);
-  EXPECT_EQ(play.highlightedCell, 1);
-  play.moveListClicked(5);  // no such entry
-  EXPECT_EQ(play.selectedCell, 1);
-}
-
-TEST_F(ManualPlayTest, SummariesListTheDigitsStillOpenPerRowAndColumn) {
-  for (int c = 1; c <= 18; ++c)
-    if (!s.grid[c].given) m.type(c, solution(c));
-  ASSERT_EQ(play.LogManual().size(), 11u);
-  // Rows 1 and 2 are filled: only their givens remain.
-  EXPECT_EQ(play.PossibleInRow[0], "236");
-  EXPECT_EQ(play.PossibleInRow[1], "1359");
-  EXPECT_EQ(play.PossibleInRow[2], "123456789");
-  EXPECT_EQ(play.PossibleInCol[1], "1  2  3  4  5  7  9  ");  // lost 8 and 6
-}
-
-TEST_F(ManualPlayTest, PlayedToTheEndThePuzzleIsSolvedOnce) {
+TEST_F(ManualPlayTest, SummariesListTheDigitsStillOpenAndAGamePlayedToTheEndIsSolvedOnce) {
   std::size_t entriesWhenShown = 0;
   for (int c = 1; c <= kCells; ++c) {
+    if (c == 19) {  // rows 1 and 2 are filled: only their givens remain; column 2 lost 8 and 6
+      EXPECT_EQ(play.PossibleInRow[0] + "|" + play.PossibleInRow[1] + "|" + play.PossibleInRow[2] + "|" +
+                    play.PossibleInCol[1],
+                "236|1359|123456789|1  2  3  4  5  7  9  ");
+    }
     if (s.grid[c].given) continue;
     m.type(c, solution(c));
     ASSERT_EQ(s.grid[c].value, solution(c)) << "cell " << c;
@@ -201,9 +155,7 @@ TEST_F(ManualPlayTest, PlayedToTheEndThePuzzleIsSolvedOnce) {
   EXPECT_EQ(s.BlanksLeft, 0);
   EXPECT_EQ(s.grid.valueCode(), test::kPe96Solution);
   // Only the givens' own digits are left in the summaries.
-  EXPECT_EQ(play.PossibleInRow[0], "236");
-  EXPECT_EQ(play.PossibleInCol[0], "7  8  9  ");
-  EXPECT_EQ(play.PossibleInCol[1], "");
+  EXPECT_EQ(play.PossibleInRow[0] + "|" + play.PossibleInCol[0] + "|" + play.PossibleInCol[1], "236|7  8  9  |");
   // A Delete and the same digit again tells once more.
   play.selectCell(81);
   play.keyReleased(ManualPlay::kDeleteKey);
@@ -211,39 +163,57 @@ TEST_F(ManualPlayTest, PlayedToTheEndThePuzzleIsSolvedOnce) {
   EXPECT_EQ(rec.messages, (Lines{"Puzzle is solved", "Puzzle is solved"}));
 }
 
-TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNone) {
+TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNoneAndOnAnotherTabNothingHappens) {
   m.type(1, 4);
   m.type(2, 8);
   play.clearManual();
-  EXPECT_TRUE(play.LogManual().empty());
+  EXPECT_EQ(selection() + "|" + m.moves(), "0 -1 |");
   EXPECT_EQ(s.grid.valueCode().substr(0, 2), "00");
   EXPECT_EQ(choices(1), "45");
-  EXPECT_EQ(play.highlightedCell, -1);
-  EXPECT_EQ(play.selectedCell, 0);
-  EXPECT_EQ(s.collection.CurrentPuzzleNumber, 1);
-
   m.type(1, 4);
   s.collection.CurrentPuzzleNumber = 0;
   play.clearManual();
-  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4"}));
-  EXPECT_EQ(s.grid[1].value, 4);
-}
+  EXPECT_TRUE(m.moves() == "C01 = 4" && s.grid[1].value == 4);
 
-TEST_F(ManualPlayTest, OnAnotherTabTheEventsDoNothing) {
-  m.type(1, 4);
+  s.collection.CurrentPuzzleNumber = 1;
   s.controls.currentTab = Tab::AutoSolve;
   play.selectCell(2);
-  EXPECT_EQ(play.selectedCell, 1);
   play.keyReleased(ManualPlay::kDeleteKey);
   play.undo();
   play.clearManual();
   EXPECT_TRUE(play.dropDownDigits(2).empty());
-  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4"}));
-  EXPECT_EQ(s.grid[1].value, 4);
-  EXPECT_TRUE(rec.messages.empty());
-  // A read on another tab leaves manual play alone.
-  ASSERT_TRUE(readPuzzle(s, test::kPe96, 1));
-  EXPECT_EQ(play.LogManual(), (Lines{"C01 = 4"}));
+  EXPECT_EQ(play.selectedCell, 1);
+  EXPECT_TRUE(m.moves() == "C01 = 4" && s.grid[1].value == 4 && rec.messages.empty());
+  ASSERT_TRUE(readPuzzle(s, test::kPe96, 1));  // a read on another tab leaves manual play alone
+  EXPECT_EQ(m.moves(), "C01 = 4");
+}
+
+TEST_F(ManualPlayTest, TheExplanationOfEachKindOfCellIsOneMessageWithTheBoxHighlighted) {
+  const std::string process = "The process below explains how the choice of ",
+                    examine = " for this cell was calculated\nExamine the row, column and box highlighted, numbers "
+                              "already given cannot be used in the cell\n",
+                    therefore = "\nTherefore from a range of 1 to 9, the choice of numbers left is ";
+  const CandidateExplanation e = explainCandidates(s, 42);
+  EXPECT_EQ(std::vector<int>({e.cell, e.row, e.col, e.box}), std::vector<int>({42, 5, 6, 5}));
+  const std::string cell42 = process + "number 4" + examine + "Row 5 given: numbers 7 and 8\n" +
+                             "Col 6 given: numbers 2, 3, 5, 6, 8 and 9\nBox 5 given: numbers 1, 2, 7 and 8" +
+                             therefore + "only number 4";
+  EXPECT_EQ(explained(42), cell42);
+  EXPECT_EQ(explained(79) + "|" + explained(0), "Cell number 79 has a given value of 3|");
+  showCandidateExplanation(s, 42, &play);
+  EXPECT_EQ(rec.events, (Lines{"box on 5", "repaint", "message " + cell42, "box off 5"}));
+
+  // A placed value counts in its neighbours but not in its own cell.
+  m.type(1, 4);
+  EXPECT_EQ(explained(1), process + "numbers 4 and 5" + examine + "Row 1 given: numbers 2, 3 and 6\n" +
+                              "Col 1 given: numbers 7, 8 and 9\nBox 1 given: numbers 1, 3 and 9" + therefore +
+                              "numbers 4 and 5");
+  EXPECT_EQ(explainCandidates(s, 2).lines[2] + "|" + explainCandidates(s, 2).lines[3],
+            "Row 1 given: numbers 2, 3, 4 and 6|Col 2 given: none");
+
+  m.load("12345678" + std::string(36, '.') + "9" + std::string(36, '.'));  // cell 9 has no choice left
+  EXPECT_EQ(explained(9), process + "none" + examine + "Row 1 given: numbers 1, 2, 3, 4, 5, 6, 7 and 8\n" +
+                              "Col 9 given: number 9\nBox 3 given: numbers 7 and 8" + therefore + "none");
 }
 
 }  // namespace

@@ -1,10 +1,6 @@
 #pragma once
 // A session on the ManualSolve tab with manual play hooked in, whose paints and
-// messages are kept in one sequence: a test sees what was painted while a
-// message was open.
-
-#include <string>
-#include <vector>
+// messages are kept in one sequence: a test sees what was painted while a message was open.
 
 #include "play/ManualPlay.h"
 #include "solver/ReadPuzzle.h"
@@ -43,8 +39,7 @@ struct ManualSession {
     session.writesConfiguration = false;
     session.controls.currentTab = Tab::ManualSolve;
   }
-  /// Reads a puzzle as the window does (manual play starts afresh) and forgets
-  /// what the read painted and said.
+  /// Reads a puzzle as the window does (manual play starts afresh), forgetting what it painted and said.
   bool read(const std::string& path, int number) {
     session.collection.CurrentFile = path;
     const bool ok = readPuzzle(session, path, number);
@@ -61,6 +56,12 @@ struct ManualSession {
   void type(int cell, int digit) {
     play.selectCell(cell);
     play.keyReleased(ManualPlay::kDigitKey1 + digit - 1);
+  }
+  /// The move list, one string: "C01 = 4, C02 = 8".
+  std::string moves() const {
+    std::string text;
+    for (const std::string& entry : play.LogManual()) text += (text.empty() ? "" : ", ") + entry;
+    return text;
   }
 };
 
