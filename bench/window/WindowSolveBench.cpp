@@ -10,7 +10,7 @@
 #include "model/Services.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
-#include "ui/Form1.h"
+#include "ui/MainWindow.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ void headlessSolve(benchmark::State& state) {
 
 void windowSolve(benchmark::State& state) {
   BenchSession b(int(state.range(0)));
-  Form1 window(b.session, &b.ui);
+  MainWindow window(b.session, &b.ui);
   window.show();
   for (auto _ : state) {
     window.readPuzzleFile(kCollection, kHardest);

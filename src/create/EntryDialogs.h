@@ -1,7 +1,7 @@
 #pragma once
 // The checks behind the two small entry dialogs: the grid entry dialog
-// (`Form2`, opened by the Edit command) that turns typed digits into a new
-// puzzle, and the blank template dialog (`Form3`) that takes the pattern of
+// (`GridEntryDialog`, opened by the Edit command) that turns typed digits into a new
+// puzzle, and the blank template dialog (`TemplateDialog`) that takes the pattern of
 // kept and blank cells for the Manual distribution. The dialogs own the text
 // boxes; everything they decide is here, so it can be tested without a window.
 
@@ -35,7 +35,7 @@ struct EntryCheck {
   bool ok() const { return refusal.empty(); }
 };
 
-// --- grid entry dialog (Form2)
+// --- grid entry dialog (GridEntryDialog)
 
 /// Checks typed grid text. Blanks, "." and "/" stand for empty cells; line
 /// breaks are ignored; the first other non-digit refuses the text. More than 81
@@ -53,7 +53,7 @@ void gridEntryHelp(Session& session);
 /// nine values, "." for a blank, rows joined by line breaks.
 std::string editGridText(const Session& session);
 
-// --- blank template dialog (Form3)
+// --- blank template dialog (TemplateDialog)
 
 /// The template the dialog starts with: nine lines "XXXXXXXXX".
 std::string defaultTemplateText();

@@ -42,7 +42,7 @@ bool saveThisPuzzleCommand(Session& session) {
     return false;
   }
   if (!askAndSave(session)) return false;
-  session.MesLab.clear();
+  session.statusText.clear();
   return true;
 }
 

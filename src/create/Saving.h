@@ -21,7 +21,7 @@ inline constexpr const char* kSolveFirst = "Solve this puzzle first before savin
 bool saveNewCommand(Session& session);
 
 /// Save this puzzle (menu entry `mnuSave2InFile`): needs every cell filled (by
-/// solving or by hand), asks, appends the givens and clears `MesLab`.
+/// solving or by hand), asks, appends the givens and clears the status text (`MesLab`).
 bool saveThisPuzzleCommand(Session& session);
 
 /// What the batch needs from the Create tab.

@@ -44,7 +44,7 @@ struct Controls {
   bool editEnabled = false;
   bool clearEnabled = false;
   bool PauseCheck = false;  ///< run on without pauses
-  bool Check3 = false;      ///< Start solves at once
+  bool solveAtOnce = false;      ///< Start solves at once
   Tab currentTab = Tab::AutoSolve;
 };
 
@@ -130,7 +130,7 @@ class Session {
   SolveRun run;
   std::string PuzNumNow;    ///< text of the puzzle-number box
   std::string PuzzleTitle;  ///< caption of the puzzle frame
-  std::string MesLab;       ///< status label
+  std::string statusText;       ///< status label
 
   // --- configuration and start-up values
   Configuration config;

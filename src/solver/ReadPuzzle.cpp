@@ -65,7 +65,7 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     s.controls.startEnabled = true;
     s.controls.editEnabled = true;
     s.controls.nextEnabled = false;
-    s.MesLab.clear();
+    s.statusText.clear();
     s.clearEventLog();
     s.run.candidateQueue.clear();
     s.run.guessStack.clear();

@@ -40,7 +40,7 @@ void SolverEngine::solveAll() {
       if (s.run.PlacementCount > s.config.MaxTries) {
         const std::string text = "Tried" + num(s.config.MaxTries) + " times, solution aborted";
         s.message(text);
-        s.MesLab = text;
+        s.statusText = text;
         s.run.mode = RunState::Released;
         s.run.PlacementCount = 0;
         return;
@@ -49,7 +49,7 @@ void SolverEngine::solveAll() {
   }
   if (s.run.mode == RunState::Silent) return;  // creation reports nothing
   if (hasBlankCell()) {
-    s.MesLab = kNoSolutionStatus;
+    s.statusText = kNoSolutionStatus;
     finalCleanUp();
     return;
   }
@@ -68,7 +68,7 @@ void SolverEngine::reportOutcome() {
   const std::string outcome =
       s.run.SavedGuessCount > 0 ? "Solved with" + num(s.run.SavedGuessCount) + " retries" : "Solved with no re-tries";
   s.say(kStyleNormal, false, outcome);
-  s.MesLab = outcome;
+  s.statusText = outcome;
   s.say(kStyleNormal, false, "");
   s.say(kStyleNormal, false, " Rules statistics");
   s.say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
@@ -129,7 +129,7 @@ void SolverEngine::startCommand() {
     beginRun();
     s.run.stats.reset();
     s.controls.editEnabled = false;
-    if (s.controls.Check3) {
+    if (s.controls.solveAtOnce) {
       s.ui().setBusy(true);
       s.run.mode = RunState::NoPause;
       solveAll();

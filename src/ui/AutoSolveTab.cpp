@@ -1,4 +1,5 @@
 #include "ui/AutoSolveTab.h"
+#include "ui/ObjectNames.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -17,34 +18,34 @@
 namespace tessaly {
 
 AutoSolveTab::AutoSolveTab(Session& session, CommandHost& host, QWidget* parent) : TabPage(session, host, parent) {
-  setObjectName("AutoSolveTab");
+  setObjectName(names::AutoSolveTab);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
   m_frame = new QGroupBox("Solution", this);
-  m_frame->setObjectName("SolutionsFrame");
+  m_frame->setObjectName(names::SolutionsFrame);
   outer->addWidget(m_frame);
   outer->addStretch();
 
   m_start = new QPushButton("Start", m_frame);
-  m_start->setObjectName("StartCommand");
+  m_start->setObjectName(names::StartCommand);
   m_start->setToolTip("Solve step by step, explaining each step");
   m_next = new RightClickButton("Next", m_frame);
-  m_next->setObjectName("NextStepCommand");
+  m_next->setObjectName(names::NextStepCommand);
   m_next->setToolTip("Left button: the next step. Right button: run on to the end");
   m_solve = new QPushButton("Solve", m_frame);
-  m_solve->setObjectName("Solveit");
+  m_solve->setObjectName(names::Solveit);
   m_solve->setToolTip("Solve the puzzle without pauses");
   m_pause = new QCheckBox("No pauses", m_frame);
-  m_pause->setObjectName("PauseCheck");
+  m_pause->setObjectName(names::PauseCheck);
   m_pause->setToolTip("Run on without pausing at each step");
-  m_check3 = new QCheckBox("Solve at once", m_frame);
-  m_check3->setObjectName("Check3");
-  m_check3->setToolTip("Start solves the puzzle at once, without the explanations");
+  m_solveAtOnce = new QCheckBox("Solve at once", m_frame);
+  m_solveAtOnce->setObjectName(names::Check3);
+  m_solveAtOnce->setToolTip("Start solves the puzzle at once, without the explanations");
   m_clear = new QPushButton("Clear", m_frame);
-  m_clear->setObjectName("ClearCommand");
+  m_clear->setObjectName(names::ClearCommand);
   m_clear->setToolTip("Read the puzzle again");
   m_edit = new QPushButton("Edit", m_frame);
-  m_edit->setObjectName("EditCommand");
+  m_edit->setObjectName(names::EditCommand);
   m_edit->setToolTip("Type in a puzzle");
 
   auto* layout = new QGridLayout(m_frame);
@@ -54,14 +55,14 @@ AutoSolveTab::AutoSolveTab(Session& session, CommandHost& host, QWidget* parent)
   layout->addWidget(m_clear, 1, 1);
   layout->addWidget(m_edit, 2, 0);
   layout->addWidget(m_pause, 3, 0, 1, 2);
-  layout->addWidget(m_check3, 4, 0, 1, 2);
+  layout->addWidget(m_solveAtOnce, 4, 0, 1, 2);
 
   connect(m_start, &QPushButton::clicked, this, [this] { start(); });
   connect(m_next, &RightClickButton::released, this, [this](Qt::MouseButton button) { nextStep(button); });
   connect(m_solve, &QPushButton::clicked, this, [this] { solve(); });
   connect(m_pause, &QCheckBox::clicked, this, [this](bool checked) { pauseChanged(checked); });
-  connect(m_check3, &QCheckBox::clicked, this, [this](bool checked) {
-    m_session.controls.Check3 = checked;
+  connect(m_solveAtOnce, &QCheckBox::clicked, this, [this](bool checked) {
+    m_session.controls.solveAtOnce = checked;
     m_host.refreshFromSession();
   });
   connect(m_clear, &QPushButton::clicked, this, [this] { clear(); });
@@ -103,7 +104,7 @@ void AutoSolveTab::refreshFromSession() {
   m_edit->setEnabled(c.editEnabled);
   m_clear->setEnabled(c.clearEnabled);
   m_pause->setChecked(c.PauseCheck);
-  m_check3->setChecked(c.Check3);
+  m_solveAtOnce->setChecked(c.solveAtOnce);
 }
 
 void AutoSolveTab::applyColours(const ColourScheme& scheme) {

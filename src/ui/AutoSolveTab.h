@@ -38,7 +38,7 @@ class AutoSolveTab : public TabPage {
   RightClickButton* m_next = nullptr;
   QPushButton* m_solve = nullptr;
   QCheckBox* m_pause = nullptr;
-  QCheckBox* m_check3 = nullptr;
+  QCheckBox* m_solveAtOnce = nullptr;
   QPushButton* m_clear = nullptr;
   QPushButton* m_edit = nullptr;
 };

@@ -1,4 +1,5 @@
 #include "ui/CellBoard.h"
+#include "ui/ObjectNames.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -51,7 +52,7 @@ QWidget* CellBoard::candidateDisplay() const { return m_candidates; }
 
 QFrame* CellBoard::createGrid() {
   m_grid = new QFrame(this);
-  m_grid->setObjectName("Grid");
+  m_grid->setObjectName(names::Grid);
   m_grid->setFrameShape(QFrame::Box);
   m_grid->setAutoFillBackground(true);
   // The grid, not each box, takes the keyboard: a label that can take focus
@@ -69,7 +70,7 @@ QFrame* CellBoard::createGrid() {
   font.setPointSize(kValueFontPoints);
   for (int cell = 1; cell <= kCells; ++cell) {
     auto* box = new QLabel(m_grid);
-    box->setObjectName(QString("Grid_%1").arg(cell - 1));
+    box->setObjectName(QString(names::Grid_N).arg(cell - 1));
     box->setToolTip(QString::number(cell));
     box->setProperty(kCellProperty, cell);
     box->setAlignment(Qt::AlignCenter);
@@ -87,7 +88,7 @@ QFrame* CellBoard::createGrid() {
 
 QGroupBox* CellBoard::createCandidateDisplay() {
   m_candidates = new QGroupBox("Choices for cells", this);
-  m_candidates->setObjectName("PosValsFrame");
+  m_candidates->setObjectName(names::PosValsFrame);
   m_candidates->setAutoFillBackground(true);
   auto* outer = new QVBoxLayout(m_candidates);
   auto* layout = new QGridLayout;
@@ -100,7 +101,7 @@ QGroupBox* CellBoard::createCandidateDisplay() {
   for (int gap = kBoxSize; gap < GridSize; gap += kBoxSize) layout->setRowMinimumHeight(layoutLine(gap) - 1, kBoxGap);
   for (int cell = 1; cell <= kCells; ++cell) {
     auto* label = new QLabel(m_candidates);
-    label->setObjectName(QString("PosVals_%1").arg(cell));
+    label->setObjectName(QString(names::PosVals_N).arg(cell));
     label->setToolTip(QString::number(cell));
     label->setProperty(kCellProperty, cell);
     label->setAlignment(Qt::AlignCenter);
@@ -115,7 +116,7 @@ QGroupBox* CellBoard::createCandidateDisplay() {
   }
   for (int box = 1; box <= GridSize; ++box) {
     auto* count = new QLabel(m_candidates);
-    count->setObjectName(QString("BoxMissingCount_%1").arg(box));
+    count->setObjectName(QString(names::BoxMissingCount_N).arg(box));
     count->setToolTip(kBoxCountHint);
     count->setAlignment(Qt::AlignCenter);
     count->setMinimumWidth(kBoxGap * 2);
@@ -125,7 +126,7 @@ QGroupBox* CellBoard::createCandidateDisplay() {
     m_boxCounts[std::size_t(box - 1)] = count;
   }
   auto* hint = new QLabel(kBoxCountHint, m_candidates);
-  hint->setObjectName("BoxMissingCountCaption");
+  hint->setObjectName(names::BoxMissingCountCaption);
   QFont small = hint->font();
   small.setPointSize(kCandidateFontPoints);
   hint->setFont(small);

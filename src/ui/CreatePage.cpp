@@ -1,4 +1,5 @@
 #include "ui/CreatePage.h"
+#include "ui/ObjectNames.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -14,7 +15,7 @@
 #include "create/Saving.h"
 #include "model/Interfaces.h"
 #include "model/Session.h"
-#include "ui/Form3.h"
+#include "ui/TemplateDialog.h"
 #include "ui/RightClickButton.h"
 
 namespace tessaly {
@@ -55,23 +56,23 @@ QString CreatePage::distributionHint(int option) {
 
 CreatePage::CreatePage(Session& session, UserInterface& ui, std::function<void()> onGridChanged, QWidget* parent)
     : QWidget(parent), m_session(session), m_ui(ui), m_onGridChanged(std::move(onGridChanged)) {
-  setObjectName("CreatePage");
+  setObjectName(names::CreatePage);
 
   // The number of blanks.
   auto* blanksLabel = new QLabel("Number of blanks", this);
   m_totBlanks = new QLineEdit(kDefaultBlanks, this);
-  m_totBlanks->setObjectName("TotBlanks");
+  m_totBlanks->setObjectName(names::TotBlanks);
   m_totBlanks->setFixedWidth(kNumberBoxWidth);
   m_totBlanks->setToolTip(QString("From %1 to %2").arg(kMinBlanks).arg(kMaxBlanks));
   blanksLabel->setBuddy(m_totBlanks);
 
   // The distribution options.
   m_distributionFrame = new QGroupBox("Distribution of Blank Cells", this);
-  m_distributionFrame->setObjectName("DistributionFrame");
+  m_distributionFrame->setObjectName(names::DistributionFrame);
   auto* options = new QVBoxLayout(m_distributionFrame);
   for (int i = 0; i < int(m_options.size()); ++i) {
     auto* option = new QRadioButton(kOptionCaptions[std::size_t(i)], m_distributionFrame);
-    option->setObjectName(QString("Distribution_%1").arg(i));
+    option->setObjectName(QString(names::Distribution_N).arg(i));
     option->setToolTip(distributionHint(i));
     option->setProperty(kOptionProperty, i);
     option->installEventFilter(this);
@@ -82,23 +83,23 @@ CreatePage::CreatePage(Session& session, UserInterface& ui, std::function<void()
     m_options[std::size_t(i)] = option;
   }
   m_hint = new QLabel(m_distributionFrame);
-  m_hint->setObjectName("DistributionHint");
+  m_hint->setObjectName(names::DistributionHint);
   m_hint->setWordWrap(true);
   options->addWidget(m_hint);
 
   // The commands.
   m_create = new QPushButton("Create", this);
-  m_create->setObjectName("CreateCommand");
+  m_create->setObjectName(names::CreateCommand);
   m_create->setToolTip("Create a new puzzle with the number of blanks and the distribution chosen");
   m_saveNew = new RightClickButton("Save new", this);
-  m_saveNew->setObjectName("SaveNewCommand");
+  m_saveNew->setObjectName(names::SaveNewCommand);
   m_saveNew->setToolTip("Add the puzzle shown to the current collection");
   m_autoSave = new RightClickButton("Create and save", this);
-  m_autoSave->setObjectName("AutoSaveCommand");
+  m_autoSave->setObjectName(names::AutoSaveCommand);
   m_autoSave->setToolTip("Create puzzles and add each one to the current collection");
   auto* batchLabel = new QLabel("Number of puzzles", this);
   m_numCreate = new QLineEdit(kDefaultBatch, this);
-  m_numCreate->setObjectName("NumCreate");
+  m_numCreate->setObjectName(names::NumCreate);
   m_numCreate->setFixedWidth(kNumberBoxWidth);
   batchLabel->setBuddy(m_numCreate);
 

@@ -42,7 +42,7 @@ class CreatePage : public QWidget {
   /// (for instance ending a paused run first). Unset: the command runs at once.
   std::function<void(std::function<void()>)> commandRunner;
   /// Where the Manual option's template comes from; unset: the blank template
-  /// dialog (`Form3`) over this page.
+  /// dialog (`TemplateDialog`) over this page.
   std::function<std::optional<std::string>()> templateSource;
 
   /// The hint text of option 0..3 ("" for Manual).

@@ -1,4 +1,5 @@
 #include "ui/CreateTab.h"
+#include "ui/ObjectNames.h"
 
 #include <QVBoxLayout>
 
@@ -11,7 +12,7 @@ namespace tessaly {
 
 CreateTab::CreateTab(Session& session, CommandHost& host, UserInterface& ui, QWidget* parent)
     : TabPage(session, host, parent) {
-  setObjectName("CreateTab");
+  setObjectName(names::CreateTab);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   m_page = new CreatePage(session, ui, [this] { m_host.refreshFromSession(); }, this);

@@ -1,4 +1,5 @@
 #include "ui/HelpWindow.h"
+#include "ui/ObjectNames.h"
 
 #include <QFileInfo>
 #include <QTextBrowser>
@@ -12,10 +13,10 @@ constexpr int kWidth = 700, kHeight = 600;
 }
 
 HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent) {
-  setObjectName("HelpWindow");
+  setObjectName(names::HelpWindow);
   setWindowTitle("Tessaly Help");
   m_browser = new QTextBrowser(this);
-  m_browser->setObjectName("HelpBrowser");
+  m_browser->setObjectName(names::HelpBrowser);
   m_browser->setOpenExternalLinks(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(m_browser);

@@ -1,4 +1,5 @@
 #include "ui/ManualPage.h"
+#include "ui/ObjectNames.h"
 
 #include <QAction>
 #include <QEvent>
@@ -92,7 +93,7 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
       m_onGridChanged(std::move(onGridChanged)),
       m_painter(std::make_unique<Painter>(*this)),
       m_play(std::make_unique<ManualPlay>(session, m_painter.get())) {
-  setObjectName("ManualPage");
+  setObjectName(names::ManualPage);
   m_paints.fill(ManualPaint::Normal);
   // A puzzle read while the tab is current starts manual play afresh, and the
   // page shows it.
@@ -103,11 +104,11 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
 
   m_instructions = new QLabel(kInstructions, this);
-  m_instructions->setObjectName("ManualInstructions");
+  m_instructions->setObjectName(names::ManualInstructions);
 
   auto* choiceCaption = new QLabel("Choices for the selected cell:", this);
   m_cellChoice = new QLabel(this);
-  m_cellChoice->setObjectName("CellChoice");
+  m_cellChoice->setObjectName(names::CellChoice);
   m_cellChoice->setFont(fixed);
   m_cellChoice->setMinimumWidth(QFontMetrics(fixed).horizontalAdvance("123456789") + 8);
   m_cellChoice->setFrameShape(QFrame::Panel);
@@ -117,16 +118,16 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   // that their digits (each followed by two blanks) wrap one a line under the
   // column number.
   auto* rowFrame = new QGroupBox("Possible in rows", this);
-  rowFrame->setObjectName("PossibleInRowFrame");
+  rowFrame->setObjectName(names::PossibleInRowFrame);
   auto* rowLayout = new QGridLayout(rowFrame);
   auto* colFrame = new QGroupBox("Possible in columns", this);
-  colFrame->setObjectName("PossibleInColFrame");
+  colFrame->setObjectName(names::PossibleInColFrame);
   auto* colLayout = new QGridLayout(colFrame);
   const QFontMetrics metrics(fixed);
   for (int n = 1; n <= 9; ++n) {
     auto* rowNumber = new QLabel(QString::number(n), rowFrame);
     auto* row = new QLabel(rowFrame);
-    row->setObjectName(QString("PossibleInRow_%1").arg(n));
+    row->setObjectName(QString(names::PossibleInRow_N).arg(n));
     row->setFont(fixed);
     row->setMinimumWidth(metrics.horizontalAdvance("123456789"));
     rowLayout->addWidget(rowNumber, n - 1, 0);
@@ -136,7 +137,7 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
     auto* colNumber = new QLabel(QString::number(n), colFrame);
     colNumber->setAlignment(Qt::AlignHCenter);
     auto* col = new QLabel(colFrame);
-    col->setObjectName(QString("PossibleInCol_%1").arg(n));
+    col->setObjectName(QString(names::PossibleInCol_N).arg(n));
     col->setFont(fixed);
     col->setWordWrap(true);
     col->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -148,22 +149,22 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   }
 
   m_log = new QListWidget(this);
-  m_log->setObjectName("LogManual");
+  m_log->setObjectName(names::LogManual);
   m_log->setFont(fixed);
   m_log->setToolTip("Click a placement to select its cell");
   m_undo = new QPushButton("Undo", this);
-  m_undo->setObjectName("UndoManual");
+  m_undo->setObjectName(names::UndoManual);
   m_undo->setToolTip("Take the last placement back");
   m_clear = new QPushButton("Clear", this);
-  m_clear->setObjectName("ClearManual");
+  m_clear->setObjectName(names::ClearManual);
   m_clear->setToolTip("Discard all placements and start the puzzle again");
 
   auto* hintFrame = new QGroupBox("Hints", this);
-  hintFrame->setObjectName("HintFrame");
+  hintFrame->setObjectName(names::HintFrame);
   auto* hintButtons = new QGridLayout;
   for (int k = 0; k < int(m_hintButtons.size()); ++k) {
     auto* button = new QPushButton(kHintCaptions[std::size_t(k)], hintFrame);
-    button->setObjectName(QString("GetHint_%1").arg(k));
+    button->setObjectName(QString(names::GetHint_N).arg(k));
     button->setToolTip(k == kAllRulesHint ? "What Rules 1 to 6 deduce from the grid as it stands"
                                           : QString("What Rule %1 deduces from the grid as it stands").arg(k + 1));
     hintButtons->addWidget(button, k / 4, k % 4);
@@ -174,11 +175,11 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
     m_hintButtons[std::size_t(k)] = button;
   }
   m_cellHint = new QPushButton("Cell hint", hintFrame);
-  m_cellHint->setObjectName("CellHint");
+  m_cellHint->setObjectName(names::CellHint);
   m_cellHint->setToolTip("Select the cell with the fewest choices");
   hintButtons->addWidget(m_cellHint, 1, 3);
   m_hints = new QListWidget(hintFrame);
-  m_hints->setObjectName("Hints");
+  m_hints->setObjectName(names::Hints);
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
   m_hints->viewport()->installEventFilter(this);
   auto* hintLayout = new QVBoxLayout(hintFrame);
@@ -186,16 +187,16 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   hintLayout->addWidget(m_hints, 1);
 
   m_pointer = new QLabel(this);
-  m_pointer->setObjectName("PointerReadout");
+  m_pointer->setObjectName(names::PointerReadout);
   m_explanation = new QListWidget(this);
-  m_explanation->setObjectName("Explanation");
+  m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");
 
   m_choices = new QMenu(this);
-  m_choices->setObjectName("mnuChoices");
+  m_choices->setObjectName(names::mnuChoices);
   for (int d = 1; d <= 9; ++d) {
     QAction* item = m_choices->addAction(QString::number(d));
-    item->setObjectName(QString("xc_%1").arg(d));
+    item->setObjectName(QString(names::xc_N).arg(d));
     connect(item, &QAction::triggered, this, [this, d] { run([this, d] { m_play->chooseDropDown(d); }); });
     m_choiceItems[std::size_t(d - 1)] = item;
   }

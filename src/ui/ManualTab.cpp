@@ -1,4 +1,5 @@
 #include "ui/ManualTab.h"
+#include "ui/ObjectNames.h"
 
 #include <QCursor>
 #include <QVBoxLayout>
@@ -11,7 +12,7 @@ namespace tessaly {
 
 ManualTab::ManualTab(Session& session, CommandHost& host, ManualPage::PaintCell paintCell, QWidget* parent)
     : TabPage(session, host, parent) {
-  setObjectName("ManualTab");
+  setObjectName(names::ManualTab);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   m_page = new ManualPage(session, std::move(paintCell), [this] { m_host.refreshFromSession(); }, this);

@@ -1,4 +1,5 @@
 #include "ui/PuzzleFrame.h"
+#include "ui/ObjectNames.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -21,17 +22,17 @@ constexpr int kNumberBoxWidth = 60;
 
 PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
     : QGroupBox(parent), m_session(session), m_host(host) {
-  setObjectName("PuzNumber");
+  setObjectName(names::PuzNumber);
   auto* layout = new QGridLayout(this);
 
   m_file = new QLineEdit(this);
-  m_file->setObjectName("FileNow");
+  m_file->setObjectName(names::FileNow);
   m_file->setReadOnly(true);
   layout->addWidget(new QLabel("File", this), 0, 0);
   layout->addWidget(m_file, 0, 1, 1, 4);
 
   m_number = new QLineEdit(this);
-  m_number->setObjectName("PuzNumNow");
+  m_number->setObjectName(names::PuzNumNow);
   m_number->setFixedWidth(kNumberBoxWidth);
   m_number->setToolTip("Type a puzzle number and press Enter");
   m_number->installEventFilter(this);
@@ -44,7 +45,7 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
                                             "A puzzle chosen at random"};
   for (int i = 0; i < 3; ++i) {
     auto* button = new RightClickButton(captions[std::size_t(i)], this);
-    button->setObjectName(QString("NavButton_%1").arg(i));
+    button->setObjectName(QString(names::NavButton_N).arg(i));
     button->setToolTip(hints[std::size_t(i)]);
     layout->addWidget(button, 1, 2 + i);
     connect(button, &RightClickButton::released, this,

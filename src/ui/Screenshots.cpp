@@ -9,7 +9,7 @@
 #include "solver/SolverEngine.h"
 #include "ui/CreatePage.h"
 #include "ui/CreateTab.h"
-#include "ui/Form1.h"
+#include "ui/MainWindow.h"
 #include "ui/ManualPage.h"
 #include "ui/ManualTab.h"
 
@@ -20,20 +20,20 @@ constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
 constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
 constexpr int kTickMs = 15;
 
-void saveAndQuit(Form1& window, const std::string& file) {
+void saveAndQuit(MainWindow& window, const std::string& file) {
   window.refreshFromSession();
   QApplication::processEvents();
   window.grab().save(QString::fromStdString(file), "PNG");
   QApplication::quit();
 }
 
-void selectTab(Form1& window, int index) {
+void selectTab(MainWindow& window, int index) {
   if (auto* tabs = window.findChild<QTabBar*>("ctlTabs")) tabs->setCurrentIndex(index);
   QApplication::processEvents();
 }
 }  // namespace
 
-void scheduleScreenshot(Form1& window, Session& session, const std::string& tab, const std::string& file) {
+void scheduleScreenshot(MainWindow& window, Session& session, const std::string& tab, const std::string& file) {
   const std::string collection = session.appDir + "Puzzles.sud";
   QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
     if (tab == "create") {

@@ -4,13 +4,13 @@
 
 namespace tessaly {
 
-class Form1;
+class MainWindow;
 class Session;
 
 /// Puts the window into a telling state for one of its tabs ("autosolve": a
 /// puzzle half-way through a stepped run; "create": a new puzzle; "manual": a
 /// puzzle partly played by hand), saves a picture of it as PNG and quits the
 /// application. Used by scripts/screenshots.sh for the README.
-void scheduleScreenshot(Form1& window, Session& session, const std::string& tab, const std::string& file);
+void scheduleScreenshot(MainWindow& window, Session& session, const std::string& tab, const std::string& file);
 
 }  // namespace tessaly

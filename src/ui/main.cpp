@@ -12,7 +12,7 @@
 #include "model/Folders.h"
 #include "model/Session.h"
 #include "model/Startup.h"
-#include "ui/Form1.h"
+#include "ui/MainWindow.h"
 #include "ui/Screenshots.h"
 #include "Version.h"
 
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
 
   tessaly::Session session;
   session.folders = folders;
-  tessaly::Form1 window(session);
+  tessaly::MainWindow window(session);
   window.startUp(dataFolder);
   window.show();
   // tessaly --screenshot autosolve|create|manual FILE: saves a picture of the

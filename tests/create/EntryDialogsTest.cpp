@@ -1,5 +1,5 @@
-// The checks of the grid entry dialog (Form2) and the blank template dialog
-// (Form3), what the grid entry does to the session, and each dialog's Help. The
+// The checks of the grid entry dialog (GridEntryDialog) and the blank template dialog
+// (TemplateDialog), what the grid entry does to the session, and each dialog's Help. The
 // dialogs themselves are window tests; a template in use is a command-line case.
 
 #include <gtest/gtest.h>

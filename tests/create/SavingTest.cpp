@@ -66,13 +66,13 @@ TEST(SaveRefusals, WriteNothingAndKeepTheStatus) {
     s.collection.CurrentFile = t.dir.file(unwritable ? "missing/Mine.sud" : "Mine.sud");
     if (grid != kEmpty) test::loadGivens(s, kPuzzle);
     if (grid == kSolved) fillValues(s, kSolution);
-    s.MesLab = "status";
+    s.statusText = "status";
     s.PuzzleTitle = "before";
     t.ui.answers.push_back(answer);
     EXPECT_FALSE(command(s));
     EXPECT_EQ(t.ui.questions, questions);
     EXPECT_EQ(t.ui.messages, unwritable ? Lines{messages[0] + s.collection.CurrentFile} : messages);
-    EXPECT_EQ(s.MesLab + "|" + s.PuzzleTitle, "status|before");
+    EXPECT_EQ(s.statusText + "|" + s.PuzzleTitle, "status|before");
     EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
   }
 }
@@ -95,11 +95,11 @@ TEST_F(SaveTest, OnlyTheGivensAreAppendedNumberedByTheirPositionInTheFile) {
   s.run.mode = RunState::NoPause;
   SolverEngine(s).solveAll();
   ASSERT_EQ(s.grid.valueCode(), kSolution);
-  s.MesLab = "Solved with no re-tries";
+  s.statusText = "Solved with no re-tries";
   ASSERT_TRUE(saveThisPuzzleCommand(s));
   EXPECT_EQ(fileText(), twelve + record(13, std::string(81, '.')) + record(14, kPuzzle) + record(15, kPuzzle));
   EXPECT_EQ(t.ui.messages.back(), added("Puzzle# 15"));
-  EXPECT_EQ(s.MesLab, "");
+  EXPECT_EQ(s.statusText, "");
 }
 
 TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {

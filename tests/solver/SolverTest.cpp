@@ -304,7 +304,7 @@ TEST_F(SolveRunTest, StartPausesAtEveryPausePointAndEndsWithTheControlsForANewPu
   EXPECT_GT(expected, 40);
   EXPECT_EQ(t.pacer.pauses, expected);
   EXPECT_EQ(s.grid.filledCount(), 81);
-  EXPECT_EQ(s.MesLab, "Solved with no re-tries");
+  EXPECT_EQ(s.statusText, "Solved with no re-tries");
   EXPECT_EQ(s.run.mode, RunState::Silent);
   const Controls& on = s.controls;  // start and next off, edit and clear on
   EXPECT_EQ(std::vector({on.startEnabled, on.nextEnabled, on.editEnabled, on.clearEnabled}),
@@ -335,7 +335,7 @@ TEST_F(SolveRunTest, ThePlacementLimitAbortsTheRun) {
   s.controls.PauseCheck = true;
   engine.startCommand();
   EXPECT_EQ(t.ui.messages, Strings{"Tried 1 times, solution aborted"});
-  EXPECT_EQ(s.MesLab, "Tried 1 times, solution aborted");
+  EXPECT_EQ(s.statusText, "Tried 1 times, solution aborted");
   EXPECT_EQ(std::tuple(s.run.PlacementCount, s.run.mode, s.grid[1].value), std::tuple(0, RunState::Released, 1));
 }
 

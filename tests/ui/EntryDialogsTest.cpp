@@ -1,4 +1,4 @@
-// The grid entry dialog (Form2) and the blank template dialog (Form3): OK hands
+// The grid entry dialog (GridEntryDialog) and the blank template dialog (TemplateDialog): OK hands
 // the text to the core's check, a refusal keeps the dialog open with the text
 // as typed, Cancel answers "N", and the commands wait for the modal dialog.
 
@@ -13,8 +13,8 @@
 
 #include "create/EntryDialogs.h"
 #include "support/TestSupport.h"
-#include "ui/Form2.h"
-#include "ui/Form3.h"
+#include "ui/GridEntryDialog.h"
+#include "ui/TemplateDialog.h"
 
 namespace tessaly {
 namespace {
@@ -40,8 +40,8 @@ class EntryDialogsTest : public ::testing::Test {
 };
 
 TEST_F(EntryDialogsTest, ARefusedEntryIsToldAndTheDialogStaysOpenWithItsText) {
-  Form2 grid(t.session, t.ui);
-  Form3 pattern(t.ui);
+  GridEntryDialog grid(t.session, t.ui);
+  TemplateDialog pattern(t.ui);
   const struct {
     EntryDialog* dialog;
     std::string text;

@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "model/EventLog.h"
-#include "ui/cTxtBox.h"
+#include "ui/EventLogView.h"
 
 namespace tessaly {
 namespace {
@@ -23,7 +23,7 @@ class EventLogViewTest : public ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&view));
   }
   EventLog log;
-  cTxtBox view{log};
+  EventLogView view{log};
 };
 
 TEST_F(EventLogViewTest, DrawsALineInTheColourOfItsStyle) {

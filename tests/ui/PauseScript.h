@@ -9,13 +9,13 @@
 #include <deque>
 #include <functional>
 
-#include "ui/Form1.h"
+#include "ui/MainWindow.h"
 
 namespace tessaly::testing {
 
 class PauseScript {
  public:
-  explicit PauseScript(Form1& window) : m_window(&window) {
+  explicit PauseScript(MainWindow& window) : m_window(&window) {
     QObject::connect(&m_timer, &QTimer::timeout, [this] { poll(); });
     m_timer.start(2);
     m_watchdog.setSingleShot(true);
@@ -44,7 +44,7 @@ class PauseScript {
     action();
   }
 
-  QPointer<Form1> m_window;
+  QPointer<MainWindow> m_window;
   QTimer m_timer, m_watchdog;
   std::deque<std::function<void()>> m_actions;
   int m_lastWait = 0;

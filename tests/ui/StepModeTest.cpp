@@ -94,7 +94,7 @@ TEST_F(StepModeTest, ThePauseBoxRunsOnWhetherSetBeforeOrDuringTheRun) {
     click("StartCommand");
     EXPECT_EQ(window->pauseWaits(), before ? 0 : 1);
     EXPECT_TRUE(session.controls.PauseCheck);
-    EXPECT_EQ(session.MesLab, "Solved with no re-tries");
+    EXPECT_EQ(session.statusText, "Solved with no re-tries");
     window.reset();
   }
 }
@@ -116,7 +116,7 @@ TEST_F(StepModeTest, ClosingTheWindowWhileARunWaitsEndsTheProgram) {
   EXPECT_EQ(window->pauseWaits(), 2);
   EXPECT_FALSE(window->isWaiting());
   EXPECT_FALSE(std::filesystem::exists(appDir() + "Eventlog.txt"));
-  EXPECT_NE(session.MesLab, "Solved with no re-tries");
+  EXPECT_NE(session.statusText, "Solved with no re-tries");
 }
 
 TEST_F(StepModeTest, DestroyingTheWindowWhileARunWaitsStopsTheRun) {
@@ -136,7 +136,7 @@ class ClosingUserInterface : public ScriptedUserInterface {
   void setBusy(bool busy) override {
     if (busy && window) window->close();
   }
-  Form1* window = nullptr;
+  MainWindow* window = nullptr;
 };
 
 TEST_F(StepModeTest, ClosingTheWindowWhileSolvingStopsWithoutWritingTheLogFile) {
@@ -148,7 +148,7 @@ TEST_F(StepModeTest, ClosingTheWindowWhileSolvingStopsWithoutWritingTheLogFile) 
   EXPECT_FALSE(window->isVisible());
   EXPECT_TRUE(closing.messages.empty());
   EXPECT_FALSE(std::filesystem::exists(appDir() + "Eventlog.txt"));
-  EXPECT_NE(session.MesLab, "Solved with no re-tries");
+  EXPECT_NE(session.statusText, "Solved with no re-tries");
 }
 
 TEST_F(StepModeTest, ReadingAnotherPuzzleWhileARunWaitsEndsTheRunFirst) {

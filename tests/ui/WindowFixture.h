@@ -15,8 +15,8 @@
 #include "model/Services.h"
 #include "model/Session.h"
 #include "support/TestSupport.h"
-#include "ui/Form1.h"
-#include "ui/cTxtBox.h"
+#include "ui/MainWindow.h"
+#include "ui/EventLogView.h"
 
 namespace tessaly::testing {
 
@@ -31,7 +31,7 @@ class WindowFixture : public ::testing::Test {
 
   /// Builds the window, runs its start-up on the application directory and shows it.
   void startWindow() {
-    window = std::make_unique<Form1>(session, &ui);
+    window = std::make_unique<MainWindow>(session, &ui);
     window->startUp(appDir());
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
@@ -57,7 +57,7 @@ class WindowFixture : public ::testing::Test {
     QWidget* box = child<QWidget>(name);
     QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
   }
-  cTxtBox* logView() const { return window->eventLogView(); }
+  EventLogView* logView() const { return window->eventLogView(); }
   std::string lastLogLine() const {
     const int n = session.log.TotalLines();
     return n ? std::string(session.log.text(n)) : std::string();
@@ -70,7 +70,7 @@ class WindowFixture : public ::testing::Test {
   ScriptedUserInterface ui;
   ScriptedRandom random{{0.5}};
   Session session{Services{&ui, nullptr, nullptr, nullptr, &random}};
-  std::unique_ptr<Form1> window;
+  std::unique_ptr<MainWindow> window;
 };
 
 }  // namespace tessaly::testing

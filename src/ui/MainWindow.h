@@ -37,9 +37,9 @@ class PuzzleFrame;
 class TabPage;
 class WindowDisplay;
 class WindowPacer;
-class cTxtBox;
+class EventLogView;
 
-class Form1 : public QMainWindow, public CommandHost {
+class MainWindow : public QMainWindow, public CommandHost {
   Q_OBJECT
 
  public:
@@ -47,8 +47,8 @@ class Form1 : public QMainWindow, public CommandHost {
   /// Builds the window and installs its Display and Pacer in the session. The
   /// messages, questions and file choosers go to `ui` when given (the tests and
   /// benchmarks pass a scripted one), else to Qt dialogs over this window.
-  explicit Form1(Session& session, UserInterface* ui = nullptr, QWidget* parent = nullptr);
-  ~Form1() override;
+  explicit MainWindow(Session& session, UserInterface* ui = nullptr, QWidget* parent = nullptr);
+  ~MainWindow() override;
 
   /// Start-up: the core's start-up with the colour scheme applied between its
   /// halves, then the welcome text in the log and the first redraw.
@@ -79,7 +79,7 @@ class Form1 : public QMainWindow, public CommandHost {
   /// The value box of cell 1..81.
   QLabel* valueBox(int cell) const;
   const ColourScheme& colourScheme() const { return m_scheme; }
-  cTxtBox* eventLogView() const { return m_log; }
+  EventLogView* eventLogView() const { return m_log; }
   AutoSolveTab* autoSolvePage() const { return m_autoSolve; }
   /// The page of a tab; the pages stand in the order of `ctlTabs`.
   TabPage* page(Tab tab) const { return m_pages.at(std::size_t(tab) - 1); }
@@ -128,7 +128,7 @@ class Form1 : public QMainWindow, public CommandHost {
   CellBoard* m_board = nullptr;
   QProgressBar* m_progress = nullptr;
   QLabel* m_status = nullptr;
-  cTxtBox* m_log = nullptr;
+  EventLogView* m_log = nullptr;
   QPointer<HelpWindow> m_help;
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
 

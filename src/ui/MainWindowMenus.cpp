@@ -10,7 +10,8 @@
 #include "model/Configuration.h"
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
-#include "ui/Form1.h"
+#include "ui/MainWindow.h"
+#include "ui/ObjectNames.h"
 #include "ui/HelpWindow.h"
 #include "ui/ReportPrinter.h"
 #include "Version.h"
@@ -27,15 +28,15 @@ QAction* addEntry(QMenu* menu, const char* objectName, const QString& text) {
 
 }  // namespace
 
-void Form1::createMenus() {
+void MainWindow::createMenus() {
   createFileMenu();
   createOptionsMenu();
   createHelpMenu();
 }
 
-void Form1::createFileMenu() {
+void MainWindow::createFileMenu() {
   QMenu* menu = menuBar()->addMenu("&File");
-  menu->setObjectName("mnuFile");
+  menu->setObjectName(names::mnuFile);
   // Every entry redraws afterwards: the commands may have changed what is shown.
   const auto command = [this](const std::function<void()>& body) {
     return [this, body] {
@@ -68,20 +69,20 @@ void Form1::createFileMenu() {
   connect(exit, &QAction::triggered, this, [this] { exitProgram(); });
 }
 
-void Form1::createOptionsMenu() {
+void MainWindow::createOptionsMenu() {
   QMenu* menu = menuBar()->addMenu("&Options");
-  menu->setObjectName("mnuOptions");
+  menu->setObjectName(names::mnuOptions);
   connect(addEntry(menu, "mnuRules", "Rule order..."), &QAction::triggered, this, [this] {
     ruleOrderDialog(m_session);
     refresh(false);
   });
   QMenu* schemes = menu->addMenu("Colour schemes");
-  schemes->setObjectName("mnuColx");
+  schemes->setObjectName(names::mnuColx);
   auto* group = new QActionGroup(schemes);
   for (std::size_t i = 0; i < ColourScheme::kMenuFiles.size(); ++i) {
     const QString file = ColourScheme::kMenuFiles[i];
     QAction* action = schemes->addAction(QFileInfo(file).completeBaseName());
-    action->setObjectName(QString("mnuColx_%1").arg(i));
+    action->setObjectName(QString(names::mnuColx_N).arg(i));
     action->setToolTip(file);
     action->setCheckable(true);
     group->addAction(action);
@@ -90,16 +91,16 @@ void Form1::createOptionsMenu() {
   }
 }
 
-void Form1::createHelpMenu() {
+void MainWindow::createHelpMenu() {
   QMenu* menu = menuBar()->addMenu("&Help");
-  menu->setObjectName("mnuHelp");
+  menu->setObjectName(names::mnuHelp);
   QAction* help = addEntry(menu, "mnuHelpContents", "Help");
   help->setShortcut(QKeySequence::HelpContents);
   connect(help, &QAction::triggered, this, [this] { showHelp(); });
   connect(addEntry(menu, "mnuAbout", "About Tessaly"), &QAction::triggered, this, [this] { showAbout(); });
 }
 
-void Form1::printReport(bool includeLog) {
+void MainWindow::printReport(bool includeLog) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName("Tessaly");
   if (!m_choosePrinter || !m_choosePrinter(printer)) return;
@@ -109,7 +110,7 @@ void Form1::printReport(bool includeLog) {
     m_session.message("The report could not be printed");
 }
 
-void Form1::showHelp() {
+void MainWindow::showHelp() {
   const std::string path = m_session.appDir + HelpWindow::kHelpPage;
   if (!m_help) m_help = new HelpWindow(this);
   if (!m_help->showPage(QString::fromStdString(path))) {
@@ -120,13 +121,13 @@ void Form1::showHelp() {
   m_help->raise();
 }
 
-void Form1::showAbout() {
+void MainWindow::showAbout() {
   auto* box = new QMessageBox(QMessageBox::Information, "About Tessaly",
                               QString("Tessaly %1\n\nSolves Sudoku puzzles step by step and explains each step; "
                                       "creates new puzzles and helps you solve them by hand.")
                                   .arg(kProgramVersion),
                               QMessageBox::Ok, this);
-  box->setObjectName("AboutBox");
+  box->setObjectName(names::AboutBox);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);
   box->show();

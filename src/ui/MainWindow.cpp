@@ -1,4 +1,5 @@
-#include "ui/Form1.h"
+#include "ui/MainWindow.h"
+#include "ui/ObjectNames.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -22,14 +23,14 @@
 #include "ui/CreateTab.h"
 #include "create/Saving.h"
 #include "ui/DialogUserInterface.h"
-#include "ui/Form2.h"
+#include "ui/GridEntryDialog.h"
 #include "ui/HelpWindow.h"
 #include "ui/ManualTab.h"
 #include "ui/PuzzleFrame.h"
 #include "ui/WidgetColours.h"
 #include "ui/WindowDisplay.h"
 #include "ui/WindowPacer.h"
-#include "ui/cTxtBox.h"
+#include "ui/EventLogView.h"
 
 namespace tessaly {
 
@@ -38,8 +39,8 @@ constexpr int kFrameMs = 16;  ///< redraws come at most once per frame
 constexpr int kLogMinimumHeight = 180;
 }  // namespace
 
-Form1::Form1(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
-  setObjectName("Form1");
+MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
+  setObjectName(names::Form1);
   setWindowTitle("Tessaly");
   if (!ui) {
     m_ownUi = std::make_unique<DialogUserInterface>(this);
@@ -67,7 +68,7 @@ Form1::Form1(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow
   applyColours();
 }
 
-Form1::~Form1() {
+MainWindow::~MainWindow() {
   // A run still on the stack below stops at its next yield; from here on the
   // core talks to the interfaces it had before this window.
   m_closing = true;
@@ -75,12 +76,12 @@ Form1::~Form1() {
   m_session.setServices(m_previousServices);
 }
 
-QWidget* Form1::createCentralWidget() {
+QWidget* MainWindow::createCentralWidget() {
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
 
   m_tabs = new QTabBar(central);
-  m_tabs->setObjectName("ctlTabs");
+  m_tabs->setObjectName(names::ctlTabs);
   m_tabs->addTab("AutoSolve");
   m_tabs->addTab("Create");
   m_tabs->addTab("ManualSolve");
@@ -97,7 +98,7 @@ QWidget* Form1::createCentralWidget() {
   middle->addLayout(left);
 
   m_progress = new QProgressBar(central);
-  m_progress->setObjectName("pb1");
+  m_progress->setObjectName(names::pb1);
   m_progress->setOrientation(Qt::Vertical);
   m_progress->setRange(0, kCells);
   m_progress->setValue(0);
@@ -109,11 +110,11 @@ QWidget* Form1::createCentralWidget() {
   layout->addLayout(middle);
 
   m_status = new QLabel(central);
-  m_status->setObjectName("MesLab");
+  m_status->setObjectName(names::MesLab);
   m_status->setAutoFillBackground(true);
   layout->addWidget(m_status);
 
-  m_log = new cTxtBox(m_session.log, central);
+  m_log = new EventLogView(m_session.log, central);
   m_log->setMinimumHeight(kLogMinimumHeight);
   layout->addWidget(m_log, 1);
 
@@ -121,7 +122,7 @@ QWidget* Form1::createCentralWidget() {
   return central;
 }
 
-void Form1::createPages(QStackedWidget* stack) {
+void MainWindow::createPages(QStackedWidget* stack) {
   m_autoSolve = new AutoSolveTab(m_session, *this, stack);
   m_autoSolve->editCommand = [this] { tessaly::editCommand(m_session, m_session.ui(), this); };
   saveThisPuzzleCommand = [this] { tessaly::saveThisPuzzleCommand(m_session); };
@@ -137,7 +138,7 @@ void Form1::createPages(QStackedWidget* stack) {
   for (TabPage* page : m_pages) stack->addWidget(page);
 }
 
-void Form1::connectBoard() {
+void MainWindow::connectBoard() {
   connect(m_board, &CellBoard::valueBoxClicked, this,
           [this](int cell, Qt::MouseButton button) { currentPage()->valueBoxClicked(cell, button); });
   connect(m_board, &CellBoard::valueBoxDoubleClicked, this,
@@ -150,19 +151,19 @@ void Form1::connectBoard() {
           [this](int cell) { currentPage()->candidateLabelHovered(cell); });
 }
 
-QLabel* Form1::valueBox(int cell) const { return m_board->valueBox(cell); }
+QLabel* MainWindow::valueBox(int cell) const { return m_board->valueBox(cell); }
 
-TabPage* Form1::currentPage() const { return m_pages.at(std::size_t(std::max(0, m_stack->currentIndex()))); }
+TabPage* MainWindow::currentPage() const { return m_pages.at(std::size_t(std::max(0, m_stack->currentIndex()))); }
 
-HelpWindow* Form1::helpWindow() const { return m_help; }
+HelpWindow* MainWindow::helpWindow() const { return m_help; }
 
-bool Form1::isWaiting() const { return m_pacer->waiting(); }
+bool MainWindow::isWaiting() const { return m_pacer->waiting(); }
 
-int Form1::pauseWaits() const { return m_pacer->waits(); }
+int MainWindow::pauseWaits() const { return m_pacer->waits(); }
 
 // --- start-up and shutdown
 
-void Form1::startUp(const std::string& applicationDirectory) {
+void MainWindow::startUp(const std::string& applicationDirectory) {
   tessaly::startUp(m_session, applicationDirectory,
                    [this](Session& session) { applyScheme(session.config.ColourSchemeFile); });
   try {
@@ -173,17 +174,17 @@ void Form1::startUp(const std::string& applicationDirectory) {
   refresh(true);
 }
 
-void Form1::exitProgram() {
+void MainWindow::exitProgram() {
   writeConfiguration(m_session);
   close();
 }
 
-void Form1::keyReleaseEvent(QKeyEvent* event) {
+void MainWindow::keyReleaseEvent(QKeyEvent* event) {
   if (!event->isAutoRepeat()) currentPage()->keyReleased(event->key(), event->modifiers());
   QMainWindow::keyReleaseEvent(event);
 }
 
-void Form1::closeEvent(QCloseEvent* event) {
+void MainWindow::closeEvent(QCloseEvent* event) {
   // A run that waits or solves stops at once; nothing is written on the way out.
   m_closing = true;
   m_pendingCommand = nullptr;
@@ -195,7 +196,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 // --- commands
 
-void Form1::runCommand(std::function<void()> command) {
+void MainWindow::runCommand(std::function<void()> command) {
   if (m_closing || !command) return;
   if (m_commandDepth > 0) {
     // Another command is on the stack below this click (a run waiting for Next,
@@ -204,7 +205,7 @@ void Form1::runCommand(std::function<void()> command) {
     m_pacer->requestStop();
     return;
   }
-  const QPointer<Form1> self(this);
+  const QPointer<MainWindow> self(this);
   ++m_commandDepth;
   command();
   if (!self) return;  // the window went away while the command ran
@@ -215,23 +216,23 @@ void Form1::runCommand(std::function<void()> command) {
   if (m_pendingCommand) runCommand(std::exchange(m_pendingCommand, nullptr));
 }
 
-void Form1::releasePause() {
+void MainWindow::releasePause() {
   refresh(false);
   m_pacer->wake();
 }
 
-void Form1::readPuzzleFile(const std::string& path, int n) {
+void MainWindow::readPuzzleFile(const std::string& path, int n) {
   runCommand([this, path, n] {
     m_session.collection.CurrentFile = path;
     readPuzzle(m_session, path, n);
   });
 }
 
-void Form1::solve() {
+void MainWindow::solve() {
   runCommand([this] { SolverEngine(m_session).solveCommand(); });
 }
 
-void Form1::openFile() {
+void MainWindow::openFile() {
   FileRequest request;
   request.mode = FileRequest::Mode::Open;
   request.title = "SuDoKu";
@@ -244,19 +245,19 @@ void Form1::openFile() {
 
 // --- colours
 
-void Form1::applyScheme(const std::string& name) {
+void MainWindow::applyScheme(const std::string& name) {
   m_scheme.load(m_session, name);
   applyColours();
 }
 
-void Form1::chooseColourScheme(int entry) {
+void MainWindow::chooseColourScheme(int entry) {
   // An entry outside the menu applies nothing, but the configuration is still written.
   if (entry >= 0 && entry < int(ColourScheme::kMenuFiles.size()))
     applyScheme(ColourScheme::kMenuFiles[std::size_t(entry)]);
   writeConfiguration(m_session);
 }
 
-void Form1::applyColours() {
+void MainWindow::applyColours() {
   paintBackground(centralWidget(), m_scheme.windowBack);
   paintBackground(m_status, m_scheme.statusBack);
   m_puzzleFrame->applyColours(m_scheme);
@@ -269,13 +270,13 @@ void Form1::applyColours() {
 
 // --- drawing
 
-void Form1::scheduleRefresh() {
+void MainWindow::scheduleRefresh() {
   if (!m_refreshTimer.isActive()) m_refreshTimer.start();
 }
 
-void Form1::refreshFromSession() { refresh(true); }
+void MainWindow::refreshFromSession() { refresh(true); }
 
-void Form1::refresh(bool verifyLog) {
+void MainWindow::refresh(bool verifyLog) {
   m_refreshTimer.stop();
   const int tab = static_cast<int>(m_session.controls.currentTab) - 1;
   if (tab >= 0 && tab < m_tabs->count() && tab != m_tabs->currentIndex()) {
@@ -286,11 +287,11 @@ void Form1::refresh(bool verifyLog) {
   m_puzzleFrame->refreshFromSession();
   for (TabPage* page : m_pages) page->refreshFromSession();
   m_board->refreshFromSession();
-  m_status->setText(QString::fromStdString(m_session.MesLab));
+  m_status->setText(QString::fromStdString(m_session.statusText));
   m_log->syncWithLog(verifyLog);
 }
 
-void Form1::tabSelected(int index) {
+void MainWindow::tabSelected(int index) {
   m_session.controls.currentTab = static_cast<Tab>(index + 1);
   m_stack->setCurrentIndex(index);
   currentPage()->pageShown();

@@ -1,4 +1,5 @@
-#include "ui/cTxtBox.h"
+#include "ui/EventLogView.h"
+#include "ui/ObjectNames.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -22,8 +23,8 @@ constexpr int kStylePrefix = 2;
 
 }  // namespace
 
-cTxtBox::cTxtBox(const EventLog& log, QWidget* parent) : QAbstractScrollArea(parent), m_log(log) {
-  setObjectName("EventLogx");
+EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScrollArea(parent), m_log(log) {
+  setObjectName(names::EventLogx);
   setFont(QFont("Arial", 10));
   setFocusPolicy(Qt::StrongFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -37,16 +38,16 @@ cTxtBox::cTxtBox(const EventLog& log, QWidget* parent) : QAbstractScrollArea(par
   measureFont();
 }
 
-void cTxtBox::measureFont() {
+void EventLogView::measureFont() {
   const QFontMetrics metrics = fontMetrics();
   for (std::size_t c = 0; c < m_asciiAdvance.size(); ++c) m_asciiAdvance[c] = metrics.horizontalAdvance(QChar(int(c)));
 }
 
-int cTxtBox::advance(QChar ch) const {
+int EventLogView::advance(QChar ch) const {
   return ch.unicode() < m_asciiAdvance.size() ? m_asciiAdvance[ch.unicode()] : fontMetrics().horizontalAdvance(ch);
 }
 
-QColor cTxtBox::styleColour(int style) {
+QColor EventLogView::styleColour(int style) {
   static const std::array<QColor, 16> kPalette = {
       QColor(0, 0, 0),       QColor(0, 0, 128),     QColor(0, 128, 0),     QColor(0, 128, 128),
       QColor(128, 0, 0),     QColor(128, 0, 128),   QColor(128, 128, 0),   QColor(192, 192, 192),
@@ -55,7 +56,7 @@ QColor cTxtBox::styleColour(int style) {
   return style >= 0 && style < int(kPalette.size()) ? kPalette[std::size_t(style)] : kPalette[0];
 }
 
-void cTxtBox::syncWithLog(bool verify) {
+void EventLogView::syncWithLog(bool verify) {
   const int total = m_log.TotalLines();
   const int known = TotalLines();
   bool restart = total < known;
@@ -68,13 +69,13 @@ void cTxtBox::syncWithLog(bool verify) {
   viewport()->update();
 }
 
-void cTxtBox::clearView() {
+void EventLogView::clearView() {
   m_lines.clear();
   m_rows.clear();
   m_selectionAnchor = m_selectionEnd = -1;
 }
 
-void cTxtBox::appendLine(const std::string& raw) {
+void EventLogView::appendLine(const std::string& raw) {
   Line line;
   line.raw = raw;
   line.style = int(numericValue(std::string_view(raw).substr(0, kStylePrefix)));
@@ -83,11 +84,11 @@ void cTxtBox::appendLine(const std::string& raw) {
   wrapLine(int(m_lines.size()) - 1);
 }
 
-int cTxtBox::wrapWidth() const { return std::max(1, viewport()->width() - 2 * kMargin); }
+int EventLogView::wrapWidth() const { return std::max(1, viewport()->width() - 2 * kMargin); }
 
-int cTxtBox::rowHeight() const { return std::max(1, fontMetrics().lineSpacing()); }
+int EventLogView::rowHeight() const { return std::max(1, fontMetrics().lineSpacing()); }
 
-void cTxtBox::wrapLine(int index) {
+void EventLogView::wrapLine(int index) {
   const QString& text = m_lines[std::size_t(index)].text;
   const int width = m_wrapWidth > 0 ? m_wrapWidth : wrapWidth();
   // Greedy word wrap: break after the last blank that fits, or inside a word
@@ -109,15 +110,15 @@ void cTxtBox::wrapLine(int index) {
   }
 }
 
-void cTxtBox::rewrap() {
+void EventLogView::rewrap() {
   m_wrapWidth = wrapWidth();
   m_rows.clear();
   for (int i = 0; i < int(m_lines.size()); ++i) wrapLine(i);
 }
 
-int cTxtBox::LinesPerPage() const { return std::max(1, viewport()->height() / rowHeight()); }
+int EventLogView::LinesPerPage() const { return std::max(1, viewport()->height() / rowHeight()); }
 
-void cTxtBox::updateScrollRange(bool toBottom) {
+void EventLogView::updateScrollRange(bool toBottom) {
   QScrollBar* bar = verticalScrollBar();
   const bool atBottom = bar->value() >= bar->maximum();
   bar->setPageStep(LinesPerPage());
@@ -125,24 +126,24 @@ void cTxtBox::updateScrollRange(bool toBottom) {
   if (toBottom || atBottom) bar->setValue(bar->maximum());
 }
 
-int cTxtBox::firstVisibleLine() const {
+int EventLogView::firstVisibleLine() const {
   const int row = verticalScrollBar()->value();
   return row < int(m_rows.size()) ? m_rows[std::size_t(row)].line + 1 : 0;
 }
 
-int cTxtBox::lastVisibleLine() const {
+int EventLogView::lastVisibleLine() const {
   if (m_rows.empty()) return 0;
   const int row = std::min(int(m_rows.size()), verticalScrollBar()->value() + LinesPerPage()) - 1;
   return m_rows[std::size_t(row)].line + 1;
 }
 
-int cTxtBox::lineAt(const QPoint& point) const {
+int EventLogView::lineAt(const QPoint& point) const {
   if (m_rows.empty()) return -1;
   const int row = std::clamp(verticalScrollBar()->value() + point.y() / rowHeight(), 0, int(m_rows.size()) - 1);
   return m_rows[std::size_t(row)].line;
 }
 
-void cTxtBox::paintEvent(QPaintEvent*) {
+void EventLogView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   const QFontMetrics metrics = fontMetrics();
   const int height = rowHeight();
@@ -163,13 +164,13 @@ void cTxtBox::paintEvent(QPaintEvent*) {
   }
 }
 
-void cTxtBox::resizeEvent(QResizeEvent* event) {
+void EventLogView::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   if (wrapWidth() != m_wrapWidth) rewrap();
   updateScrollRange(false);
 }
 
-void cTxtBox::changeEvent(QEvent* event) {
+void EventLogView::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);
   if (event->type() == QEvent::FontChange) {
     measureFont();
@@ -178,7 +179,7 @@ void cTxtBox::changeEvent(QEvent* event) {
   }
 }
 
-void cTxtBox::mousePressEvent(QMouseEvent* event) {
+void EventLogView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
   const int line = lineAt(event->position().toPoint());
   if (!(event->modifiers() & Qt::ShiftModifier) || m_selectionAnchor < 0) m_selectionAnchor = line;
@@ -186,13 +187,13 @@ void cTxtBox::mousePressEvent(QMouseEvent* event) {
   viewport()->update();
 }
 
-void cTxtBox::mouseMoveEvent(QMouseEvent* event) {
+void EventLogView::mouseMoveEvent(QMouseEvent* event) {
   if (!(event->buttons() & Qt::LeftButton) || m_selectionAnchor < 0) return;
   m_selectionEnd = lineAt(event->position().toPoint());
   viewport()->update();
 }
 
-QString cTxtBox::selectedText() const {
+QString EventLogView::selectedText() const {
   if (m_selectionAnchor < 0 || m_lines.empty()) return QString();
   const int first = std::max(0, std::min(m_selectionAnchor, m_selectionEnd));
   const int last = std::min(int(m_lines.size()) - 1, std::max(m_selectionAnchor, m_selectionEnd));
@@ -201,19 +202,19 @@ QString cTxtBox::selectedText() const {
   return texts.join('\n');
 }
 
-void cTxtBox::selectAll() {
+void EventLogView::selectAll() {
   if (m_lines.empty()) return;
   m_selectionAnchor = 0;
   m_selectionEnd = int(m_lines.size()) - 1;
   viewport()->update();
 }
 
-void cTxtBox::copy() {
+void EventLogView::copy() {
   if (m_selectionAnchor < 0) selectAll();
   QApplication::clipboard()->setText(selectedText());
 }
 
-void cTxtBox::keyPressEvent(QKeyEvent* event) {
+void EventLogView::keyPressEvent(QKeyEvent* event) {
   QScrollBar* bar = verticalScrollBar();
   if (event->matches(QKeySequence::Copy)) return copy();
   if (event->matches(QKeySequence::SelectAll)) return selectAll();
@@ -228,10 +229,10 @@ void cTxtBox::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void cTxtBox::contextMenuEvent(QContextMenuEvent* event) {
+void EventLogView::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu(this);
-  menu.addAction(tr("Copy"), this, &cTxtBox::copy);
-  menu.addAction(tr("Select All"), this, &cTxtBox::selectAll);
+  menu.addAction(tr("Copy"), this, &EventLogView::copy);
+  menu.addAction(tr("Select All"), this, &EventLogView::selectAll);
   menu.exec(event->globalPos());
 }
 

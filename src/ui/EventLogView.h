@@ -17,11 +17,11 @@ namespace tessaly {
 
 class EventLog;
 
-class cTxtBox : public QAbstractScrollArea {
+class EventLogView : public QAbstractScrollArea {
   Q_OBJECT
 
  public:
-  explicit cTxtBox(const EventLog& log, QWidget* parent = nullptr);
+  explicit EventLogView(const EventLog& log, QWidget* parent = nullptr);
 
   /// Takes in the lines written since the last call. A log that shrank, or whose
   /// last known line changed, was cleared in between: the view starts over.

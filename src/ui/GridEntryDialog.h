@@ -9,13 +9,13 @@ namespace tessaly {
 
 class Session;
 
-class Form2 : public EntryDialog {
+class GridEntryDialog : public EntryDialog {
   Q_OBJECT
 
  public:
   /// Opens filled with the session's grid as the Edit command shows it; the
   /// text box is named GridText.
-  Form2(Session& session, UserInterface& ui, QWidget* parent = nullptr);
+  GridEntryDialog(Session& session, UserInterface& ui, QWidget* parent = nullptr);
 
   /// The 81 accepted digits, "0" for an empty cell; "" until accepted.
   const std::string& acceptedDigits() const { return m_accepted; }

@@ -9,13 +9,13 @@
 
 namespace tessaly {
 
-class Form3 : public EntryDialog {
+class TemplateDialog : public EntryDialog {
   Q_OBJECT
 
  public:
   /// Opens with the default template, nine lines "XXXXXXXXX"; the text box is
   /// named TemplateText.
-  explicit Form3(UserInterface& ui, QWidget* parent = nullptr);
+  explicit TemplateDialog(UserInterface& ui, QWidget* parent = nullptr);
 
   /// The accepted template: 81 characters, "X" kept and "." blank; "" until accepted.
   const std::string& acceptedTemplate() const { return m_accepted; }

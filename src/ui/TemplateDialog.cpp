@@ -1,11 +1,12 @@
-#include "ui/Form3.h"
+#include "ui/TemplateDialog.h"
+#include "ui/ObjectNames.h"
 
 #include <QPlainTextEdit>
 
 namespace tessaly {
 
-Form3::Form3(UserInterface& ui, QWidget* parent) : EntryDialog(ui, "TemplateText", 'X', parent) {
-  setObjectName("Form3");
+TemplateDialog::TemplateDialog(UserInterface& ui, QWidget* parent) : EntryDialog(ui, "TemplateText", 'X', parent) {
+  setObjectName(names::Form3);
   setWindowTitle("Blank cell template");
   // Typing over the Xs is the natural way to blank a cell.
   textBox()->setOverwriteMode(true);
@@ -13,7 +14,7 @@ Form3::Form3(UserInterface& ui, QWidget* parent) : EntryDialog(ui, "TemplateText
 }
 
 std::optional<std::string> askBlankTemplate(UserInterface& ui, QWidget* parent) {
-  Form3 dialog(ui, parent);
+  TemplateDialog dialog(ui, parent);
   dialog.exec();
   if (dialog.answer() != "Y") return std::nullopt;
   return dialog.acceptedTemplate();

@@ -1,0 +1,75 @@
+#pragma once
+// The object names of the window's widgets. They stay as they are, whatever the
+// classes and fields are called: the tests find the widgets by these names,
+// and they are the names the program's documentation and help page use for
+// its controls (Form1 the main window, Grid_N the value boxes, PosVals_N the
+// candidate labels, EventLogx the event log, pb1 the progress bar, ...).
+// Names with "%1" are patterns for numbered widgets (QString(...).arg(n)).
+
+namespace tessaly::names {
+
+inline constexpr const char AboutBox[] = "AboutBox";
+inline constexpr const char AutoSaveCommand[] = "AutoSaveCommand";
+inline constexpr const char AutoSolveTab[] = "AutoSolveTab";
+inline constexpr const char BoxMissingCount_N[] = "BoxMissingCount_%1";
+inline constexpr const char BoxMissingCountCaption[] = "BoxMissingCountCaption";
+inline constexpr const char CellChoice[] = "CellChoice";
+inline constexpr const char CellHint[] = "CellHint";
+inline constexpr const char Check3[] = "Check3";
+inline constexpr const char ClearCommand[] = "ClearCommand";
+inline constexpr const char ClearManual[] = "ClearManual";
+inline constexpr const char CreateCommand[] = "CreateCommand";
+inline constexpr const char CreatePage[] = "CreatePage";
+inline constexpr const char CreateTab[] = "CreateTab";
+inline constexpr const char ctlTabs[] = "ctlTabs";
+inline constexpr const char Distribution_N[] = "Distribution_%1";
+inline constexpr const char DistributionFrame[] = "DistributionFrame";
+inline constexpr const char DistributionHint[] = "DistributionHint";
+inline constexpr const char EditCommand[] = "EditCommand";
+inline constexpr const char EventLogx[] = "EventLogx";
+inline constexpr const char Explanation[] = "Explanation";
+inline constexpr const char FileNow[] = "FileNow";
+inline constexpr const char Form1[] = "Form1";
+inline constexpr const char Form2[] = "Form2";
+inline constexpr const char Form3[] = "Form3";
+inline constexpr const char GetHint_N[] = "GetHint_%1";
+inline constexpr const char Grid[] = "Grid";
+inline constexpr const char Grid_N[] = "Grid_%1";
+inline constexpr const char HelpBrowser[] = "HelpBrowser";
+inline constexpr const char HelpWindow[] = "HelpWindow";
+inline constexpr const char HintFrame[] = "HintFrame";
+inline constexpr const char Hints[] = "Hints";
+inline constexpr const char LogManual[] = "LogManual";
+inline constexpr const char ManualInstructions[] = "ManualInstructions";
+inline constexpr const char ManualPage[] = "ManualPage";
+inline constexpr const char ManualTab[] = "ManualTab";
+inline constexpr const char MesLab[] = "MesLab";
+inline constexpr const char mnuChoices[] = "mnuChoices";
+inline constexpr const char mnuColx[] = "mnuColx";
+inline constexpr const char mnuColx_N[] = "mnuColx_%1";
+inline constexpr const char mnuFile[] = "mnuFile";
+inline constexpr const char mnuHelp[] = "mnuHelp";
+inline constexpr const char mnuOptions[] = "mnuOptions";
+inline constexpr const char NavButton_N[] = "NavButton_%1";
+inline constexpr const char NextStepCommand[] = "NextStepCommand";
+inline constexpr const char NumCreate[] = "NumCreate";
+inline constexpr const char PauseCheck[] = "PauseCheck";
+inline constexpr const char pb1[] = "pb1";
+inline constexpr const char PointerReadout[] = "PointerReadout";
+inline constexpr const char PossibleInCol_N[] = "PossibleInCol_%1";
+inline constexpr const char PossibleInColFrame[] = "PossibleInColFrame";
+inline constexpr const char PossibleInRow_N[] = "PossibleInRow_%1";
+inline constexpr const char PossibleInRowFrame[] = "PossibleInRowFrame";
+inline constexpr const char PosVals_N[] = "PosVals_%1";
+inline constexpr const char PosValsFrame[] = "PosValsFrame";
+inline constexpr const char PuzNumber[] = "PuzNumber";
+inline constexpr const char PuzNumNow[] = "PuzNumNow";
+inline constexpr const char SaveNewCommand[] = "SaveNewCommand";
+inline constexpr const char SolutionsFrame[] = "SolutionsFrame";
+inline constexpr const char Solveit[] = "Solveit";
+inline constexpr const char StartCommand[] = "StartCommand";
+inline constexpr const char TotBlanks[] = "TotBlanks";
+inline constexpr const char UndoManual[] = "UndoManual";
+inline constexpr const char xc_N[] = "xc_%1";
+
+}  // namespace tessaly::names
