@@ -101,8 +101,16 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
     if (m_play->active()) prepare();
   });
 
-  const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  buildChoicesMenu();
+  // Left: placing by hand. Right: hints and explanations.
+  auto* layout = new QHBoxLayout(this);
+  layout->addLayout(buildPlacingColumn());
+  layout->addLayout(buildHintColumn(), 1);
+  refreshFromSession();
+}
 
+QBoxLayout* ManualPage::buildPlacingColumn() {
+  const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   m_instructions = new QLabel(kInstructions, this);
   m_instructions->setObjectName(names::ManualInstructions);
 
@@ -159,6 +167,33 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   m_clear->setObjectName(names::ClearManual);
   m_clear->setToolTip("Discard all placements and start the puzzle again");
 
+  auto* choiceLine = new QHBoxLayout;
+  choiceLine->addWidget(choiceCaption);
+  choiceLine->addWidget(m_cellChoice);
+  choiceLine->addStretch();
+  auto* summaries = new QHBoxLayout;
+  summaries->addWidget(rowFrame);
+  summaries->addWidget(colFrame);
+  auto* logButtons = new QHBoxLayout;
+  logButtons->addWidget(m_undo);
+  logButtons->addWidget(m_clear);
+  auto* left = new QVBoxLayout;
+  left->addWidget(m_instructions);
+  left->addLayout(choiceLine);
+  left->addLayout(summaries);
+  left->addWidget(m_log, 1);
+  left->addLayout(logButtons);
+  connect(m_log, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    const int index = m_log->row(item);
+    m_play->moveListClicked(index);
+    afterCommand();
+  });
+  connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_play->undo(); }); });
+  connect(m_clear, &QPushButton::clicked, this, [this] { run([this] { m_play->clearManual(); }); });
+  return left;
+}
+
+QBoxLayout* ManualPage::buildHintColumn() {
   auto* hintFrame = new QGroupBox("Hints", this);
   hintFrame->setObjectName(names::HintFrame);
   auto* hintButtons = new QGridLayout;
@@ -186,12 +221,25 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   hintLayout->addLayout(hintButtons);
   hintLayout->addWidget(m_hints, 1);
 
+  connect(m_cellHint, &QPushButton::clicked, this, [this] {
+    endExplanationHighlight();
+    run([this] { cellHint(m_session, m_play.get()); });
+  });
+
   m_pointer = new QLabel(this);
   m_pointer->setObjectName(names::PointerReadout);
   m_explanation = new QListWidget(this);
   m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");
 
+  auto* right = new QVBoxLayout;
+  right->addWidget(hintFrame, 2);
+  right->addWidget(m_pointer);
+  right->addWidget(m_explanation, 1);
+  return right;
+}
+
+void ManualPage::buildChoicesMenu() {
   m_choices = new QMenu(this);
   m_choices->setObjectName(names::mnuChoices);
   for (int d = 1; d <= 9; ++d) {
@@ -200,45 +248,6 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
     connect(item, &QAction::triggered, this, [this, d] { run([this, d] { m_play->chooseDropDown(d); }); });
     m_choiceItems[std::size_t(d - 1)] = item;
   }
-
-  // Left: placing by hand. Right: hints and explanations.
-  auto* choiceLine = new QHBoxLayout;
-  choiceLine->addWidget(choiceCaption);
-  choiceLine->addWidget(m_cellChoice);
-  choiceLine->addStretch();
-  auto* summaries = new QHBoxLayout;
-  summaries->addWidget(rowFrame);
-  summaries->addWidget(colFrame);
-  auto* logButtons = new QHBoxLayout;
-  logButtons->addWidget(m_undo);
-  logButtons->addWidget(m_clear);
-  auto* left = new QVBoxLayout;
-  left->addWidget(m_instructions);
-  left->addLayout(choiceLine);
-  left->addLayout(summaries);
-  left->addWidget(m_log, 1);
-  left->addLayout(logButtons);
-  auto* right = new QVBoxLayout;
-  right->addWidget(hintFrame, 2);
-  right->addWidget(m_pointer);
-  right->addWidget(m_explanation, 1);
-  auto* layout = new QHBoxLayout(this);
-  layout->addLayout(left);
-  layout->addLayout(right, 1);
-
-  connect(m_log, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    const int index = m_log->row(item);
-    m_play->moveListClicked(index);
-    afterCommand();
-  });
-  connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_play->undo(); }); });
-  connect(m_clear, &QPushButton::clicked, this, [this] { run([this] { m_play->clearManual(); }); });
-  connect(m_cellHint, &QPushButton::clicked, this, [this] {
-    endExplanationHighlight();
-    run([this] { cellHint(m_session, m_play.get()); });
-  });
-
-  refreshFromSession();
 }
 
 ManualPage::~ManualPage() {

@@ -20,6 +20,7 @@
 #include "model/Event.h"
 
 class QAction;
+class QBoxLayout;
 class QLabel;
 class QListWidget;
 class QMenu;
@@ -102,6 +103,13 @@ class ManualPage : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // The constructor's parts: the left column (choices of the selected cell,
+  // row and column summaries, move list with Undo and Clear), the right column
+  // (hint buttons and list, pointer read-out, explanation) and the drop-down.
+  QBoxLayout* buildPlacingColumn();
+  QBoxLayout* buildHintColumn();
+  void buildChoicesMenu();
+
   class Painter;
 
   void paint(int cell, ManualPaint paint);
