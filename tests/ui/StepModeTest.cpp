@@ -1,96 +1,98 @@
 // Start, Next and the Pause box: a stepping run waits at each pause point until
-// the user releases it, and closing, destroying or reading another puzzle ends
-// a run cleanly.
+// released; closing, destroying or reading another puzzle ends a run cleanly.
 
-#include <QApplication>
-#include <QCheckBox>
-#include <filesystem>
+#include <deque>
 
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "ui/WidgetColours.h"
-#include "PauseScript.h"
-#include "WindowFixture.h"
+#include "UiSupport.h"
 
 namespace tessaly::testing {
 namespace {
 
-/// Releases every pause point at once, noting the log's length at each.
-struct RecordingPacer : Pacer {
-  const Session* session = nullptr;
-  std::vector<int> linesAtPause;
-  bool waitWhilePaused(RunState& runMode) override {
-    linesAtPause.push_back(session->log.TotalLines());
-    runMode = RunState::Released;
-    return true;
+using Actions = std::deque<std::function<void()>>;
+
+/// Acts on a window while a stepping run waits: each action runs once, at the
+/// next pause point the run waits at, as a user clicking there would. The run
+/// blocks the test (it runs inside the click that started it), so the actions
+/// come from a timer; a watchdog closes the window if they never all run.
+class PauseScript {
+ public:
+  PauseScript(MainWindow& window, Actions actions) : m_actions(std::move(actions)) {
+    QObject::connect(&m_timer, &QTimer::timeout, [this, w = QPointer(&window)] {
+      if (!w || !w->isWaiting() || m_actions.empty() || w->pauseWaits() == m_lastWait) return;
+      m_lastWait = w->pauseWaits();  // each pause point is acted on once
+      auto action = std::move(m_actions.front());
+      m_actions.pop_front();
+      action();
+    });
+    m_timer.start(2);
+    QTimer::singleShot(30000, &m_timer, [w = QPointer(&window)] { if (w) w->close(); });
   }
+  bool done() const { return m_actions.empty(); }
+
+ private:
+  Actions m_actions;
+  QTimer m_timer;
+  int m_lastWait = 0;
 };
 
-/// The log length at every pause point of a stepping run of pe96's first puzzle, without a window.
-std::vector<int> pausePointsWithoutWindow() {
-  Session s;
-  RecordingPacer pacer;
-  pacer.session = &s;
-  s.setServices(Services{nullptr, nullptr, &pacer});
-  s.writesConfiguration = false;
-  readPuzzle(s, puzzleFile("pe96.sud"), 1);
-  SolverEngine(s).startCommand();
-  return pacer.linesAtPause;
-}
-
-class StepModeTest : public WindowFixture {
- protected:
-  QColor candidateBack(int cell) const {
-    return child<QLabel>(qPrintable(QString("PosVals_%1").arg(cell)))->palette().color(QPalette::Window);
-  }
-};
+using StepModeTest = WindowFixture;
 
 TEST_F(StepModeTest, EachNextClickReleasesExactlyOnePausePoint) {
-  const std::vector<int> expected = pausePointsWithoutWindow();
+  // The log's length at each pause point of the same run without a window, released at once.
+  struct : Pacer {
+    test::TestSession t;
+    std::vector<int> linesAtPause;
+    bool waitWhilePaused(RunState& runMode) override {
+      linesAtPause.push_back(t.session.log.TotalLines());
+      runMode = RunState::Released;
+      return true;
+    }
+  } reference;
+  reference.t.session.setServices(Services{&reference.t.ui, nullptr, &reference});
+  readPuzzle(reference.t.session, puzzleFile("pe96.sud"), 1);
+  SolverEngine(reference.t.session).startCommand();
+  const std::vector<int>& expected = reference.linesAtPause;
   ASSERT_GE(expected.size(), 5u);
-  startWithPuzzle();
+  start(1);
   std::vector<int> linesAtPause;
   int highlightsChecked = 0;
-  const auto noteAndClick = [&](Qt::MouseButton button) {
+  const auto noteAndClick = [&](Qt::MouseButton button) -> std::function<void()> {
     return [&, button] {
       linesAtPause.push_back(session.log.TotalLines());
       EXPECT_EQ(logView()->lastVisibleLine(), session.log.TotalLines());
       // The pause shows its step at once: the cell and the rest of its row stand out.
       const std::string line = lastLogLine();
       if (line.rfind("Remove row duplicate", 0) == 0) {
-        const int cell = std::stoi(line.substr(line.rfind("cell ") + 5));
-        EXPECT_EQ(candidateBack(cell), qcolor(window->colourScheme().colour[13])) << line;
-        EXPECT_EQ(candidateBack(cell % 9 ? cell + 1 : cell - 1), qcolor(window->colourScheme().colour[9])) << line;
+        const int cell = std::stoi(line.substr(line.rfind("cell ") + 5)), inRow = cell % 9 ? cell + 1 : cell - 1;
+        EXPECT_EQ(back(QString("PosVals_%1").arg(cell)), qcolor(window->colourScheme().colour[13])) << line;
+        EXPECT_EQ(back(QString("PosVals_%1").arg(inRow)), qcolor(window->colourScheme().colour[9])) << line;
         ++highlightsChecked;
       }
       click("NextStepCommand", button);
     };
   };
-  PauseScript script(*window);
-  script.atPause(noteAndClick(Qt::LeftButton)).atPause(noteAndClick(Qt::LeftButton));
-  script.atPause(noteAndClick(Qt::LeftButton)).atPause(noteAndClick(Qt::RightButton));  // runs on to the end
+  const auto next = noteAndClick(Qt::LeftButton);
+  PauseScript script(*window, {next, next, next, noteAndClick(Qt::RightButton)});  // the right button runs on
   click("StartCommand");
 
-  EXPECT_TRUE(script.done());
-  EXPECT_FALSE(script.timedOut);
   EXPECT_EQ(linesAtPause, std::vector<int>(expected.begin(), expected.begin() + 4));
   EXPECT_EQ(window->pauseWaits(), 4);
   EXPECT_GT(highlightsChecked, 0);
   EXPECT_EQ(child<QLabel>("MesLab")->text(), "Solved with no re-tries");
   EXPECT_TRUE(child<QCheckBox>("PauseCheck")->isChecked());
-  EXPECT_FALSE(child<QPushButton>("NextStepCommand")->isEnabled());
-  EXPECT_TRUE(child<QPushButton>("ClearCommand")->isEnabled());
+  EXPECT_FALSE(child("NextStepCommand")->isEnabled());
+  EXPECT_TRUE(child("ClearCommand")->isEnabled());
 }
 
 TEST_F(StepModeTest, ThePauseBoxRunsOnWhetherSetBeforeOrDuringTheRun) {
   for (const bool before : {true, false}) {
     session.controls.PauseCheck = false;
-    startWithPuzzle();
-    PauseScript script(*window);
-    if (before)
-      clickCheckBox("PauseCheck");
-    else
-      script.atPause([&] { clickCheckBox("PauseCheck"); });
+    start(1);
+    PauseScript script(*window, before ? Actions{} : Actions{[&] { click("PauseCheck"); }});
+    if (before) click("PauseCheck");
     click("StartCommand");
     EXPECT_EQ(window->pauseWaits(), before ? 0 : 1);
     EXPECT_TRUE(session.controls.PauseCheck);
@@ -100,9 +102,8 @@ TEST_F(StepModeTest, ThePauseBoxRunsOnWhetherSetBeforeOrDuringTheRun) {
 }
 
 TEST_F(StepModeTest, ClosingTheWindowWhileARunWaitsEndsTheProgram) {
-  startWithPuzzle();
-  PauseScript script(*window);
-  script.atPause([&] { click("NextStepCommand"); }).atPause([&] { window->close(); });
+  start(1);
+  PauseScript script(*window, {[&] { click("NextStepCommand"); }, [&] { window->close(); }});
   bool startReturned = false;
   QTimer::singleShot(0, window.get(), [&] {
     click("StartCommand");
@@ -112,7 +113,7 @@ TEST_F(StepModeTest, ClosingTheWindowWhileARunWaitsEndsTheProgram) {
   // only happen once the waiting run has let go.
   EXPECT_EQ(QApplication::exec(), 0);
   EXPECT_TRUE(startReturned);
-  EXPECT_FALSE(script.timedOut);
+  EXPECT_TRUE(script.done());
   EXPECT_EQ(window->pauseWaits(), 2);
   EXPECT_FALSE(window->isWaiting());
   EXPECT_FALSE(std::filesystem::exists(appDir() + "Eventlog.txt"));
@@ -120,28 +121,24 @@ TEST_F(StepModeTest, ClosingTheWindowWhileARunWaitsEndsTheProgram) {
 }
 
 TEST_F(StepModeTest, DestroyingTheWindowWhileARunWaitsStopsTheRun) {
-  startWithPuzzle();
-  PauseScript script(*window);
-  script.atPause([&] { window.reset(); });
+  start(1);
+  PauseScript script(*window, {[&] { window.reset(); }});
   click("StartCommand");
   EXPECT_EQ(window, nullptr);
   EXPECT_EQ(lastLogLine(), "Ready to start the solution, click Next");
   EXPECT_EQ(&session.ui(), &ui);  // the session has the interfaces it had before the window
 }
 
-/// Closes the window as soon as a command shows the busy pointer: the command
-/// is then on the stack, with none of its work done.
-class ClosingUserInterface : public ScriptedUserInterface {
- public:
-  void setBusy(bool busy) override {
-    if (busy && window) window->close();
-  }
-  MainWindow* window = nullptr;
-};
-
 TEST_F(StepModeTest, ClosingTheWindowWhileSolvingStopsWithoutWritingTheLogFile) {
-  startWithPuzzle();
-  ClosingUserInterface closing;
+  start(1);
+  // The window closes as soon as Solve shows the busy pointer: the command is
+  // then on the stack, with none of its work done.
+  struct : ScriptedUserInterface {
+    MainWindow* window = nullptr;
+    void setBusy(bool busy) override {
+      if (busy) window->close();
+    }
+  } closing;
   closing.window = window.get();
   session.setServices(Services{&closing});
   click("Solveit");
@@ -152,15 +149,14 @@ TEST_F(StepModeTest, ClosingTheWindowWhileSolvingStopsWithoutWritingTheLogFile) 
 }
 
 TEST_F(StepModeTest, ReadingAnotherPuzzleWhileARunWaitsEndsTheRunFirst) {
-  startWithPuzzle();
-  PauseScript script(*window);
-  script.atPause([&] { click("NavButton_1"); });
+  start(1);
+  PauseScript script(*window, {[&] { click("NavButton_1"); }});
   click("StartCommand");
   EXPECT_FALSE(window->isWaiting());
   EXPECT_EQ(session.collection.CurrentPuzzleNumber, 2);
   EXPECT_EQ(lastLogLine(), "Click Start to commence");
-  EXPECT_TRUE(child<QPushButton>("StartCommand")->isEnabled());
-  EXPECT_FALSE(child<QPushButton>("NextStepCommand")->isEnabled());
+  EXPECT_TRUE(child("StartCommand")->isEnabled());
+  EXPECT_FALSE(child("NextStepCommand")->isEnabled());
 }
 
 }  // namespace

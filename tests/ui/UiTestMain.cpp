@@ -1,6 +1,4 @@
-// Entry point of the widget tests: one QApplication for all of them, offscreen
-// unless the caller chose another platform; the process works in a scratch
-// folder of its own.
+// The widget tests' entry point: one QApplication (offscreen unless told) in a scratch folder.
 
 #include <gtest/gtest.h>
 

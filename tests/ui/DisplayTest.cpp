@@ -1,0 +1,151 @@
+// What the grid and the event log show: .sch files, the grid's paint states in
+// the scheme's colours, the scheme chosen from the menu or kept in Quorrel.cfg;
+// log lines in their style's colour, wrapped, the newest in view, copied whole.
+
+#include "model/EventLog.h"
+#include "ui/CellBoard.h"
+#include "ui/ColourScheme.h"
+#include "ui/WidgetColours.h"
+#include "UiSupport.h"
+
+namespace tessaly::testing {
+namespace {
+
+/// Twelve lines; line i is (i, 10 * i, 20 * i).
+std::string schemeText() {
+  std::string text;
+  for (int i = 1; i <= 12; ++i)
+    text += std::to_string(i) + ";" + std::to_string(10 * i) + ";" + std::to_string(20 * i) + "\r\n";
+  return text;
+}
+QColor entry(int i) { return QColor(i, 10 * i, 20 * i); }
+
+TEST(ColourSchemeFile, ReadsTwelveLinesOfRedGreenBlueByTheirNumericValue) {
+  std::string odd = " 240; 12abc ;x\r\n7\r\n300;-5;1;99\r\n";
+  for (int i = 4; i <= 13; ++i) odd += "1;2;3\r\n";
+  const auto plain = ColourScheme::parse(schemeText());
+  const auto read = ColourScheme::parse(odd);
+  ASSERT_TRUE(plain && read);
+  for (int i = 0; i <= 13; ++i)  // entries 0 and 13 are not in the file
+    EXPECT_EQ((*plain)[std::size_t(i)], (i >= 1 && i <= 12 ? Rgb{i, 10 * i, 20 * i} : Rgb{})) << i;
+  const Rgb expected[] = {{240, 12, 0}, {7, 0, 0}, {255, 0, 1}};  // clamped to 0..255
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ((*read)[std::size_t(i)], expected[i - 1]) << i;
+  // Fewer than twelve lines cannot be read.
+  EXPECT_FALSE(ColourScheme::parse("1;2;3\r\n4;5;6\r\n"));
+  EXPECT_FALSE(ColourScheme::parse(""));
+}
+
+TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourUntilCleared) {
+  Session session;
+  ColourScheme scheme;
+  CellBoard board(session, scheme);
+  session.grid[1] = Cell{5, true, CandidateSet::of(5)};
+  session.grid[2] = Cell{0, false, CandidateSet::fromText("37")};
+  session.grid[3] = Cell{0, false, CandidateSet::fromText("8")};
+  using enum CellPaint;
+  const std::pair<int, CellPaint> paints[] = {{1, Given}, {5, Placed}, {6, Dead}, {7, Retry}};
+  for (const auto& [cell, paint] : paints) board.setPaint(cell, paint);
+  board.refreshFromSession();
+  EXPECT_EQ(board.valueBox(1)->text(), "5");
+  EXPECT_TRUE(board.valueBox(1)->font().bold());
+  EXPECT_EQ(board.candidateLabel(2)->text(), "37");
+  const auto back = [](QLabel* label) { return label->palette().color(QPalette::Window); };
+  const std::pair<QLabel*, Rgb> expected[] = {
+      {board.valueBox(1), scheme.givenBack},        {board.candidateLabel(1), scheme.givenBack},
+      {board.candidateLabel(2), scheme.candidateBack},
+      {board.candidateLabel(3), scheme.givenBack},  // a single stands out like a given
+      {board.valueBox(5), scheme.highlightRed},     {board.candidateLabel(5), scheme.highlightRed},
+      {board.candidateLabel(6), scheme.colour[6]},  {board.candidateLabel(7), scheme.highlightGreen}};
+  for (const auto& [label, rgb] : expected) EXPECT_EQ(back(label), qcolor(rgb)) << label->objectName().toStdString();
+  board.clearPaints();
+  board.refreshFromSession();
+  for (int cell : {5, 6, 7}) EXPECT_EQ(back(board.candidateLabel(cell)), qcolor(scheme.candidateBack)) << cell;
+}
+
+/// Quorrel.cfg naming the scheme.
+std::string config(const std::string& scheme) { return " 250 \r\n23456\r\n" + scheme + "\r\nPuzzles.sud\r\n"; }
+
+using ColourSchemeMenu = WindowFixture;
+
+TEST_F(ColourSchemeMenu, TheSchemeChosenOrRememberedPaintsTheWindowAndIsWrittenToTheConfiguration) {
+  writeFile(appDir() + "brick.sch", schemeText());
+  writeFile(appDir() + "Quorrel.cfg", config("brick.sch"));
+  start(1);
+  EXPECT_TRUE(ui.messages.empty());
+  EXPECT_EQ(back("PosVals_1"), entry(2));
+  EXPECT_TRUE(action("mnuColx_1")->isChecked());
+  // A menu entry without its file brings the defaults back and is forgotten.
+  action("mnuColx_0")->trigger();
+  EXPECT_EQ(ui.messages, std::vector<std::string>{"Color Scheme File: bandw.sch not found, defaults will be used"});
+  EXPECT_EQ(back("PosVals_1"), QColor(240, 240, 240));
+  EXPECT_EQ(readFile(appDir() + "Quorrel.cfg"), config(""));
+  EXPECT_FALSE(action("mnuColx_1")->isChecked());
+
+  action("mnuColx_1")->trigger();
+  const std::pair<const char*, int> painted[] = {
+      {"PosVals_1", 2}, {"PosVals_3", 4}, {"PuzNumber", 8}, {"SolutionsFrame", 6}, {"PosValsFrame", 10}};
+  for (const auto& [widget, i] : painted) EXPECT_EQ(back(widget), entry(i)) << widget;
+  EXPECT_EQ(readFile(appDir() + "Quorrel.cfg"), config("brick.sch"));
+
+  window.reset();
+  ui.messages.clear();
+  writeFile(appDir() + "Quorrel.cfg", config("Sky.sch"));
+  start();
+  EXPECT_EQ(ui.messages, std::vector<std::string>{"Color Scheme File: Sky.sch not found, defaults will be used"});
+  EXPECT_EQ(session.config.ColourSchemeFile, "");
+}
+
+class EventLogViewTest : public ::testing::Test {
+ protected:
+  EventLogViewTest() {
+    view.resize(400, 200);
+    view.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&view));
+  }
+  void append(int style, const std::string& text) {
+    log.append(style, text);
+    view.syncWithLog();
+  }
+  EventLog log;
+  EventLogView view{log};
+};
+
+TEST_F(EventLogViewTest, DrawsALineInTheColourOfItsStyleAndCopiesWholeLines) {
+  append(4, "This puzzle does not appear to have a solution!");  // style 4 is dark red
+  append(0, "second");
+  append(0, "third");
+  const QImage image = view.viewport()->grab().toImage();
+  const int row = view.fontMetrics().lineSpacing();
+  bool sawRed = false;
+  for (int x = 0; x < image.width(); ++x)
+    for (int y = 0; y < row; ++y) sawRed |= image.pixelColor(x, y) == QColor(128, 0, 0);
+  EXPECT_TRUE(sawRed);
+  QTest::mousePress(view.viewport(), Qt::LeftButton, {}, QPoint(10, row + row / 2));
+  QTest::mouseMove(view.viewport(), QPoint(10, 2 * row + row / 2));
+  QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, QPoint(10, 2 * row + row / 2));
+  QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "second\nthird");
+  QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(view.selectedText(), "This puzzle does not appear to have a solution!\nsecond\nthird");
+}
+
+TEST_F(EventLogViewTest, WrapsALongLineIntoRowsAndKeepsTheNewestLineInView) {
+  std::string words;
+  while (words.size() < 3000) words += "Remove row duplicate 5 ";
+  append(0, words);
+  // One line, more rows than the page holds: the view scrolls within it.
+  EXPECT_GT(view.verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(view.firstVisibleLine(), 1);
+  const int rowsWide = view.verticalScrollBar()->maximum();
+  view.resize(200, 200);  // narrower: more rows
+  QApplication::processEvents();
+  EXPECT_GT(view.verticalScrollBar()->maximum(), rowsWide);
+  for (int i = 2; i <= 100; ++i) {
+    append(0, "Line " + std::to_string(i));
+    EXPECT_EQ(view.lastVisibleLine(), i);
+  }
+  EXPECT_GT(view.firstVisibleLine(), 1);
+}
+
+}  // namespace
+}  // namespace tessaly::testing

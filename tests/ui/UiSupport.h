@@ -1,0 +1,100 @@
+#pragma once
+// Shared by the widget tests: finding and clicking a named widget, answering an
+// entry dialog once it opens, and a main window on a scratch folder that is its
+// application directory and working folder, with scripted messages and files.
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QtWidgets>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "support/TestSupport.h"
+#include "ui/EntryDialog.h"
+#include "ui/MainWindow.h"
+#include "ui/EventLogView.h"
+
+namespace tessaly::testing {
+
+using test::puzzleFile;
+using test::readFile;
+using test::writeFile;
+
+template <class T = QWidget>
+T* named(const QObject* parent, const QString& name) {
+  T* found = parent->findChild<T*>(name);
+  EXPECT_NE(found, nullptr) << name.toStdString();
+  return found;
+}
+/// Clicks near the left end, where a check box or option has its indicator.
+inline void click(QWidget* w, Qt::MouseButton button = Qt::LeftButton) {
+  QTest::mouseClick(w, button, {}, QPoint(std::min(w->width(), w->height()) / 2, w->height() / 2));
+}
+inline void click(const QObject* parent, const QString& name, Qt::MouseButton button = Qt::LeftButton) {
+  click(named(parent, name), button);
+}
+inline std::vector<std::string> lines(const QListWidget* list) {
+  std::vector<std::string> lines;
+  for (int i = 0; i < list->count(); ++i) lines.push_back(list->item(i)->text().toStdString());
+  return lines;
+}
+/// Once the next modal entry dialog is open, prepares it and clicks its button.
+inline void answerDialog(const char* button, std::function<void(EntryDialog&)> prepare = {}) {
+  QTimer::singleShot(0, [=] {
+    auto* dialog = qobject_cast<EntryDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    if (prepare) prepare(*dialog);
+    click(dialog, button);
+    if (dialog->isVisible()) dialog->reject();  // never leave the test waiting
+  });
+}
+
+class WindowFixture : public ::testing::Test {
+ protected:
+  /// The application directory, ending in "/"; also the working folder.
+  std::string appDir() const { return m_scratch.dir.dir(); }
+  /// Starts the window on the application directory, whose default collection
+  /// Puzzles.sud is a copy of pe96, and reads puzzle n of it when n > 0.
+  void start(int n = 0) {
+    if (!std::filesystem::exists(appDir() + "Puzzles.sud"))
+      std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
+    window = std::make_unique<MainWindow>(session, &ui);
+    window->startUp(appDir());
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    if (n > 0) window->readPuzzleFile(appDir() + "Puzzles.sud", n);
+  }
+  template <class T = QWidget>
+  T* child(const QString& name) const { return named<T>(window.get(), name); }
+  QAction* action(const char* name) const { return child<QAction>(name); }
+  void selectTab(MainWindow::Tab tab) {
+    auto* tabs = child<QTabBar>("ctlTabs");
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab).center());
+    EXPECT_EQ(session.controls.currentTab, tab + 1);
+  }
+  void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) { testing::click(child(name), button); }
+  QColor back(const QString& name) const { return child(name)->palette().color(QPalette::Window); }
+  int blanksShown() const {
+    int blanks = 0;
+    for (int cell = 1; cell <= kCells; ++cell) blanks += window->valueBox(cell)->text().isEmpty();
+    return blanks;
+  }
+  EventLogView* logView() const { return window->eventLogView(); }
+  std::string lastLogLine() const {
+    const int n = session.log.TotalLines();
+    return n ? std::string(session.log.text(n)) : std::string();
+  }
+
+ private:
+  test::ScratchFolder m_scratch;  // made first, gone last
+
+ protected:
+  ScriptedUserInterface ui;
+  SeededRandom random{1};
+  Session session{Services{&ui, nullptr, nullptr, nullptr, &random}};
+  std::unique_ptr<MainWindow> window;
+};
+
+}  // namespace tessaly::testing
