@@ -69,10 +69,10 @@ class WindowFixture : public ::testing::Test {
   template <class T = QWidget>
   T* child(const QString& name) const { return named<T>(window.get(), name); }
   QAction* action(const char* name) const { return child<QAction>(name); }
-  void selectTab(MainWindow::Tab tab) {
+  void selectTab(Tab tab) {
     auto* tabs = child<QTabBar>("ctlTabs");
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab).center());
-    EXPECT_EQ(session.controls.currentTab, tab + 1);
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
+    EXPECT_EQ(session.controls.currentTab, tab);
   }
   void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) { testing::click(child(name), button); }
   QColor back(const QString& name) const { return child(name)->palette().color(QPalette::Window); }
