@@ -18,6 +18,7 @@ find build-cov -name '*.gcno' | while read -r notes; do
   [ -e "${notes%.gcno}.o" ] || rm -f "$notes"
 done
 (cd build-cov && ctest --no-tests=error -j "$TESSALY_JOBS" >/dev/null) || echo "Some tests failed; coverage counts what ran." >&2
-report=(--txt)
-[ "${1:-}" = "--files" ] || report=(--txt-summary --txt /dev/null)
-gcovr -r . --filter 'src/' --object-directory build-cov "${report[@]}" -s
+# The per-file table goes to build-cov/coverage.txt (printed with --files);
+# gcovr replaces its output file, so it must never be a device.
+gcovr -r . --filter 'src/' --object-directory build-cov --txt build-cov/coverage.txt -s
+if [ "${1:-}" = "--files" ]; then cat build-cov/coverage.txt; fi
