@@ -38,14 +38,14 @@ enum class Tab { AutoSolve = 1, Create, ManualSolve };
 /// What the command buttons and check boxes of the window show; the commands
 /// set it, the window mirrors it.
 struct Controls {
-  bool solutionsEnabled = false;
-  bool startEnabled = true;
-  bool nextEnabled = false;
-  bool editEnabled = false;
-  bool clearEnabled = false;
-  bool PauseCheck = false;  ///< run on without pauses
-  bool solveAtOnce = false;      ///< Start solves at once
-  Tab currentTab = Tab::AutoSolve;
+  bool solutionsEnabled = false;  ///< the Solution frame (Start, Next, Solve, ...)
+  bool startEnabled = true;       ///< Start: off while a run is under way
+  bool nextEnabled = false;       ///< Next: on only while a stepped run can go on
+  bool editEnabled = false;       ///< Edit
+  bool clearEnabled = false;      ///< Clear: on once a run has changed the puzzle
+  bool PauseCheck = false;        ///< the "No pauses" box: runs go on without pauses
+  bool solveAtOnce = false;       ///< the "Solve at once" box (`Check3`): Start solves at once
+  Tab currentTab = Tab::AutoSolve;  ///< the tab shown
 };
 
 /// One solve run's records: its state, the placement queue and guess levels,
@@ -57,7 +57,7 @@ struct SolveRun {
   int SavedGuessCount = 0;  ///< guess levels saved by this run
   int RuleReductions = 0;   ///< reductions made by the rules since the last analysis
   bool CreationFlag = false;  ///< raised for good by the first creation
-  RuleStatistics stats;
+  RuleStatistics stats;  ///< per rule: reductions and applications, reset with the log
   CandidateQueue candidateQueue;  ///< open cells, sorted by their placement key
   GuessStack guessStack;          ///< one level per guess still open to retraction
   /// Slot i (1..6) holds the rule applied i-th; slot 0 is unused.
@@ -118,8 +118,8 @@ class Session {
   void message(const std::string& text) { ui().message(text); }
 
   // --- the puzzle
-  PuzzleGrid grid;
-  EventLog log;
+  PuzzleGrid grid;  ///< the 81 cells: value, given mark, candidates
+  EventLog log;     ///< at most 5,000 lines, each with its two-digit style
   int BlanksLeft = 81;                   ///< blank cells, as the last candidate computation counted them
   std::array<int, 9> BoxMissingCount{};  ///< entry b-1 for box b, likewise
   /// The givens: the cells with the given mark.
@@ -130,16 +130,16 @@ class Session {
   SolveRun run;
   std::string PuzNumNow;    ///< text of the puzzle-number box
   std::string PuzzleTitle;  ///< caption of the puzzle frame
-  std::string statusText;       ///< status label
+  std::string statusText;   ///< the status label (`MesLab`)
 
   // --- configuration and start-up values
   Configuration config;
   std::string appDir;  ///< application directory (the shipped data), ending in "/"
   Folders folders;     ///< where the configuration, created puzzles and output go
-  std::array<int, 82> CellOrder{};
-  std::array<int, 10> DigitOrder{};
-  std::array<int, 10> BoxPositionOrder{};
-  std::vector<std::string> PermutationTable;
+  std::array<int, 82> CellOrder{};        ///< a permutation of 1..81 (index 0 unused), creation's blanking order
+  std::array<int, 10> DigitOrder{};       ///< a permutation of 1..9 (index 0 unused), set at start-up and read by nothing yet
+  std::array<int, 10> BoxPositionOrder{};  ///< a permutation of 1..9: the order of positions a box is blanked in
+  std::vector<std::string> PermutationTable;  ///< Permu.txt, one item a line, as written
   /// Whether a successful read remembers the collection in Quorrel.cfg (the
   /// command line leaves the configuration alone).
   bool writesConfiguration = true;
@@ -148,7 +148,7 @@ class Session {
 
   // --- window state the core reads and sets
   Controls controls;
-  std::vector<std::string> Hints;
+  std::vector<std::string> Hints;  ///< the last hint's report, emptied with the log and by each hint
 
   /// Sets PuzzleTitle to "Puzzle N of T (B blanks)".
   void setPuzzleTitle(int number, int total, int blanks);
