@@ -34,7 +34,10 @@ std::string chooseSaveFile(Session& session, const SaveKind& kind) {
   request.title = kind.title;
   request.pattern = kind.pattern;
   request.typeName = kind.typeName;
-  request.startDir = session.appDir;
+  // An installed copy keeps its configuration in the user's folders and
+  // cannot write beside its data: its exports start in the output folder.
+  request.startDir = session.folders.config.empty() || session.folders.output.empty() ? session.appDir
+                                                                                       : session.folders.output;
   // Whatever folder the chooser visits, the working folder stays the one that
   // was current before: reports are written there.
   std::error_code ec;

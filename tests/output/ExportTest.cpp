@@ -107,6 +107,11 @@ TEST(SaveCommands, AskForTheirKindOfFileInTheApplicationFolderAndNeverForAnIncom
                           "save|Select a TXT file to save Puzzle|*.txt|Text Files" + in +
                           "save|Select an XLS file to save Puzzle|*.xls|Excel Files" + in);
   EXPECT_EQ(f.ui.messages.size() + f.ui.questions.size(), 0u);  // a cancel is silent
+  // An installed copy, which keeps its files in the user's folders, starts in the output folder.
+  f.session.folders = {"/u/config/", "/u/data/", "/u/docs/"};
+  saveAsCsv(f.session);
+  EXPECT_EQ(f.ui.fileRequests.back().startDir, "/u/docs/");
+  f.session.folders = {};
   f.session.grid[40].value = 0;
   f.ui.fileRequests.clear();
   f.ui.files.push_back(f.dir.file("never.csv"));
