@@ -1,5 +1,4 @@
 #include "ui/CreatePage.h"
-#include "ui/ObjectNames.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -15,8 +14,12 @@
 #include "create/Saving.h"
 #include "model/Interfaces.h"
 #include "model/Session.h"
-#include "ui/TemplateDialog.h"
+#include "ui/ColourScheme.h"
+#include "ui/CommandHost.h"
+#include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
+#include "ui/TemplateDialog.h"
+#include "ui/WidgetColours.h"
 
 namespace tessaly {
 
@@ -54,8 +57,8 @@ QString CreatePage::distributionHint(int option) {
   return option >= 0 && option < int(kOptionHints.size()) ? QString(kOptionHints[std::size_t(option)]) : QString();
 }
 
-CreatePage::CreatePage(Session& session, UserInterface& ui, std::function<void()> onGridChanged, QWidget* parent)
-    : QWidget(parent), m_session(session), m_ui(ui), m_onGridChanged(std::move(onGridChanged)) {
+CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, QWidget* parent)
+    : TabPage(session, host, parent), m_ui(ui) {
   setObjectName(names::CreatePage);
 
   // The number of blanks.
@@ -161,12 +164,7 @@ bool CreatePage::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-void CreatePage::run(std::function<void()> command) {
-  if (commandRunner)
-    commandRunner(std::move(command));
-  else
-    command();
-}
+void CreatePage::applyColours(const ColourScheme& scheme) { paintBackground(this, scheme.statusBack); }
 
 CreateSettings CreatePage::settingsWithTemplate() {
   CreateSettings settings = this->settings();
@@ -180,7 +178,7 @@ CreateSettings CreatePage::settingsWithTemplate() {
 }
 
 void CreatePage::createCommand() {
-  run([this] {
+  m_host.runCommand([this] {
     const CreateSettings settings = settingsWithTemplate();
     CreateResult result;
     {
@@ -188,19 +186,19 @@ void CreatePage::createCommand() {
       result = PuzzleCreator(m_session).createCommand(settings);
     }
     showSettings(result.settings);
-    if (m_onGridChanged) m_onGridChanged();
+    m_host.refreshFromSession();
   });
 }
 
 void CreatePage::saveNewCommand() {
-  run([this] {
+  m_host.runCommand([this] {
     tessaly::saveNewCommand(m_session);
-    if (m_onGridChanged) m_onGridChanged();
+    m_host.refreshFromSession();
   });
 }
 
 void CreatePage::autoSaveCommand() {
-  run([this] {
+  m_host.runCommand([this] {
     AutoSaveRequest request;
     request.NumCreate = m_numCreate->text().toStdString();
     request.create = settingsWithTemplate();
@@ -221,7 +219,7 @@ void CreatePage::autoSaveCommand() {
     }
     setCommandsEnabled(true);
     showSettings(result.create);
-    if (m_onGridChanged) m_onGridChanged();
+    m_host.refreshFromSession();
   });
 }
 

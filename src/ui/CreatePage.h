@@ -3,15 +3,16 @@
 // "Distribution of Blank Cells" options, Create, Save new, and the batch that
 // creates and saves `NumCreate` puzzles. The page reads its controls into the
 // core's CreateSettings, runs the core's commands and shows what they hand
-// back; the window redraws the grid through `onGridChanged`.
+// back. It is the Create tab's page: its commands run through the window's
+// CommandHost, which redraws the grid afterwards.
 
-#include <QWidget>
 #include <array>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "create/Creation.h"
+#include "ui/TabPage.h"
 
 class QGroupBox;
 class QLabel;
@@ -22,25 +23,21 @@ class QRadioButton;
 namespace tessaly {
 
 class RightClickButton;
-class Session;
 class UserInterface;
 
-class CreatePage : public QWidget {
+class CreatePage : public TabPage {
   Q_OBJECT
 
  public:
-  /// `ui` tells the template dialog's refusals and shows the busy pointer;
-  /// `onGridChanged` asks the window to redraw after a command.
-  CreatePage(Session& session, UserInterface& ui, std::function<void()> onGridChanged, QWidget* parent = nullptr);
+  /// `ui` tells the template dialog's refusals and shows the busy pointer.
+  CreatePage(Session& session, CommandHost& host, UserInterface& ui, QWidget* parent = nullptr);
+  void applyColours(const ColourScheme& scheme) override;
 
   /// What the controls hold, as the Create command reads it (no template yet).
   CreateSettings settings() const;
   /// Shows `TotBlanks` and the selected option.
   void showSettings(const CreateSettings& settings);
 
-  /// Runs each command, so that the window can put its own frame around it
-  /// (for instance ending a paused run first). Unset: the command runs at once.
-  std::function<void(std::function<void()>)> commandRunner;
   /// Where the Manual option's template comes from; unset: the blank template
   /// dialog (`TemplateDialog`) over this page.
   std::function<std::optional<std::string>()> templateSource;
@@ -60,16 +57,13 @@ class CreatePage : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void run(std::function<void()> command);
   /// The settings with the Manual option's template asked for, when it is needed.
   CreateSettings settingsWithTemplate();
   BlankDistribution selectedDistribution() const;
   void showHint(int option);
   void setCommandsEnabled(bool enabled);
 
-  Session& m_session;
   UserInterface& m_ui;
-  std::function<void()> m_onGridChanged;
 
   QLineEdit* m_totBlanks = nullptr;
   QGroupBox* m_distributionFrame = nullptr;

@@ -20,7 +20,7 @@
 #include "solver/SolverEngine.h"
 #include "ui/AutoSolveTab.h"
 #include "ui/CellBoard.h"
-#include "ui/CreateTab.h"
+#include "ui/CreatePage.h"
 #include "create/Saving.h"
 #include "ui/DialogUserInterface.h"
 #include "ui/GridEntryDialog.h"
@@ -133,7 +133,7 @@ void MainWindow::createPages(QStackedWidget* stack) {
       m_board->clearOverlayColours(cell);
     m_board->refreshFromSession();
   };
-  m_pages = {m_autoSolve, new CreateTab(m_session, *this, m_session.ui(), stack),
+  m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack),
              new ManualTab(m_session, *this, paintManual, stack)};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }

@@ -20,7 +20,6 @@ inline constexpr const char ClearCommand[] = "ClearCommand";
 inline constexpr const char ClearManual[] = "ClearManual";
 inline constexpr const char CreateCommand[] = "CreateCommand";
 inline constexpr const char CreatePage[] = "CreatePage";
-inline constexpr const char CreateTab[] = "CreateTab";
 inline constexpr const char ctlTabs[] = "ctlTabs";
 inline constexpr const char Distribution_N[] = "Distribution_%1";
 inline constexpr const char DistributionFrame[] = "DistributionFrame";

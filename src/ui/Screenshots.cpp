@@ -8,7 +8,6 @@
 #include "play/ManualPlay.h"
 #include "solver/SolverEngine.h"
 #include "ui/CreatePage.h"
-#include "ui/CreateTab.h"
 #include "ui/MainWindow.h"
 #include "ui/ManualPage.h"
 #include "ui/ManualTab.h"
@@ -38,7 +37,7 @@ void scheduleScreenshot(MainWindow& window, Session& session, const std::string&
   QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
     if (tab == "create") {
       selectTab(window, 1);
-      auto* page = static_cast<CreateTab*>(window.page(Tab::Create))->page();
+      auto* page = static_cast<CreatePage*>(window.page(Tab::Create));
       page->createCommand();
       saveAndQuit(window, file);
     } else if (tab == "manual") {
