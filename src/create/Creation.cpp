@@ -71,7 +71,7 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
 }
 
 std::string tempCollectionPath(const Session& session) {
-  return (session.folders.userData.empty() ? session.appDir : session.folders.userData) + kTempCollectionName;
+  return session.folders.userDataFolder(session.appDir) + kTempCollectionName;
 }
 
 bool PuzzleCreator::completeGrid() {

@@ -40,7 +40,7 @@ std::optional<int> readMaxTries(std::string_view line) {
 }  // namespace
 
 std::string configurationPath(const Session& session) {
-  return (session.folders.config.empty() ? session.appDir : session.folders.config) + kConfigurationFileName;
+  return session.folders.configFolder(session.appDir) + kConfigurationFileName;
 }
 
 void readConfiguration(Session& session) {

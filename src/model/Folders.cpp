@@ -1,5 +1,7 @@
 #include "model/Folders.h"
 
+#include "model/Configuration.h"
+
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -47,7 +49,7 @@ UserFolders xdgUserFolders(const std::function<const char*(const char*)>& enviro
 
 std::string findDataFolder(const std::string& executableDir) {
   const std::string own = withSlash(executableDir.empty() ? std::string(".") : executableDir);
-  if (holdsFile(own, "Puzzles.sud") || holdsFile(own, "Permu.txt")) return own;
+  if (holdsFile(own, kDefaultPuzzleFileName) || holdsFile(own, kPermutationFileName)) return own;
   std::error_code ec;
   const fs::path shared = (fs::path(own) / ".." / "share" / "tessaly").lexically_normal();
   if (fs::is_directory(shared, ec)) return withSlash(shared.string());

@@ -25,6 +25,11 @@ struct Folders {
   std::string config;    ///< Quorrel.cfg; empty: the application directory
   std::string userData;  ///< PuzTemp.sud; empty: the application directory
   std::string output;    ///< Eventlog.txt and printed reports; empty: the working folder
+
+  /// The folder of Quorrel.cfg for a session whose application directory is `appDir`.
+  std::string configFolder(const std::string& appDir) const { return config.empty() ? appDir : config; }
+  /// The folder of PuzTemp.sud, likewise.
+  std::string userDataFolder(const std::string& appDir) const { return userData.empty() ? appDir : userData; }
 };
 
 /// The user's folders by the XDG base directory rules, from an environment

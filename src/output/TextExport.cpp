@@ -138,7 +138,8 @@ std::string reportFileName(int puzzleNumber, const TimeOfDay& time) {
 }
 
 std::string printToTextFile(Session& session, bool includeLog) {
-  std::string name = pathIn(session.folders.output, reportFileName(session.collection.CurrentPuzzleNumber, session.clock().now()));
+  const std::string name =
+      pathIn(session.folders.output, reportFileName(session.collection.CurrentPuzzleNumber, session.clock().now()));
   if (!writeFileAtomically(name, reportText(session, includeLog))) {
     session.message("Could not write file: " + name);
     return {};
