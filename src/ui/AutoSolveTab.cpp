@@ -1,5 +1,4 @@
 #include "ui/AutoSolveTab.h"
-#include "ui/ObjectNames.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -12,6 +11,7 @@
 #include "solver/SolverEngine.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
 #include "ui/WidgetColours.h"
 

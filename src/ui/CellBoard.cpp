@@ -1,5 +1,4 @@
 #include "ui/CellBoard.h"
-#include "ui/ObjectNames.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -13,6 +12,7 @@
 
 #include "model/Session.h"
 #include "ui/ColourScheme.h"
+#include "ui/ObjectNames.h"
 #include "ui/WidgetColours.h"
 
 namespace tessaly {

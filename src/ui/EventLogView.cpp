@@ -1,5 +1,4 @@
 #include "ui/EventLogView.h"
-#include "ui/ObjectNames.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -13,6 +12,7 @@
 
 #include "model/EventLog.h"
 #include "model/Text.h"
+#include "ui/ObjectNames.h"
 
 namespace tessaly {
 

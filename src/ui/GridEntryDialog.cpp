@@ -1,7 +1,7 @@
 #include "ui/GridEntryDialog.h"
-#include "ui/ObjectNames.h"
 
 #include "model/Session.h"
+#include "ui/ObjectNames.h"
 
 namespace tessaly {
 

@@ -1,10 +1,11 @@
 #include "ui/HelpWindow.h"
-#include "ui/ObjectNames.h"
 
 #include <QFileInfo>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include "ui/ObjectNames.h"
 
 namespace tessaly {
 

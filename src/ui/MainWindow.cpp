@@ -1,5 +1,4 @@
 #include "ui/MainWindow.h"
-#include "ui/ObjectNames.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -13,24 +12,25 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "create/Saving.h"
 #include "model/Configuration.h"
 #include "model/Startup.h"
-#include "solver/Texts.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
+#include "solver/Texts.h"
 #include "ui/AutoSolveTab.h"
 #include "ui/CellBoard.h"
 #include "ui/CreatePage.h"
-#include "create/Saving.h"
 #include "ui/DialogUserInterface.h"
+#include "ui/EventLogView.h"
 #include "ui/GridEntryDialog.h"
 #include "ui/HelpWindow.h"
 #include "ui/ManualTab.h"
+#include "ui/ObjectNames.h"
 #include "ui/PuzzleFrame.h"
 #include "ui/WidgetColours.h"
 #include "ui/WindowDisplay.h"
 #include "ui/WindowPacer.h"
-#include "ui/EventLogView.h"
 
 namespace tessaly {
 

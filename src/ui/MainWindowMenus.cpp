@@ -10,9 +10,9 @@
 #include "model/Configuration.h"
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
+#include "ui/HelpWindow.h"
 #include "ui/MainWindow.h"
 #include "ui/ObjectNames.h"
-#include "ui/HelpWindow.h"
 #include "ui/ReportPrinter.h"
 #include "Version.h"
 

@@ -1,5 +1,4 @@
 #include "ui/ManualPage.h"
-#include "ui/ObjectNames.h"
 
 #include <QAction>
 #include <QEvent>
@@ -23,6 +22,7 @@
 #include "play/Hints.h"
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
+#include "ui/ObjectNames.h"
 #include "ui/WidgetColours.h"
 
 namespace tessaly {

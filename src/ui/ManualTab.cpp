@@ -1,11 +1,11 @@
 #include "ui/ManualTab.h"
-#include "ui/ObjectNames.h"
 
 #include <QCursor>
 #include <QVBoxLayout>
 
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/ObjectNames.h"
 #include "ui/WidgetColours.h"
 
 namespace tessaly {

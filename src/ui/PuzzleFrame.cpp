@@ -1,5 +1,4 @@
 #include "ui/PuzzleFrame.h"
-#include "ui/ObjectNames.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -11,6 +10,7 @@
 #include "solver/ReadPuzzle.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
 #include "ui/WidgetColours.h"
 

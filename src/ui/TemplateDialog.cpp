@@ -1,7 +1,8 @@
 #include "ui/TemplateDialog.h"
-#include "ui/ObjectNames.h"
 
 #include <QPlainTextEdit>
+
+#include "ui/ObjectNames.h"
 
 namespace tessaly {
 
