@@ -35,6 +35,7 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     return result;
   }
 
+  const ActivityScope creating(s.run.activity, RunActivity::Creating);
   s.ui().setBusy(true);
   try {
     if (!completeGrid()) {
@@ -46,9 +47,6 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     }
     result.blanks = applyBlankDistribution(result.settings);
     makeKeptCellsGivens();
-    s.controls.nextEnabled = false;
-    s.controls.startEnabled = true;
-    s.controls.editEnabled = true;
     s.run.stats.reset();
 
     // Every record is numbered #001 and appended as it stands: PuzTemp.sud is a
@@ -58,13 +56,18 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     if (!appendFileAtomically(path, tempRecord())) s.message("Could not write file: " + path);
 
     s.PuzNumNow = kNewPuzzleNumber;
+    s.collection.boardFromFile = false;
+    s.puzzleLoaded.notify();
     s.PuzzleTitle = "New Puzzle (" + std::to_string(result.blanks) + " blanks)";
     finishView();
     s.ui().setBusy(false);
     result.outcome = CreateResult::Outcome::Created;
   } catch (const RunStopped&) {
-    // The window is closing; leave quietly.
+    // Another command, or the window closing, ended the creation: the views
+    // come back and nothing is saved.
     result.outcome = CreateResult::Outcome::Failed;
+    s.display().showViews(true);
+    s.display().setProgress(0);
     s.ui().setBusy(false);
   }
   return result;
@@ -77,6 +80,7 @@ std::string tempCollectionPath(const Session& session) {
 bool PuzzleCreator::completeGrid() {
   // Step 2: an empty grid in ordinary colours.
   s.grid.clear();
+  s.collection.boardFromFile = false;
   for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, CellPaint::Normal);
   s.display().setProgress(0);
 
@@ -232,6 +236,8 @@ void PuzzleCreator::makeKeptCellsGivens() {
 
 void PuzzleCreator::finishView() {
   for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
+  // The silent run filled the bar; the new puzzle has nothing solved yet.
+  s.display().setProgress(0);
   s.display().showViews(true);
 }
 

@@ -67,6 +67,8 @@ void applyGridEntry(Session& session, std::string_view digits) {
   }
   SolverEngine(session).computeCandidates(false);
   session.PuzzleTitle = kNewPuzzleTitle;
+  session.collection.boardFromFile = false;
+  session.puzzleLoaded.notify();
 }
 
 bool gridEntryOk(Session& session, std::string_view text) {

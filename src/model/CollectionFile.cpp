@@ -82,6 +82,12 @@ bool saveGridToFile(Session& session, const std::string& path) {
   if (!count) return false;
   session.collection.TotalPuzzles = *count;
   session.collection.CurrentPuzzleNumber = *count;
+  session.collection.boardFromFile = true;
+  // The file keeps the givens only: reading the puzzle back gives those.
+  std::string asRead(kCells, '0');
+  for (int c = 1; c <= kCells; ++c)
+    if (session.grid[c].given && session.grid[c].value) asRead[std::size_t(c - 1)] = char('0' + session.grid[c].value);
+  session.collection.boardAsRead = asRead;
   session.PuzNumNow = std::to_string(*count);
   session.setPuzzleTitle(*count, *count, blanks);
   return true;

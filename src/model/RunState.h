@@ -12,3 +12,29 @@ enum class RunState { Waiting = 0, Released = 1, NoPause = 99, Silent = 100 };
 inline constexpr bool highlights(RunState state) { return state < RunState::NoPause; }
 
 }  // namespace tessaly
+
+namespace tessaly {
+
+/// Which command's run is under way. The window decides from it which commands
+/// a user can give (a stepping run takes Next; no run takes Start, Clear, Edit).
+enum class RunActivity {
+  None,      ///< no run: the board is the user's
+  Stepping,  ///< Start's run, pausing for Next (or running on with "No pauses")
+  Solving,   ///< Solve, or Start with "Solve at once": no pauses until the end
+  Creating,  ///< creating a puzzle (silent)
+};
+
+/// Marks a run as under way for as long as it lives, however the run ends.
+class ActivityScope {
+ public:
+  ActivityScope(RunActivity& slot, RunActivity activity) : m_slot(slot), m_previous(slot) { slot = activity; }
+  ~ActivityScope() { m_slot = m_previous; }
+  ActivityScope(const ActivityScope&) = delete;
+  ActivityScope& operator=(const ActivityScope&) = delete;
+
+ private:
+  RunActivity& m_slot;
+  RunActivity m_previous;
+};
+
+}  // namespace tessaly

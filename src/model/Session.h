@@ -35,16 +35,12 @@ struct Configuration {
 /// The window's three modes, in the order of its tab strip.
 enum class Tab { AutoSolve = 1, Create, ManualSolve };
 
-/// What the command buttons and check boxes of the window show; the commands
-/// set it, the window mirrors it.
+/// The choices the user makes in the window that the commands read. Which
+/// commands can be given at a moment is the window's business: it follows from
+/// the run under way (`SolveRun::activity`) and the board.
 struct Controls {
-  bool solutionsEnabled = false;  ///< the Solution frame (Start, Next, Solve, ...)
-  bool startEnabled = true;       ///< Start: off while a run is under way
-  bool nextEnabled = false;       ///< Next: on only while a stepped run can go on
-  bool editEnabled = false;       ///< Edit
-  bool clearEnabled = false;      ///< Clear: on once a run has changed the puzzle
-  bool PauseCheck = false;        ///< the "No pauses" box: runs go on without pauses
-  bool solveAtOnce = false;       ///< the "Solve at once" box (`Check3`): Start solves at once
+  bool PauseCheck = false;   ///< the "No pauses" box: runs go on without pauses
+  bool solveAtOnce = false;  ///< the "Solve at once" box (`Check3`): Start solves at once
   Tab currentTab = Tab::AutoSolve;  ///< the tab shown
 };
 
@@ -53,6 +49,7 @@ struct Controls {
 /// restore them around their own run.
 struct SolveRun {
   RunState mode = RunState::Waiting;
+  RunActivity activity = RunActivity::None;  ///< the command whose run is on the stack
   int PlacementCount = 0;   ///< placements of this run; above MaxTries the run gives up
   int SavedGuessCount = 0;  ///< guess levels saved by this run
   int RuleReductions = 0;   ///< reductions made by the rules since the last analysis
@@ -70,6 +67,10 @@ struct Collection {
   std::string CurrentFile;      ///< the collection file, as shown in the File box
   int CurrentPuzzleNumber = 0;  ///< 0 before a puzzle is read
   int TotalPuzzles = 0;         ///< the file's puzzle count, 0 when it has none
+  /// The board holds puzzle CurrentPuzzleNumber of CurrentFile; false once a
+  /// puzzle was created or typed in, until it is saved or a puzzle is read.
+  bool boardFromFile = false;
+  std::string boardAsRead;  ///< the values of that puzzle as read or saved (PuzzleGrid::valueCode)
 };
 
 /// Where the interfaces come from. Any left null gets a do-nothing one.
@@ -143,10 +144,11 @@ class Session {
   /// Whether a successful read remembers the collection in Quorrel.cfg (the
   /// command line leaves the configuration alone).
   bool writesConfiguration = true;
-  /// Told after every puzzle read (manual play prepares itself when its tab is current).
-  Event puzzleRead;
+  /// Told whenever another puzzle takes the board: read, created or typed in
+  /// (manual play forgets its moves, and starts afresh when its tab is current).
+  Event puzzleLoaded;
 
-  // --- window state the core reads and sets
+  // --- the window's choices the core reads
   Controls controls;
   std::vector<std::string> Hints;  ///< the last hint's report, emptied with the log and by each hint
 

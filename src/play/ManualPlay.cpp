@@ -30,9 +30,11 @@ std::string columnSummary(const CandidateSet& digits) {
 ManualPlay::ManualPlay(Session& session, ManualDisplay* display)
     : s(session),
       m_display(display ? display : &m_noDisplay),
-      // A puzzle read while the ManualSolve tab is current starts manual play afresh.
-      m_puzzleRead(session.puzzleRead.subscribe([this] {
-        if (active()) prepare();
+      m_puzzleLoaded(session.puzzleLoaded.subscribe([this] {
+        if (active())
+          prepare();
+        else
+          moves.clear();
       })) {}
 
 ManualPlay::~ManualPlay() = default;
@@ -165,10 +167,10 @@ void ManualPlay::moveListClicked(int index) {
 }
 
 void ManualPlay::clearManual() {
-  if (!active() || s.collection.CurrentFile.empty() || s.collection.CurrentPuzzleNumber <= 0) return;
+  if (!active()) return;
   // Reading the puzzle again resets grid and candidates; with the tab current
   // the read calls prepare, which empties the move list.
-  readPuzzle(s, s.collection.CurrentFile, s.collection.CurrentPuzzleNumber);
+  clearCommand(s);
 }
 
 std::vector<std::string> ManualPlay::LogManual() const {
@@ -179,6 +181,10 @@ std::vector<std::string> ManualPlay::LogManual() const {
 
 void ManualPlay::prepare() {
   moves.clear();
+  resetSelection();
+}
+
+void ManualPlay::resetSelection() {
   if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
   highlightedCell = -1;
   selectedCell = 0;

@@ -32,9 +32,9 @@ class ManualDisplay {
   virtual void repaint() {}
 };
 
-/// The manual-play state over a session's grid. Creating one hooks its
-/// `prepare` into the session, so that reading a puzzle while the ManualSolve tab
-/// is current starts manual play afresh.
+/// The manual-play state over a session's grid. The moves live as long as the
+/// puzzle on the board: another puzzle (read, created or typed in) empties
+/// them, and when the ManualSolve tab is current starts manual play afresh.
 class ManualPlay {
  public:
   /// The Delete key and the digit keys 1..9 of the main keyboard.
@@ -102,6 +102,8 @@ class ManualPlay {
   /// A puzzle was read while the tab is current: empty move list, fresh
   /// summaries, nothing selected.
   void prepare();
+  /// The tab was shown again: fresh summaries, nothing selected; the moves stay.
+  void resetSelection();
   /// Box highlighting for the window (explanations, box frames).
   void highlightBox(int box);
   void unhighlightBox(int box);
@@ -118,7 +120,7 @@ class ManualPlay {
   Session& s;
   ManualDisplay m_noDisplay;
   ManualDisplay* m_display;
-  Event::Subscription m_puzzleRead;  ///< last, so it ends before the rest goes
+  Event::Subscription m_puzzleLoaded;  ///< last, so it ends before the rest goes
 };
 
 

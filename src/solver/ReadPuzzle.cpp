@@ -56,15 +56,13 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     }
     s.PuzNumNow = std::to_string(n);
     s.collection.CurrentPuzzleNumber = n;
+    s.collection.boardFromFile = true;
 
     const int blanks = fillGridFromRows(s, read.rows);
+    s.collection.boardAsRead = s.grid.valueCode();
     s.setPuzzleTitle(n, total, blanks);
     for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
-    s.puzzleRead.notify();
-    s.controls.solutionsEnabled = true;
-    s.controls.startEnabled = true;
-    s.controls.editEnabled = true;
-    s.controls.nextEnabled = false;
+    s.puzzleLoaded.notify();
     s.statusText.clear();
     s.clearEventLog();
     s.run.candidateQueue.clear();
@@ -106,6 +104,16 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
   } catch (const RunStopped&) {
   }
   return false;
+}
+
+void clearCommand(Session& s) {
+  const int n = s.collection.CurrentPuzzleNumber;
+  if (s.collection.CurrentFile.empty() || n <= 0) return;
+  if (!s.collection.boardFromFile &&
+      !s.ui().question("The puzzle on the board is not in a collection and will be lost. Clear it and read puzzle " +
+                       std::to_string(n) + " again?"))
+    return;
+  readPuzzle(s, s.collection.CurrentFile, n);
 }
 
 }  // namespace tessaly

@@ -12,4 +12,10 @@ class Session;
 /// solve; false when it was not read or did not pass its checks.
 bool readPuzzle(Session& session, const std::string& path, int n);
 
+/// The Clear command: the puzzle back to its givens by reading it again. A
+/// puzzle created or typed in since has no file to come back from, so the user
+/// is asked before it gives way to the collection's puzzle. Nothing happens
+/// before a puzzle was read.
+void clearCommand(Session& session);
+
 }  // namespace tessaly

@@ -19,13 +19,13 @@ void SolverEngine::guarded(F&& body) {
   try {
     body();
   } catch (const EventLogFull& full) {
-    s.controls.nextEnabled = false;
-    s.controls.editEnabled = true;
-    s.controls.clearEnabled = true;
     s.ui().setBusy(false);
     s.message(full.what());
   } catch (const RunStopped&) {
-    // The window is going away; nothing more to tell anyone.
+    // The user gave another command (or the window is going away): the run
+    // ends where it stands, no longer waiting, and the board is theirs again.
+    s.run.mode = RunState::Released;
+    s.ui().setBusy(false);
   }
 }
 
@@ -80,10 +80,6 @@ void SolverEngine::reportOutcome() {
 void SolverEngine::finalCleanUp() {
   s.processEvents();
   s.run.mode = RunState::Silent;
-  s.controls.nextEnabled = false;
-  s.controls.startEnabled = false;
-  s.controls.clearEnabled = true;
-  s.controls.editEnabled = true;
   s.display().setProgress(0);
   for (int c = 1; c <= kCells; ++c) {
     s.grid[c].candidates = CandidateSet();
@@ -99,7 +95,9 @@ void SolverEngine::beginRun() {
 }
 
 void SolverEngine::solveCommand() {
+  const ActivityScope solving(s.run.activity, RunActivity::Solving);
   guarded([&] {
+    s.display().showViews(true);
     s.ui().setBusy(true);
     beginRun();
     s.run.mode = RunState::NoPause;
@@ -128,29 +126,25 @@ void SolverEngine::startCommand() {
     }
     beginRun();
     s.run.stats.reset();
-    s.controls.editEnabled = false;
+    s.display().showViews(true);
     if (s.controls.solveAtOnce) {
+      const ActivityScope solving(s.run.activity, RunActivity::Solving);
       s.ui().setBusy(true);
       s.run.mode = RunState::NoPause;
       solveAll();
-      s.controls.clearEnabled = true;
-      s.controls.editEnabled = true;
       s.ui().setBusy(false);
       return;
     }
+    const ActivityScope stepping(s.run.activity, RunActivity::Stepping);
     for (std::string_view paragraph : kApproachText) s.logEvent(kStyleNormal, paragraph);
-    s.controls.nextEnabled = true;
     s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Waiting;
     s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
     s.say(kStyleNormal, true, "Ready to start the solution, click Next");
     s.run.stats.reset();
     s.say(kStyleNormal, false, "Commence solution");
     s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
-    s.controls.clearEnabled = false;
-    s.controls.startEnabled = false;
     s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Released;
     solveAll();
-    s.controls.editEnabled = true;
   });
 }
 
@@ -159,7 +153,6 @@ void SolverEngine::nextCommand(bool secondaryButton) {
   if (secondaryButton) {
     s.controls.PauseCheck = true;
     s.run.mode = RunState::NoPause;
-    s.controls.nextEnabled = false;
     return;
   }
   s.run.mode = RunState::Released;
@@ -169,7 +162,6 @@ void SolverEngine::setPauseCheck(bool checked) {
   s.controls.PauseCheck = checked;
   if (checked) {
     s.run.mode = RunState::NoPause;
-    s.controls.nextEnabled = false;
   } else {
     s.run.mode = RunState::Released;
   }

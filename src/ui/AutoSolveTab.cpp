@@ -10,6 +10,7 @@
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "ui/ColourScheme.h"
+#include "ui/CommandStates.h"
 #include "ui/CommandHost.h"
 #include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
@@ -91,20 +92,18 @@ void AutoSolveTab::pauseChanged(bool checked) {
 
 void AutoSolveTab::clear() {
   // Clearing takes the puzzle back to its givens by reading it again.
-  m_host.runCommand([this] {
-    if (m_session.collection.CurrentPuzzleNumber > 0) readPuzzle(m_session, m_session.collection.CurrentFile, m_session.collection.CurrentPuzzleNumber);
-  });
+  m_host.runCommand([this] { clearCommand(m_session); });
 }
 
 void AutoSolveTab::refreshFromSession() {
-  const Controls& c = m_session.controls;
-  m_frame->setEnabled(c.solutionsEnabled);
-  m_start->setEnabled(c.startEnabled);
-  m_next->setEnabled(c.nextEnabled);
-  m_edit->setEnabled(c.editEnabled);
-  m_clear->setEnabled(c.clearEnabled);
-  m_pause->setChecked(c.PauseCheck);
-  m_solveAtOnce->setChecked(c.solveAtOnce);
+  const CommandStates states = commandStates(m_session);
+  m_start->setEnabled(states.start);
+  m_next->setEnabled(states.next);
+  m_solve->setEnabled(states.solve);
+  m_edit->setEnabled(states.edit);
+  m_clear->setEnabled(states.clear);
+  m_pause->setChecked(m_session.controls.PauseCheck);
+  m_solveAtOnce->setChecked(m_session.controls.solveAtOnce);
 }
 
 void AutoSolveTab::applyColours(const ColourScheme& scheme) {

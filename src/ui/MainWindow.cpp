@@ -20,6 +20,7 @@
 #include "solver/Texts.h"
 #include "ui/AutoSolveTab.h"
 #include "ui/CellBoard.h"
+#include "ui/CommandStates.h"
 #include "ui/CreatePage.h"
 #include "ui/DialogUserInterface.h"
 #include "ui/EventLogView.h"
@@ -287,6 +288,10 @@ void MainWindow::refresh(bool verifyLog) {
   m_puzzleFrame->refreshFromSession();
   for (TabPage* page : m_pages) page->refreshFromSession();
   m_board->refreshFromSession();
+  // A creation hides the views while it works; whatever ended it, they return.
+  const bool views = commandStates(m_session).views;
+  m_board->candidateDisplay()->setVisible(views);
+  m_log->setVisible(views);
   m_status->setText(QString::fromStdString(m_session.statusText));
   m_log->syncWithLog(verifyLog);
 }

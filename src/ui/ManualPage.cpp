@@ -97,7 +97,7 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   m_paints.fill(ManualPaint::Normal);
   // A puzzle read while the tab is current starts manual play afresh, and the
   // page shows it.
-  m_puzzleRead = m_session.puzzleRead.subscribe([this] {
+  m_puzzleLoaded = m_session.puzzleLoaded.subscribe([this] {
     if (m_play->active()) prepare();
   });
 
@@ -290,6 +290,16 @@ void ManualPage::afterCommand() {
 void ManualPage::prepare() {
   endExplanationHighlight();
   m_play->prepare();
+  clearReadOuts();
+}
+
+void ManualPage::pageShown() {
+  endExplanationHighlight();
+  m_play->resetSelection();
+  clearReadOuts();
+}
+
+void ManualPage::clearReadOuts() {
   m_explanation->clear();
   m_pointer->clear();
   refreshFromSession();

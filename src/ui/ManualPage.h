@@ -71,6 +71,8 @@ class ManualPage : public QWidget {
   /// Starts manual play afresh: the tab became current, or a puzzle was read
   /// while it is current (the session calls this itself then).
   void prepare();
+  /// The tab was shown again: nothing selected, the moves kept.
+  void pageShown();
   /// Redraws the page's controls from the manual-play state and the session.
   void refreshFromSession();
 
@@ -117,6 +119,8 @@ class ManualPage : public QWidget {
   void afterCommand();
   void moveSelection(int rowStep, int colStep);
   void endExplanationHighlight();
+  /// Empties the explanation and the pointer read-out, then redraws.
+  void clearReadOuts();
   void hintClicked(int row, Qt::MouseButton button);
 
   Session& m_session;
@@ -124,7 +128,7 @@ class ManualPage : public QWidget {
   std::function<void()> m_onGridChanged;
   std::unique_ptr<Painter> m_painter;
   std::unique_ptr<ManualPlay> m_play;
-  Event::Subscription m_puzzleRead;  ///< ends before the page goes
+  Event::Subscription m_puzzleLoaded;  ///< ends before the page goes
   std::array<ManualPaint, 81> m_paints{};
   int m_explainedBox = 0;  ///< the box highlighted by the explanation, 0 when none
 

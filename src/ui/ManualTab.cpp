@@ -23,7 +23,7 @@ ManualTab::ManualTab(Session& session, CommandHost& host, ManualPage::PaintCell 
 
 void ManualTab::applyColours(const ColourScheme& scheme) { paintBackground(this, scheme.statusBack); }
 void ManualTab::refreshFromSession() { m_page->refreshFromSession(); }
-void ManualTab::pageShown() { m_page->prepare(); }
+void ManualTab::pageShown() { m_page->pageShown(); }
 void ManualTab::valueBoxClicked(int cell, Qt::MouseButton) { m_page->onCellClicked(cell); }
 void ManualTab::valueBoxDoubleClicked(int cell) { m_page->onCellDoubleClicked(cell, QCursor::pos()); }
 void ManualTab::candidateLabelClicked(int cell, Qt::MouseButton button) {

@@ -293,7 +293,7 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuessAndAnExhaustedSear
             "04OOPs, this placement will leave cell 9 in box 3 with no valid options, must retract");
 }
 
-TEST_F(SolveRunTest, StartPausesAtEveryPausePointAndEndsWithTheControlsForANewPuzzle) {
+TEST_F(SolveRunTest, StartPausesAtEveryPausePointAndEndsWithNoRunUnderWay) {
   test::loadGivens(s, kEasy);
   s.controls.PauseCheck = false;
   engine.startCommand();
@@ -306,9 +306,7 @@ TEST_F(SolveRunTest, StartPausesAtEveryPausePointAndEndsWithTheControlsForANewPu
   EXPECT_EQ(s.grid.filledCount(), 81);
   EXPECT_EQ(s.statusText, "Solved with no re-tries");
   EXPECT_EQ(s.run.mode, RunState::Silent);
-  const Controls& on = s.controls;  // start and next off, edit and clear on
-  EXPECT_EQ(std::vector({on.startEnabled, on.nextEnabled, on.editEnabled, on.clearEnabled}),
-            std::vector({false, false, true, true}));
+  EXPECT_EQ(s.run.activity, RunActivity::None);
   EXPECT_TRUE(t.ui.messages.empty());
 }
 
@@ -347,7 +345,7 @@ TEST_F(SolveRunTest, AFullLogStopsTheCommandWithAMessage) {
   engine.startCommand();
   EXPECT_EQ(t.ui.messages, (Strings{"This puzzle might have multiple solutions", "Event log is full (5000 lines)"}));
   EXPECT_EQ(s.log.TotalLines(), 5000);
-  EXPECT_TRUE(s.controls.editEnabled);
+  EXPECT_EQ(s.run.activity, RunActivity::None);
 }
 
 TEST(SolveCommand, EveryTop95PuzzleEndsSolvedOrAtThePlacementLimit) {
