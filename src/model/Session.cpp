@@ -56,6 +56,7 @@ void Session::processEvents() {
 void Session::clearEventLog() {
   Hints.clear();
   log.clear();
+  run.findings.clear();
   run.stats.reset();
 }
 

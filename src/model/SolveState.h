@@ -6,6 +6,8 @@
 #include <tuple>
 #include <vector>
 
+#include "model/CandidateSet.h"
+
 namespace tessaly {
 
 /// A placement key "CCBBSQnnBXbbVLdigits": candidate count, the box's missing
@@ -18,16 +20,18 @@ struct QueueEntry {
   int boxMissing = 0;
   int cell = 0;
   int box = 0;
-  std::string digits;
+  CandidateSet digits;  ///< written after "VL" in ascending order
 
   std::string text() const;
   /// True when the key carries at least one digit after "VL".
   bool hasDigit() const { return !digits.empty(); }
   /// The first digit after "VL" (0 when none).
-  int firstDigit() const { return digits.empty() ? 0 : digits[0] - '0'; }
+  int firstDigit() const { return digits.first(); }
+  /// The order of the key texts.
   friend bool operator<(const QueueEntry& a, const QueueEntry& b) {
-    return std::tie(a.count, a.boxMissing, a.cell, a.box, a.digits) <
-           std::tie(b.count, b.boxMissing, b.cell, b.box, b.digits);
+    if (std::tie(a.count, a.boxMissing, a.cell, a.box) != std::tie(b.count, b.boxMissing, b.cell, b.box))
+      return std::tie(a.count, a.boxMissing, a.cell, a.box) < std::tie(b.count, b.boxMissing, b.cell, b.box);
+    return a.digits.text() < b.digits.text();
   }
   friend bool operator==(const QueueEntry&, const QueueEntry&) = default;
 };

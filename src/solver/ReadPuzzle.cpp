@@ -92,7 +92,7 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     s.logEvent(kStyleNormal, "Puzzle has been read and analysed");
     s.logEvent(kStyleNormal, "Possible candidate numbers for each cell are shown in 'Choices for cells'");
     s.logEvent(kStyleNormal, "");
-    s.say(kStyleNormal, false, "There are", Num{kCells - s.givenCount()}, " blank cells in the puzzle");
+    engine.report({.kind = FindingKind::BlankCount, .count = kCells - s.givenCount()});
     s.logEvent(kStyleNormal, "");
     if (unsolvable)
       s.logEvent(kStyleWarning, "This puzzle does not appear to have a solution!");

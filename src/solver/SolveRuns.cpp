@@ -1,8 +1,9 @@
 // Solve runs and the commands that start and pace them.
 
 #include "model/FileUtil.h"
-#include "solver/Texts.h"
+#include "solver/Narrator.h"
 #include "solver/SolverEngine.h"
+#include "solver/Texts.h"
 
 namespace tessaly {
 
@@ -65,16 +66,17 @@ void SolverEngine::reportOutcome() {
   s.run.mode = RunState::Released;
   s.say(kStyleNormal, false, "");
   if (s.run.PlacementCount <= 1) s.run.PlacementCount = 1;
-  const std::string outcome =
-      s.run.SavedGuessCount > 0 ? "Solved with" + num(s.run.SavedGuessCount) + " retries" : "Solved with no re-tries";
-  s.say(kStyleNormal, false, outcome);
-  s.statusText = outcome;
+  const Finding outcome{.kind = FindingKind::Outcome, .count = s.run.SavedGuessCount};
+  report(outcome);
+  s.statusText = narrate(outcome);
   s.say(kStyleNormal, false, "");
   s.say(kStyleNormal, false, " Rules statistics");
   s.say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
-  for (int rule = 2; rule <= 6; ++rule)
-    s.say(kStyleNormal, false, "   Rule ", char('0' + rule), ' ', padded(s.run.stats.timesApplied[std::size_t(rule)], 3),
-          std::string(29, ' '), padded(s.run.stats.totalReductions[std::size_t(rule)], 3));
+  for (const RuleInfo& rule : kRules)
+    if (rule.ordered)
+      report({.kind = FindingKind::StatisticsRow, .rule = rule.number,
+              .count = s.run.stats.timesApplied[std::size_t(rule.number)],
+              .reductions = s.run.stats.totalReductions[std::size_t(rule.number)]});
 }
 
 void SolverEngine::finalCleanUp() {

@@ -98,8 +98,8 @@ TEST(RuleHint, TheRunStartsFromEmptyRecordsReadsOnlyItsOwnLinesAndPutsTheBoardBa
   Session& s = t.session;
   ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
   s.run.mode = RunState::Released;  // stepping
-  s.run.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, "3"}, std::string(81, '0')});
-  s.run.candidateQueue.insert(QueueEntry{2, 3, 5, 2, "23"});
+  s.run.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, CandidateSet::fromText("3")}, std::string(81, '0')});
+  s.run.candidateQueue.insert(QueueEntry{2, 3, 5, 2, CandidateSet::fromText("23")});
   s.BlanksLeft = 0;  // wrong: recounted from the grid, or no rule would run
   runRuleHint(s, 1);
   EXPECT_EQ(s.Hints.size(), 17u);
