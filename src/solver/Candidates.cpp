@@ -4,21 +4,6 @@
 
 namespace tessaly {
 
-std::string removeDigit(std::string_view text, int digit) {
-  std::string out;
-  out.reserve(text.size());
-  char d = char('0' + digit);
-  for (char ch : text)
-    if (digit < 1 || digit > 9 || ch != d) out.push_back(ch);
-  return out;
-}
-
-std::string removeDigits(std::string_view text, std::string_view digits) {
-  std::string out(text);
-  for (char d : digits) out = removeDigit(out, d - '0');
-  return out;
-}
-
 bool hasRepeatedDigit(std::string_view values) {
   std::array<int, 10> counts{};
   for (char ch : values)

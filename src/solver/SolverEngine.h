@@ -8,10 +8,6 @@
 
 namespace tessaly {
 
-/// Deletes every occurrence of the digit from a candidate text ("0" deletes nothing).
-std::string removeDigit(std::string_view text, int digit);
-/// Deletes every digit of `digits` from the text, one after the other.
-std::string removeDigits(std::string_view text, std::string_view digits);
 /// True when some digit 1..9 occurs more than once; other characters are ignored.
 bool hasRepeatedDigit(std::string_view values);
 
