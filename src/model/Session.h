@@ -67,6 +67,8 @@ struct SolveRun {
   /// What the event log tells, as records: one per narrated finding, in log
   /// order, each with its line. Emptied with the log, so never longer than it.
   std::vector<Finding> findings;
+  /// The board as each line of the event log saw it; emptied with the log.
+  BoardHistory history;
 };
 
 /// The collection the puzzle comes from.
@@ -114,7 +116,8 @@ class Session {
     if (run.mode == RunState::Silent) return;
     logEvent(style, sentence(parts...), wait);
   }
-  /// Empties the log, its findings, the hint list and the rule statistics.
+  /// Empties the log, its findings and board history, the hint list and the
+  /// rule statistics.
   void clearEventLog();
   /// Lets the user interface process pending events; throws RunStopped when it says stop.
   void processEvents();

@@ -2,6 +2,7 @@
 // The solver's working records: queue keys, guess levels and rule statistics.
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -72,6 +73,32 @@ class GuessStack {
 
  private:
   std::vector<GuessLevel> m_levels;
+};
+
+/// One cell as the board history keeps it.
+struct CellRecord {
+  std::uint8_t cell = 0;  ///< 1..81
+  std::uint8_t value = 0;
+  bool given = false;
+  CandidateSet candidates;
+};
+
+/// The board (every cell's value, given mark and candidates) as each line of
+/// the event log saw it, kept as changes: line n holds the cells that differ
+/// from the board of line n-1, line 1 those that differ from an empty board.
+/// Filled by the solver as it writes the log, emptied with the log.
+struct BoardHistory {
+  std::vector<CellRecord> changes;  ///< the changed cells of line 1, then of line 2, ...
+  std::vector<int> lineEnd;         ///< entry n-1: where the changes of line n end
+  /// The board as last recorded, one packed word per cell (index = cell).
+  std::array<std::uint32_t, 82> last{};
+  void clear() {
+    changes.clear();
+    lineEnd.clear();
+    last.fill(0);
+  }
+  /// The lines recorded so far.
+  int lines() const { return int(lineEnd.size()); }
 };
 
 /// Times applied and total reductions of Rules 2 to 6 (index = rule number).

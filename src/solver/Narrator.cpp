@@ -2,6 +2,7 @@
 
 #include "model/Session.h"
 #include "model/Text.h"
+#include "solver/BoardHistory.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -171,7 +172,14 @@ void SolverEngine::write(Finding finding) {
     finding.logLine = line;
     findings.push_back(finding);
   }
-  s.logEvent(narrationStyle(finding.kind), narrate(finding), narrationWaits(finding.kind));
+  writeLine(narrationStyle(finding.kind), narrate(finding), narrationWaits(finding.kind));
+}
+
+void SolverEngine::writeLine(int style, std::string_view text, bool wait) {
+  if (s.run.mode == RunState::Silent) return;
+  const int line = s.log.TotalLines() + 1;
+  if (line <= EventLog::kCapacity) recordBoard(s.run.history, s.grid, line);
+  s.logEvent(style, text, wait);
 }
 
 }  // namespace tessaly

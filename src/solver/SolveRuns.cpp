@@ -64,14 +64,14 @@ void SolverEngine::solveAll() {
 
 void SolverEngine::reportOutcome() {
   s.run.mode = RunState::Released;
-  s.say(kStyleNormal, false, "");
+  say(kStyleNormal, false, "");
   if (s.run.PlacementCount <= 1) s.run.PlacementCount = 1;
   const Finding outcome{.kind = FindingKind::Outcome, .count = s.run.SavedGuessCount};
   report(outcome);
   s.statusText = narrate(outcome);
-  s.say(kStyleNormal, false, "");
-  s.say(kStyleNormal, false, " Rules statistics");
-  s.say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
+  say(kStyleNormal, false, "");
+  say(kStyleNormal, false, " Rules statistics");
+  say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
   for (const RuleInfo& rule : kRules)
     if (rule.ordered)
       report({.kind = FindingKind::StatisticsRow, .rule = rule.number,
@@ -140,14 +140,14 @@ void SolverEngine::startCommand() {
       s.ui().setBusy(false);
       return;
     }
-    for (std::string_view paragraph : kApproachText) s.logEvent(kStyleNormal, paragraph);
+    for (std::string_view paragraph : kApproachText) writeLine(kStyleNormal, paragraph);
     s.controls.nextEnabled = true;
     s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Waiting;
-    s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
-    s.say(kStyleNormal, true, "Ready to start the solution, click Next");
+    say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
+    say(kStyleNormal, true, "Ready to start the solution, click Next");
     s.run.stats.reset();
-    s.say(kStyleNormal, false, "Commence solution");
-    s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
+    say(kStyleNormal, false, "Commence solution");
+    say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
     s.controls.clearEnabled = false;
     s.controls.startEnabled = false;
     s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Released;

@@ -38,6 +38,14 @@ class SolverEngine {
   void report(const Finding& finding) {
     if (s.run.mode != RunState::Silent) write(finding);
   }
+  /// Writes a line that tells no finding (fixed texts, the statistics table's
+  /// heading), keeping the board history like every line the solver writes.
+  void writeLine(int style, std::string_view text, bool wait = false);
+  /// Builds the line only when it will be written.
+  template <class... Parts>
+  void say(int style, bool wait, const Parts&... parts) {
+    if (s.run.mode != RunState::Silent) writeLine(style, sentence(parts...), wait);
+  }
 
   // --- the rules (kRules below names each one's technique)
   void applyRule1();
