@@ -2,8 +2,8 @@
 
 #include "model/FileUtil.h"
 #include "solver/Narrator.h"
-#include "solver/SolverEngine.h"
 #include "solver/Texts.h"
+#include "solver/SolverEngine.h"
 
 namespace tessaly {
 
