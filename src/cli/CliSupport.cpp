@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "solver/BoardHistory.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly::cli {
@@ -68,7 +69,6 @@ bool takeFlag(Arguments& args, const std::string& name) {
   return false;
 }
 
-namespace {
 bool parseInt(const std::string& text, long long& out) {
   if (text.empty()) return false;
   std::size_t pos = 0;
@@ -79,7 +79,6 @@ bool parseInt(const std::string& text, long long& out) {
   }
   return pos == text.size();
 }
-}  // namespace
 
 std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usage) {
   PuzzleOptions options;
@@ -132,6 +131,26 @@ void printLogAndGrid(Session& session, bool raw) {
   out += session.grid.valueCode();
   out += '\n';
   std::cout << out;
+}
+
+bool printBoardAtLine(const Session& session, long long line) {
+  const int lines = session.log.TotalLines();
+  if (line < 1 || line > lines) {
+    std::cerr << "tessaly-cli: --board-at " << line << " is not a line of the log (1 to " << lines << ")\n";
+    return false;
+  }
+  const PuzzleGrid board = boardAtLine(session.run.history, int(line));
+  std::string values = "values: ", choices = "choices:";
+  for (int c = 1; c <= kCells; ++c) {
+    values += char('0' + board[c].value);
+    choices += ' ';
+    if (board[c].candidates.empty())
+      choices += '-';
+    else
+      board[c].candidates.appendText(choices);
+  }
+  std::cout << values << '\n' << choices << '\n';
+  return true;
 }
 
 bool requireFile(const std::string& path) {

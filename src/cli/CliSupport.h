@@ -53,12 +53,19 @@ class CliSession {
 /// value is missing.
 bool takeOption(Arguments& args, const std::string& name, std::string& value, bool& present);
 bool takeFlag(Arguments& args, const std::string& name);
+/// Reads a whole decimal number (an optional sign, digits, nothing else).
+bool parseInt(const std::string& text, long long& out);
 /// Parses FILE N and the shared options (--raw, --seed, --rule-order,
 /// --max-tries); the rest stays in args. Nothing on a usage error (told on stderr).
 std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usage);
 /// Prints every stored log line (with its two-digit prefix when raw), then
 /// "grid:" and the 81 values.
 void printLogAndGrid(Session& session, bool raw);
+/// Prints the board as log line `line` saw it: "values: " and the 81 values
+/// (0 for an empty cell), then "choices:" and each cell's candidates after a
+/// blank ("-" for none). False, with a message on standard error, when the log
+/// has no such line.
+bool printBoardAtLine(const Session& session, long long line);
 /// True when the file exists; otherwise says so on standard error.
 bool requireFile(const std::string& path);
 /// True when the grid is complete and no area repeats a digit.

@@ -1,5 +1,6 @@
 // tessaly-cli solve FILE N: reads puzzle N as the program does and solves it,
-// printing the narration and the final grid.
+// printing the narration and the final grid, or with --board-at K the board as
+// line K of the narration saw it.
 
 #include <filesystem>
 #include <iostream>
@@ -12,7 +13,8 @@ namespace tessaly::cli {
 
 namespace {
 constexpr const char* kSolveUsage =
-    "tessaly-cli solve FILE N [--raw] [--run start|solve] [--seed S] [--rule-order S] [--max-tries N]";
+    "tessaly-cli solve FILE N [--raw] [--run start|solve] [--seed S] [--rule-order S] [--max-tries N] "
+    "[--board-at K]";
 }
 
 int solveCommand(const Arguments& arguments) {
@@ -24,6 +26,14 @@ int solveCommand(const Arguments& arguments) {
     std::cerr << "tessaly-cli: --run takes start or solve\n";
     return kExitUsage;
   }
+  std::string boardAtText;
+  bool boardAt = false;
+  long long boardLine = 0;
+  if (!takeOption(args, "--board-at", boardAtText, boardAt)) return kExitUsage;
+  if (boardAt && !parseInt(boardAtText, boardLine)) {
+    std::cerr << "tessaly-cli: --board-at needs a whole number\n";
+    return kExitUsage;
+  }
   auto options = parsePuzzleOptions(args, kSolveUsage);
   if (!options) return kExitUsage;
   if (!args.empty()) {
@@ -33,8 +43,16 @@ int solveCommand(const Arguments& arguments) {
   if (!requireFile(options->file)) return kExitUsage;
   CliSession cli(*options);
   Session& session = cli.session();
+  // What is printed: the log and the grid, or the board at one line.
+  const auto print = [&] {
+    if (!boardAt) {
+      printLogAndGrid(session, options->raw);
+      return true;
+    }
+    return printBoardAtLine(session, boardLine);
+  };
   if (!readPuzzle(session, options->file, options->number)) {
-    printLogAndGrid(session, options->raw);
+    print();
     return kExitUsage;
   }
   SolverEngine engine(session);
@@ -44,7 +62,7 @@ int solveCommand(const Arguments& arguments) {
     session.controls.PauseCheck = true;
     engine.startCommand();
   }
-  printLogAndGrid(session, options->raw);
+  if (!print()) return kExitUsage;
   return gridSolved(session) ? kExitOk : kExitFailure;
 }
 

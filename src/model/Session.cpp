@@ -56,6 +56,8 @@ void Session::processEvents() {
 void Session::clearEventLog() {
   Hints.clear();
   log.clear();
+  run.findings.clear();
+  run.history.clear();
   run.stats.reset();
 }
 

@@ -8,6 +8,7 @@
 
 #include "model/Event.h"
 #include "model/EventLog.h"
+#include "model/Finding.h"
 #include "model/Folders.h"
 #include "model/Interfaces.h"
 #include "model/RunState.h"
@@ -60,6 +61,11 @@ struct SolveRun {
   /// Slot i (1..6) holds the rule applied i-th; slot 0 is unused.
   std::array<int, 7> RuleTable{0, 2, 3, 4, 5, 6, 7};
   int currentCell = 0;  ///< the cell the last placement coloured, 0 when none
+  /// What the event log tells, as records: one per narrated finding, in log
+  /// order, each with its line. Emptied with the log, so never longer than it.
+  std::vector<Finding> findings;
+  /// The board as each line of the event log saw it; emptied with the log.
+  BoardHistory history;
 };
 
 /// The collection the puzzle comes from.
@@ -111,7 +117,8 @@ class Session {
     if (run.mode == RunState::Silent) return;
     logEvent(style, sentence(parts...), wait);
   }
-  /// Empties the log, the hint list and the rule statistics.
+  /// Empties the log, its findings and board history, the hint list and the
+  /// rule statistics.
   void clearEventLog();
   /// Lets the user interface process pending events; throws RunStopped when it says stop.
   void processEvents();

@@ -7,7 +7,7 @@
 namespace tessaly {
 
 std::string QueueEntry::text() const {
-  return padded(count, 2) + padded(boxMissing, 2) + "SQ" + padded(cell, 2) + "BX" + padded(box, 2) + "VL" + digits;
+  return padded(count, 2) + padded(boxMissing, 2) + "SQ" + padded(cell, 2) + "BX" + padded(box, 2) + "VL" + digits.text();
 }
 
 void CandidateQueue::insert(QueueEntry entry) {

@@ -2,9 +2,12 @@
 // The solver's working records: queue keys, guess levels and rule statistics.
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <tuple>
 #include <vector>
+
+#include "model/CandidateSet.h"
 
 namespace tessaly {
 
@@ -18,16 +21,18 @@ struct QueueEntry {
   int boxMissing = 0;
   int cell = 0;
   int box = 0;
-  std::string digits;
+  CandidateSet digits;  ///< written after "VL" in ascending order
 
   std::string text() const;
   /// True when the key carries at least one digit after "VL".
   bool hasDigit() const { return !digits.empty(); }
   /// The first digit after "VL" (0 when none).
-  int firstDigit() const { return digits.empty() ? 0 : digits[0] - '0'; }
+  int firstDigit() const { return digits.first(); }
+  /// The order of the key texts.
   friend bool operator<(const QueueEntry& a, const QueueEntry& b) {
-    return std::tie(a.count, a.boxMissing, a.cell, a.box, a.digits) <
-           std::tie(b.count, b.boxMissing, b.cell, b.box, b.digits);
+    if (std::tie(a.count, a.boxMissing, a.cell, a.box) != std::tie(b.count, b.boxMissing, b.cell, b.box))
+      return std::tie(a.count, a.boxMissing, a.cell, a.box) < std::tie(b.count, b.boxMissing, b.cell, b.box);
+    return a.digits.text() < b.digits.text();
   }
   friend bool operator==(const QueueEntry&, const QueueEntry&) = default;
 };
@@ -68,6 +73,32 @@ class GuessStack {
 
  private:
   std::vector<GuessLevel> m_levels;
+};
+
+/// One cell as the board history keeps it.
+struct CellRecord {
+  std::uint8_t cell = 0;  ///< 1..81
+  std::uint8_t value = 0;
+  bool given = false;
+  CandidateSet candidates;
+};
+
+/// The board (every cell's value, given mark and candidates) as each line of
+/// the event log saw it, kept as changes: line n holds the cells that differ
+/// from the board of line n-1, line 1 those that differ from an empty board.
+/// Filled by the solver as it writes the log, emptied with the log.
+struct BoardHistory {
+  std::vector<CellRecord> changes;  ///< the changed cells of line 1, then of line 2, ...
+  std::vector<int> lineEnd;         ///< entry n-1: where the changes of line n end
+  /// The board as last recorded, one packed word per cell (index = cell).
+  std::array<std::uint32_t, 82> last{};
+  void clear() {
+    changes.clear();
+    lineEnd.clear();
+    last.fill(0);
+  }
+  /// The lines recorded so far.
+  int lines() const { return int(lineEnd.size()); }
 };
 
 /// Times applied and total reductions of Rules 2 to 6 (index = rule number).

@@ -1,20 +1,19 @@
 #include "play/Hints.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "model/Session.h"
 #include "play/ManualPlay.h"
+#include "solver/Narrator.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
 
 namespace {
 
-constexpr std::string_view kPlaceLine = "Place additional ";
-constexpr std::string_view kSetRowLine = "Set row";
-constexpr std::string_view kRule1Line = "Apply Rule 1";
 constexpr const char* kRule1Shown = "NOW REMOVE DUPLICATES AS A RESULT OF ANY SINGLES GENERATED ABOVE";
 
 /// The text split at every blank; neighbouring blanks give empty words.
@@ -37,24 +36,15 @@ long long wordNumber(const std::vector<std::string_view>& words, std::size_t ind
 }
 
 void runRules(SolverEngine& engine, int index) {
-  switch (index) {
-    case 0: engine.applyRule1(); break;
-    case 1: engine.applyRule2(); break;
-    case 2: engine.applyRule3(); break;
-    case 3: engine.applyRule4(); break;
-    case 4: engine.applyRule5(); break;
-    case 5: engine.applyRule6(); break;
-    default:
-      // All six, always in this order: the configured rule order plays no part.
-      engine.applyRule1();
-      engine.applyRule2();
-      engine.applyRule3();
-      engine.applyRule4();
-      engine.applyRule5();
-      engine.applyRule6();
-      break;
+  if (index < kAllRulesHint) {
+    (engine.*kRules[std::size_t(index)].apply)();
+    return;
   }
+  // All six, always in their number order: the configured rule order plays no part.
+  for (const RuleInfo& rule : kRules) (engine.*rule.apply)();
 }
+
+bool isRule1Start(const Finding& f) { return f.kind == FindingKind::RuleStart && f.rule == 1; }
 
 int countBlanks(const Session& s) { return kCells - s.grid.filledCount(); }
 
@@ -123,42 +113,42 @@ void runRuleHint(Session& s, int index, ManualPlay* manual) {
   s.log.RecordedLineCount = s.log.TotalLines();
   const int lastLine = s.log.TotalLines();
 
-  s.Hints.push_back(index == kAllRulesHint ? std::string() : "APPLY RULE" + num(index + 1));
+  s.Hints.push_back(index == kAllRulesHint ? std::string() : "APPLY RULE" + num(kRules[std::size_t(index)].number));
 
-  // Only what this run wrote counts: older lines are never searched.
-  const int placeLine = s.log.searchForward(kPlaceLine, firstLine);
-  const long long singles = placeLine ? wordNumber(splitAt(s.log.text(placeLine), ' '), 2) : 0;
+  // Only what this run found counts: older findings are never read.
+  const std::vector<Finding>& all = s.run.findings;
+  const auto own = std::ranges::lower_bound(all, firstLine, {}, &Finding::logLine);
+  const std::span<const Finding> found(own, all.end());
+  const auto singlesFound =
+      std::ranges::find_if(found, [](const Finding& f) { return f.kind == FindingKind::SinglesFound; });
+  const int singles = singlesFound == found.end() ? 0 : singlesFound->count;
   if (singles <= 0) {
     s.Hints.push_back("This rule did not generate any single values");
     finishHint(s, snapshot, manual);
     return;
   }
   s.Hints.push_back("This rule generated" + num(singles) + " single values:");
-  for (int n = firstLine; n <= lastLine; ++n)
-    if (s.log.text(n).find("solved") != std::string_view::npos) {
-      s.Hints.push_back("THE PUZZLE IS SOLVED");
-      break;
-    }
+  if (std::ranges::any_of(found, announcesSolved)) s.Hints.push_back("THE PUZZLE IS SOLVED");
 
-  // The placements follow the "Place additional" line; Rule 5's own "Set row"
-  // findings come before it and are reductions, not placements.
-  int from = placeLine + 1;
-  for (long long k = 0; k < singles; ++k) {
-    const int line = s.log.searchForward(kSetRowLine, from);
-    if (!line) break;
-    const auto words = splitAt(s.log.text(line), ' ');
-    s.Hints.push_back("Row=" + num(wordNumber(words, 2)) + ", Col=" + num(wordNumber(words, 4)) +
-                      ", Cell=" + num(wordNumber(words, 6)) + ", Value=" + num(wordNumber(words, 9)));
-    from = line + 1;
+  // The placements are the first "Set row" findings after the first singles
+  // finding; Rule 5's own come before it and are reductions, not placements.
+  int placements = 0;
+  for (auto f = std::next(singlesFound); f != found.end() && placements < singles; ++f) {
+    if (!setsCellValue(f->kind)) continue;
+    s.Hints.push_back("Row=" + num(CellRow[f->cell]) + ", Col=" + num(CellCol[f->cell]) + ", Cell=" + num(f->cell) +
+                      ", Value=" + num(f->digit));
+    ++placements;
   }
 
+  // The run's whole narration, Rule 1's start shown as the task it stands for.
   s.Hints.push_back("These single values were deduced based on the following logic:");
+  auto f = found.begin();
   for (int n = firstLine; n <= lastLine; ++n) {
-    const std::string_view text = s.log.text(n);
-    if (text.substr(0, kRule1Line.size()) == kRule1Line)
+    while (f != found.end() && f->logLine < n) ++f;
+    if (f != found.end() && f->logLine == n && isRule1Start(*f))
       s.Hints.push_back(kRule1Shown);
     else
-      s.Hints.emplace_back(text);
+      s.Hints.emplace_back(s.log.text(n));
   }
   finishHint(s, snapshot, manual);
 }

@@ -1,6 +1,6 @@
 #pragma once
 // Hints: what one rule (or all six) would deduce from the grid as it stands,
-// read back from the rules' own narration, with the board put back afterwards;
+// read from the findings the rules record, with the board put back afterwards;
 // the cell with the fewest choices; and the pointer read-outs.
 
 #include <array>

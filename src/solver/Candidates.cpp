@@ -4,21 +4,6 @@
 
 namespace tessaly {
 
-std::string removeDigit(std::string_view text, int digit) {
-  std::string out;
-  out.reserve(text.size());
-  char d = char('0' + digit);
-  for (char ch : text)
-    if (digit < 1 || digit > 9 || ch != d) out.push_back(ch);
-  return out;
-}
-
-std::string removeDigits(std::string_view text, std::string_view digits) {
-  std::string out(text);
-  for (char d : digits) out = removeDigit(out, d - '0');
-  return out;
-}
-
 bool hasRepeatedDigit(std::string_view values) {
   std::array<int, 10> counts{};
   for (char ch : values)
@@ -80,18 +65,17 @@ int SolverEngine::firstDeadCell() const {
 void SolverEngine::removeDuplicates(int cell, int digit, int& counter) {
   counter = 0;
   if (digit < 1 || digit > 9) return;
-  static constexpr const char* kPassWords[] = {"Remove row duplicate ", "Remove col duplicate ",
-                                               "Remove box duplicate "};
   const int areaNumbers[] = {CellRow[cell], CellCol[cell], CellBox[cell]};
   for (int pass = 0; pass < 3; ++pass) {
-    for (int c : areaCells(static_cast<AreaKind>(pass), areaNumbers[pass])) {
+    const AreaKind kind = static_cast<AreaKind>(pass);
+    for (int c : areaCells(kind, areaNumbers[pass])) {
       CandidateSet& cands = s.grid[c].candidates;
       if (c == cell || !cands.has(digit) || cands.size() <= 1) continue;
       CandidateSet reduced = cands;
       reduced.remove(digit);
       highlightArea(c, pass == 0 ? CellRow[c] : 0, pass == 1 ? CellCol[c] : 0, pass == 2 ? CellBox[c] : 0);
-      s.say(kStyleNormal, true, kPassWords[pass], char('0' + digit), " from choice ", cands.text(), " in row",
-            Num{CellRow[c]}, ", col", Num{CellCol[c]}, ", cell", Num{c});
+      report({.kind = FindingKind::DuplicateRemoved, .rule = 1, .areaKind = kind, .area = areaNumbers[pass],
+              .cell = c, .digit = digit, .removed = CandidateSet::of(digit), .before = cands});
       cands = reduced;
       restoreHighlight(c);
       ++counter;

@@ -87,15 +87,15 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
         break;
       }
     s.display().setProgress(0);
-    s.logEvent(kStyleNormal, "Puzzle has been read and analysed");
-    s.logEvent(kStyleNormal, "Possible candidate numbers for each cell are shown in 'Choices for cells'");
-    s.logEvent(kStyleNormal, "");
-    s.say(kStyleNormal, false, "There are", Num{kCells - s.givenCount()}, " blank cells in the puzzle");
-    s.logEvent(kStyleNormal, "");
+    engine.writeLine(kStyleNormal, "Puzzle has been read and analysed");
+    engine.writeLine(kStyleNormal, "Possible candidate numbers for each cell are shown in 'Choices for cells'");
+    engine.writeLine(kStyleNormal, "");
+    engine.report({.kind = FindingKind::BlankCount, .count = kCells - s.givenCount()});
+    engine.writeLine(kStyleNormal, "");
     if (unsolvable)
-      s.logEvent(kStyleWarning, "This puzzle does not appear to have a solution!");
+      engine.writeLine(kStyleWarning, "This puzzle does not appear to have a solution!");
     else
-      s.logEvent(kStyleNormal, "Click Start to commence");
+      engine.writeLine(kStyleNormal, "Click Start to commence");
     s.run.mode = RunState::Waiting;
     if (s.writesConfiguration) writeConfiguration(s);
     return !unsolvable;

@@ -10,7 +10,7 @@ namespace tessaly {
 void SolverEngine::applyRule2() {
   if (s.BlanksLeft == 0) return;
   s.run.RuleReductions = 0;
-  s.say(kStyleRule, false, "Apply Rule 2");
+  report({.kind = FindingKind::RuleStart, .rule = 2});
   for (int b = 1; b <= 9; ++b) {
     // For each digit, the rows and columns (one character per cell) of the
     // box's non-given cells that can take it.
@@ -36,10 +36,9 @@ void SolverEngine::applyRule2() {
           // only happens on an inconsistent grid; the analysis scans for it.
           if (!cands.has(d)) continue;
           highlightArea(c, part == 0 ? line : 0, part == 1 ? line : 0, 0);
-          s.say(kStyleRule, false, "Rule 2: in box", Num{b}, ", choice", Num{d},
-                part == 0 ? " appears once in row " : " appears once in col ", list);
-          s.say(kStyleRule, true, "Remove", Num{d}, " from choice ", cands.text(), " in row ", Num{CellRow[c]},
-                ", col ", Num{CellCol[c]}, ", cell", Num{c});
+          report({.kind = FindingKind::RuleReason, .rule = 2, .areaKind = kind, .area = line, .box = b, .digit = d});
+          report({.kind = FindingKind::RuleRemoval, .rule = 2, .cell = c, .removed = CandidateSet::of(d),
+                  .before = cands});
           cands.remove(d);
           ++s.run.RuleReductions;
           restoreHighlight(c);
@@ -53,7 +52,7 @@ void SolverEngine::applyRule2() {
 void SolverEngine::applyRule4() {
   if (s.BlanksLeft == 0) return;
   s.run.RuleReductions = 0;
-  s.say(kStyleRule, false, "Apply Rule 4");
+  report({.kind = FindingKind::RuleStart, .rule = 4});
   for (AreaKind kind : {AreaKind::Col, AreaKind::Row}) {
     for (int k = 1; k <= 9; ++k) {
       // For each digit, the boxes in which it is possible along this line, once
@@ -76,9 +75,9 @@ void SolverEngine::applyRule4() {
           CandidateSet& cands = s.grid[c].candidates;
           if (lineOfCell == k || cands.size() < 2 || !cands.has(d)) continue;
           highlightArea(c, 0, 0, box);
-          s.say(kStyleRule, false, "Rule 4: box ", list, ", choice", Num{d},
-                kind == AreaKind::Col ? " occurs in col" : " occurs in row", Num{k}, " of this box only");
-          s.say(kStyleRule, true, "Remove", Num{d}, " from choice ", cands.text(), " in cell", Num{c});
+          report({.kind = FindingKind::RuleReason, .rule = 4, .areaKind = kind, .area = k, .box = box, .digit = d});
+          report({.kind = FindingKind::RuleRemoval, .rule = 4, .cell = c, .removed = CandidateSet::of(d),
+                  .before = cands});
           cands.remove(d);
           ++s.run.RuleReductions;
           restoreHighlight(c);

@@ -11,9 +11,8 @@ namespace tessaly {
 void SolverEngine::applyRule3() {
   if (s.BlanksLeft == 0) return;
   s.run.RuleReductions = 0;
-  s.say(kStyleRule, false, "Apply Rule 3");
+  report({.kind = FindingKind::RuleStart, .rule = 3});
   for (AreaKind kind : {AreaKind::Box, AreaKind::Row, AreaKind::Col}) {
-    const char* finding = kind == AreaKind::Box ? "Rule 3: box" : kind == AreaKind::Row ? "Rule 3: row" : "Rule 3: col";
     for (int n = 1; n <= 9; ++n) {
       const AreaCells& cells = areaCells(kind, n);
       for (int c : cells) {
@@ -35,8 +34,9 @@ void SolverEngine::applyRule3() {
             if (!cands.has(d)) continue;
             highlightArea(c3, kind == AreaKind::Row ? n : 0, kind == AreaKind::Col ? n : 0,
                           kind == AreaKind::Box ? n : 0);
-            s.say(kStyleRule, false, finding, Num{n}, " has duplicate pair");
-            s.say(kStyleRule, true, "Remove", Num{d}, " from choice ", cands.text(), " in cell", Num{c3});
+            report({.kind = FindingKind::RuleReason, .rule = 3, .areaKind = kind, .area = n});
+            report({.kind = FindingKind::RuleRemoval, .rule = 3, .cell = c3, .removed = CandidateSet::of(d),
+                    .before = cands});
             cands.remove(d);
             ++s.run.RuleReductions;
             restoreHighlight(c3);
@@ -64,9 +64,8 @@ bool allSameLength(const std::vector<CandidateSet>& list) {
 void SolverEngine::applyRule6() {
   if (s.BlanksLeft == 0) return;
   s.run.RuleReductions = 0;
-  s.say(kStyleRule, false, "Apply Rule 6");
+  report({.kind = FindingKind::RuleStart, .rule = 6});
   for (AreaKind kind : {AreaKind::Col, AreaKind::Row, AreaKind::Box}) {
-    const char* where = kind == AreaKind::Col ? " times in col" : kind == AreaKind::Row ? " times in row" : " times in box";
     for (int n = 1; n <= 9; ++n) {
       const AreaCells& cells = areaCells(kind, n);
       SameLenList lists;
@@ -79,7 +78,6 @@ void SolverEngine::applyRule6() {
         const auto& list = lists[std::size_t(i)];
         if (int(list.size()) != i + 1 || !allSameLength(list)) continue;
         const CandidateSet group = list.front();
-        const std::string groupText = group.text();
         for (int c : cells) {
           CandidateSet& cands = s.grid[c].candidates;
           if (cands.size() < 2 || cands == group) continue;
@@ -89,8 +87,9 @@ void SolverEngine::applyRule6() {
           ++s.run.RuleReductions;
           highlightArea(c, kind == AreaKind::Row ? n : 0, kind == AreaKind::Col ? n : 0,
                         kind == AreaKind::Box ? n : 0);
-          s.say(kStyleRule, false, "Rule 6:", Num{i + 1}, " choice ", groupText, " found", Num{i + 1}, where, Num{n});
-          s.say(kStyleRule, true, "Remove ", groupText, " from choice ", cands.text(), " in cell", Num{c});
+          report({.kind = FindingKind::RuleReason, .rule = 6, .areaKind = kind, .area = n, .removed = group,
+                  .count = i + 1});
+          report({.kind = FindingKind::RuleRemoval, .rule = 6, .cell = c, .removed = group, .before = cands});
           cands = reduced;
           restoreHighlight(c);
         }

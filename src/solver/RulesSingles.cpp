@@ -9,18 +9,17 @@ namespace tessaly {
 void SolverEngine::finishRule(int rule) {
   s.run.stats.timesApplied[std::size_t(rule)] += 1;
   s.run.stats.totalReductions[std::size_t(rule)] += s.run.RuleReductions;
-  const char ruleDigit = char('0' + rule);
   if (s.run.RuleReductions != 0) {
-    s.say(kStyleRule, false, "End Rule ", ruleDigit, ": made", Num{s.run.RuleReductions}, " reductions");
+    report({.kind = FindingKind::RuleEnd, .rule = rule, .count = s.run.RuleReductions});
     applyRule1();
   } else {
-    s.say(kStyleRule, false, "End Rule ", ruleDigit, ": no reductions");
+    report({.kind = FindingKind::RuleNoReduction, .rule = rule});
   }
 }
 
 void SolverEngine::applyRule1() {
   if (s.BlanksLeft == 0) return;
-  s.say(kStyleRule, false, "Apply Rule 1");
+  report({.kind = FindingKind::RuleStart, .rule = 1});
   int passTotal = 0;
   do {
     passTotal = 0;
@@ -41,24 +40,21 @@ void SolverEngine::applyRule1() {
       if (s.grid[c].candidates.size() == 1) ++singles;
     }
   if (singles == 0) {
-    s.say(kStyleRule, false, "No additional single values found");
+    report({.kind = FindingKind::NoSingles, .rule = 1});
     return;
   }
   s.BlanksLeft = blanks - singles;
-  s.say(kStyleNormal, false, "Place additional", Num{singles}, " single values generated",
-        blanks == singles ? ", the puzzle appears to have been solved" : "");
+  report({.kind = FindingKind::SinglesFound, .rule = 1, .count = singles, .solved = blanks == singles});
   for (int c = 1; c <= kCells; ++c) {
     const Cell& cell = s.grid[c];
-    if (cell.candidates.size() == 1 && !cell.value) placeValue(c, cell.candidates.first(), cell.candidates.text());
+    if (cell.candidates.size() == 1 && !cell.value) placeValue(c, cell.candidates.first(), cell.candidates);
   }
 }
 
 void SolverEngine::applyRule5() {
   if (s.BlanksLeft == 0) return;
   s.run.RuleReductions = 0;
-  s.say(kStyleRule, false, "Apply Rule 5");
-  // The finding sentences are kept exactly as users know them: every area says
-  // "occurs only once in row", and the box sentence joins ",cell" without a blank.
+  report({.kind = FindingKind::RuleStart, .rule = 5});
   for (AreaKind kind : {AreaKind::Box, AreaKind::Row, AreaKind::Col}) {
     for (int n = 1; n <= 9; ++n) {
       const AreaCells& cells = areaCells(kind, n);
@@ -73,13 +69,9 @@ void SolverEngine::applyRule5() {
           if (!cands.has(d) || cands.size() < 2) continue;
           highlightArea(c, kind == AreaKind::Row ? n : 0, kind == AreaKind::Col ? n : 0,
                         kind == AreaKind::Box ? n : 0);
-          const char* area = kind == AreaKind::Box ? "Rule 5: in box" : kind == AreaKind::Row ? "Rule 5: in row"
-                                                                                            : "Rule 5: in col";
-          s.say(kStyleRule, false, area, Num{n}, ", choice", Num{d}, " occurs only once in row", Num{CellRow[c]},
-                ", col", Num{CellCol[c]}, kind == AreaKind::Box ? ",cell" : ", cell", Num{c}, " (", cands.text(),
-                ")");
-          s.say(kStyleRule, true, "Set row", Num{CellRow[c]}, ", col", Num{CellCol[c]}, ", cell", Num{c},
-                " to value", Num{d});
+          report({.kind = FindingKind::RuleReason, .rule = 5, .areaKind = kind, .area = n, .cell = c, .digit = d,
+                  .before = cands});
+          report({.kind = FindingKind::HiddenSingleSet, .rule = 5, .cell = c, .digit = d, .before = cands});
           s.grid[c].candidates = CandidateSet::of(d);
           ++s.run.RuleReductions;
           restoreHighlight(c);

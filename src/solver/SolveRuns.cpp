@@ -1,6 +1,7 @@
 // Solve runs and the commands that start and pace them.
 
 #include "model/FileUtil.h"
+#include "solver/Narrator.h"
 #include "solver/Texts.h"
 #include "solver/SolverEngine.h"
 
@@ -63,18 +64,19 @@ void SolverEngine::solveAll() {
 
 void SolverEngine::reportOutcome() {
   s.run.mode = RunState::Released;
-  s.say(kStyleNormal, false, "");
+  say(kStyleNormal, false, "");
   if (s.run.PlacementCount <= 1) s.run.PlacementCount = 1;
-  const std::string outcome =
-      s.run.SavedGuessCount > 0 ? "Solved with" + num(s.run.SavedGuessCount) + " retries" : "Solved with no re-tries";
-  s.say(kStyleNormal, false, outcome);
-  s.statusText = outcome;
-  s.say(kStyleNormal, false, "");
-  s.say(kStyleNormal, false, " Rules statistics");
-  s.say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
-  for (int rule = 2; rule <= 6; ++rule)
-    s.say(kStyleNormal, false, "   Rule ", char('0' + rule), ' ', padded(s.run.stats.timesApplied[std::size_t(rule)], 3),
-          std::string(29, ' '), padded(s.run.stats.totalReductions[std::size_t(rule)], 3));
+  const Finding outcome{.kind = FindingKind::Outcome, .count = s.run.SavedGuessCount};
+  report(outcome);
+  s.statusText = narrate(outcome);
+  say(kStyleNormal, false, "");
+  say(kStyleNormal, false, " Rules statistics");
+  say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");
+  for (const RuleInfo& rule : kRules)
+    if (rule.ordered)
+      report({.kind = FindingKind::StatisticsRow, .rule = rule.number,
+              .count = s.run.stats.timesApplied[std::size_t(rule.number)],
+              .reductions = s.run.stats.totalReductions[std::size_t(rule.number)]});
 }
 
 void SolverEngine::finalCleanUp() {
@@ -136,13 +138,13 @@ void SolverEngine::startCommand() {
       return;
     }
     const ActivityScope stepping(s.run.activity, RunActivity::Stepping);
-    for (std::string_view paragraph : kApproachText) s.logEvent(kStyleNormal, paragraph);
+    for (std::string_view paragraph : kApproachText) writeLine(kStyleNormal, paragraph);
     s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Waiting;
-    s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
-    s.say(kStyleNormal, true, "Ready to start the solution, click Next");
+    say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
+    say(kStyleNormal, true, "Ready to start the solution, click Next");
     s.run.stats.reset();
-    s.say(kStyleNormal, false, "Commence solution");
-    s.say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
+    say(kStyleNormal, false, "Commence solution");
+    say(kStyleNormal, false, "Sequence of Rules: 1", s.config.RuleOrder);
     s.run.mode = s.controls.PauseCheck ? RunState::NoPause : RunState::Released;
     solveAll();
   });

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "solver/Narrator.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -11,9 +12,15 @@ namespace {
 /// What the placement count becomes when the first placement of a run is a
 /// drawn guess.
 constexpr int kPlacementsAfterDrawnGuess = 2;
+
+/// The k-th smallest digit of the set (k from 1).
+int nthMember(CandidateSet set, int k) {
+  for (int i = 1; i < k; ++i) set.remove(set.first());
+  return set.first();
+}
 }  // namespace
 
-void SolverEngine::placeValue(int cell, int value, const std::string& candidates) {
+void SolverEngine::placeValue(int cell, int value, CandidateSet candidates) {
   const int box = CellBox[cell];
   if (highlights(s.run.mode)) {
     s.run.currentCell = cell;
@@ -23,20 +30,21 @@ void SolverEngine::placeValue(int cell, int value, const std::string& candidates
   if (guess) {
     // A guess: keep the untried digits and the grid as it was, for retraction.
     GuessLevel level;
-    level.entry = QueueEntry{0, 0, cell, box, candidates.substr(1)};
+    CandidateSet untried = candidates;
+    untried.remove(value);
+    level.entry = QueueEntry{0, 0, cell, box, untried};
     level.snapshot = s.grid.valueCode();
     s.run.guessStack.push(std::move(level));
     ++s.run.SavedGuessCount;
   }
   s.grid[cell].value = value;
   ++s.run.PlacementCount;
-  if (guess)
-    s.say(kStyleNormal, true, "Set row", Num{CellRow[cell]}, ", col", Num{CellCol[cell]}, ", cell", Num{cell},
-          " to value", Num{value}, ", multiple choice=", candidates);
-  else
-    s.say(kStyleNormal, true, "Set row", Num{CellRow[cell]}, ", col", Num{CellCol[cell]}, ", cell", Num{cell},
-          " to value", Num{value});
-  if (guess) s.say(kStyleNormal, false, "Current solution saved in case we revert back to other choices");
+  if (guess) {
+    report({.kind = FindingKind::GuessPlacement, .cell = cell, .digit = value, .before = candidates});
+    report({.kind = FindingKind::GuessSaved});
+  } else {
+    report({.kind = FindingKind::Placement, .cell = cell, .digit = value, .before = candidates});
+  }
 }
 
 void SolverEngine::rebuildQueue(int& singleCells) {
@@ -48,7 +56,7 @@ void SolverEngine::rebuildQueue(int& singleCells) {
     if (cell.value || cell.candidates.empty()) continue;
     const int box = CellBox[c];
     s.run.candidateQueue.insert(
-        QueueEntry{cell.candidates.size(), s.BoxMissingCount[std::size_t(box - 1)], c, box, cell.candidates.text()});
+        QueueEntry{cell.candidates.size(), s.BoxMissingCount[std::size_t(box - 1)], c, box, cell.candidates});
   }
 }
 
@@ -68,12 +76,11 @@ SolverEngine::Analysis SolverEngine::analyseGrid(AnalysisMode mode) {
 
   if (filled == kCells) {
     s.run.candidateQueue.clear();
-    s.say(kStyleNormal, false, "The puzzle is solved");
+    report({.kind = FindingKind::Solved});
     return {};
   }
   if (filled + determinedBlanks == kCells) {
-    s.say(kStyleNormal, false, "The puzzle is solved, will place remaining", Num{determinedBlanks},
-          " known values in grid");
+    report({.kind = FindingKind::SolvedPlaceRemaining, .count = determinedBlanks});
   } else {
     applyRulesInOrder();
     // Rules 2 and 3 delete without a length test, so they can empty a cell that
@@ -95,16 +102,14 @@ SolverEngine::Analysis SolverEngine::analyseGrid(AnalysisMode mode) {
     }
     if (newSingles != blanks) {
       if (singles == s.givenCount())
-        s.say(kStyleWarning, false,
-              "All rules applied, no new singular choices were found, must resort to guesswork now");
+        report({.kind = FindingKind::RulesAppliedGuessing});
       else
-        s.say(kStyleNormal, false, "All rules applied,", Num{singles - s.givenCount()}, " new singular choices found");
+        report({.kind = FindingKind::RulesAppliedSingles, .count = singles - s.givenCount()});
       s.display().setProgress(kCells - blanks);
     } else {
       s.BlanksLeft = 0;
       if (blanks >= 1)
-        s.say(kStyleNormal, false, "All rules applied, the puzzle is solved, will place remaining", Num{blanks},
-              " known values in grid");
+        report({.kind = FindingKind::RulesAppliedSolved, .count = blanks});
     }
   }
   int singleCells = 0;
@@ -128,14 +133,9 @@ void SolverEngine::applyRulesInOrder() {
   s.processEvents();
   for (char ch : order) {
     if (s.BlanksLeft == 0) break;
-    switch (ch) {
-      case '2': applyRule2(); break;
-      case '3': applyRule3(); break;
-      case '4': applyRule4(); break;
-      case '5': applyRule5(); break;
-      case '6': applyRule6(); break;
-      default: break;  // Rule 1 runs before the order; anything else is skipped
-    }
+    // Rule 1 runs before the order; anything but an ordered rule is skipped.
+    const RuleInfo* rule = ruleNumbered(digitValue(ch));
+    if (rule && rule->ordered) (this->*rule->apply)();
   }
 }
 
@@ -143,7 +143,7 @@ void SolverEngine::placeNext() {
   if (s.run.candidateQueue.empty()) return;
   for (;;) {
     const QueueEntry head = s.run.candidateQueue[0];
-    std::string candidates = head.digits;
+    const CandidateSet candidates = head.digits;
     int value = head.firstDigit();
     if (candidates.size() > 1 && s.run.PlacementCount == 0 && !s.run.CreationFlag) {
       // The first placement of a run is a guess: the puzzle may have several
@@ -151,13 +151,12 @@ void SolverEngine::placeNext() {
       // Counted as two placements, so that no later placement of the run is
       // taken for its first.
       s.run.PlacementCount = kPlacementsAfterDrawnGuess;
-      s.say(kStyleWarning, false, "This puzzle might have multiple solutions");
-      s.message("This puzzle might have multiple solutions");
-      int k = drawOneTo(s.random(), int(candidates.size()));
-      char picked = candidates[std::size_t(k - 1)];
-      candidates.erase(std::size_t(k - 1), 1);
-      candidates.insert(candidates.begin(), picked);
-      value = picked - '0';
+      const Finding warning{.kind = FindingKind::MultipleSolutions};
+      report(warning);
+      s.message(narrate(warning));
+      // The k-th candidate is tried first; the others stay untried in order.
+      const int k = drawOneTo(s.random(), candidates.size());
+      value = nthMember(candidates, k);
     }
     placeValue(head.cell, value, candidates);
     if (!givensAreValid()) {
@@ -182,17 +181,11 @@ void SolverEngine::placeNext() {
 
 // --- retraction
 
-namespace {
-constexpr const char* kNotValid = "Solution not valid, must retract and redo the last guess with a different choice";
-constexpr const char* kNoSolution1 = "There appears to be no possible solution to this puzzle.";
-constexpr const char* kNoSolution2 = "Please check you number placements.";
-}  // namespace
-
 void SolverEngine::retractInvalidPlacement() {
-  s.say(kStyleWarning, false, kNotValid);
+  report({.kind = FindingKind::NotValid});
   if (s.run.guessStack.empty()) {
-    s.say(kStyleWarning, false, kNoSolution1);
-    s.say(kStyleWarning, false, kNoSolution2);
+    report({.kind = FindingKind::NoSolution});
+    report({.kind = FindingKind::CheckPlacements});
     s.run.candidateQueue.clear();
     return;
   }
@@ -200,14 +193,13 @@ void SolverEngine::retractInvalidPlacement() {
 }
 
 void SolverEngine::retractInvalidCompletion() {
-  s.say(kStyleWarning, false, kNotValid);
+  report({.kind = FindingKind::NotValid});
   retry();
 }
 
 void SolverEngine::retractDeadCell(int cell) {
   if (highlights(s.run.mode)) s.display().paintCell(cell, CellPaint::Dead);
-  s.say(kStyleWarning, false, "OOPs, this placement will leave cell", Num{cell}, " in box", Num{CellBox[cell]},
-        " with no valid options, must retract");
+  report({.kind = FindingKind::DeadCell, .box = CellBox[cell], .cell = cell});
   retry();
 }
 
@@ -219,7 +211,7 @@ void SolverEngine::retry() {
   for (int c = 1; c <= kCells; ++c)
     s.grid[c].value = std::size_t(c - 1) < snapshot.size() ? digitValue(snapshot[std::size_t(c - 1)]) : 0;
   if (s.run.guessStack.empty()) {
-    s.message(std::string(kNoSolution1) + "\n" + kNoSolution2);
+    s.message(narrate({.kind = FindingKind::NoSolution}) + "\n" + narrate({.kind = FindingKind::CheckPlacements}));
     s.run.candidateQueue.clear();
     return;
   }
@@ -227,8 +219,7 @@ void SolverEngine::retry() {
   s.run.candidateQueue.clear();
   s.run.candidateQueue.insert(entry);
   s.run.guessStack.pop();
-  s.say(kStyleWarning, false, "Retry row", Num{CellRow[entry.cell]}, ", col", Num{CellCol[entry.cell]}, ", cell",
-        Num{entry.cell}, " with value", Num{entry.firstDigit()}, " instead");
+  report({.kind = FindingKind::Retry, .cell = entry.cell, .digit = entry.firstDigit(), .before = entry.digits});
   if (highlights(s.run.mode)) s.display().paintCell(entry.cell, CellPaint::Retry);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -7,10 +8,6 @@
 
 namespace tessaly {
 
-/// Deletes every occurrence of the digit from a candidate text ("0" deletes nothing).
-std::string removeDigit(std::string_view text, int digit);
-/// Deletes every digit of `digits` from the text, one after the other.
-std::string removeDigits(std::string_view text, std::string_view digits);
 /// True when some digit 1..9 occurs more than once; other characters are ignored.
 bool hasRepeatedDigit(std::string_view values);
 
@@ -34,7 +31,23 @@ class SolverEngine {
   void highlightArea(int cell, int row, int col, int box);
   void restoreHighlight(int cell);
 
-  // --- the rules
+  // --- narration
+  /// Records the finding, with the line it is written at, in the run's list
+  /// and writes its sentence into the event log (pausing a stepped run where
+  /// the narrator says so). A silent run does neither.
+  void report(const Finding& finding) {
+    if (s.run.mode != RunState::Silent) write(finding);
+  }
+  /// Writes a line that tells no finding (fixed texts, the statistics table's
+  /// heading), keeping the board history like every line the solver writes.
+  void writeLine(int style, std::string_view text, bool wait = false);
+  /// Builds the line only when it will be written.
+  template <class... Parts>
+  void say(int style, bool wait, const Parts&... parts) {
+    if (s.run.mode != RunState::Silent) writeLine(style, sentence(parts...), wait);
+  }
+
+  // --- the rules (kRules below names each one's technique)
   void applyRule1();
   void applyRule2();
   void applyRule3();
@@ -43,7 +56,9 @@ class SolverEngine {
   void applyRule6();
 
   // --- placement and the solve step
-  void placeValue(int cell, int value, const std::string& candidates);
+  /// Places the value; with more than one candidate it is a guess among them
+  /// that can be retracted later.
+  void placeValue(int cell, int value, CandidateSet candidates);
   /// How much of the analysis runs: everything, or the plain candidates only.
   enum class AnalysisMode { Full, CandidatesOnly };
   /// What the analysis found.
@@ -74,6 +89,7 @@ class SolverEngine {
 
 
  private:
+  void write(Finding finding);
   void finishRule(int rule);
   int firstDeadCell() const;
   void rebuildQueue(int& singleCells);
@@ -91,5 +107,32 @@ class SolverEngine {
 
   Session& s;
 };
+
+/// One of the six rules: the number users know it by, its technique and the
+/// member that applies it.
+struct RuleInfo {
+  int number;
+  std::string_view technique;
+  void (SolverEngine::*apply)();
+  /// Whether it takes a place in the configured rule order and has statistics;
+  /// Rule 1 runs before the others and after every rule that reduced.
+  bool ordered;
+};
+
+inline constexpr std::array<RuleInfo, 6> kRules{{
+    {1, "Rule 1: naked singles", &SolverEngine::applyRule1, false},
+    {2, "Rule 2: box-line reduction (pointing)", &SolverEngine::applyRule2, true},
+    {3, "Rule 3: naked pairs", &SolverEngine::applyRule3, true},
+    {4, "Rule 4: line-box reduction (claiming)", &SolverEngine::applyRule4, true},
+    {5, "Rule 5: hidden singles", &SolverEngine::applyRule5, true},
+    {6, "Rule 6: naked subsets of two to five cells", &SolverEngine::applyRule6, true},
+}};
+
+/// The rule users know by this number; null for any other number.
+constexpr const RuleInfo* ruleNumbered(int number) {
+  for (const RuleInfo& rule : kRules)
+    if (rule.number == number) return &rule;
+  return nullptr;
+}
 
 }  // namespace tessaly

@@ -59,7 +59,7 @@ TEST(CreateCompletion, ASilentRunFromEmptyRecordsCompletesAValidSudokuAroundTheS
     CreateSession t(seed);
     // Records of an earlier run: a stale guess level would be retried into the new grid.
     t.session.run.guessStack.push(GuessLevel{});
-    t.session.run.candidateQueue.insert(QueueEntry{1, 1, 5, 2, "7"});
+    t.session.run.candidateQueue.insert(QueueEntry{1, 1, 5, 2, CandidateSet::fromText("7")});
     SeededRandom twin(seed);  // the same draws: digit d goes to the drawn position of box d
     ASSERT_TRUE(PuzzleCreator(t.session).completeGrid());
     EXPECT_TRUE(t.session.run.CreationFlag && t.session.run.candidateQueue.empty());

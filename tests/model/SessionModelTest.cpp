@@ -47,8 +47,9 @@ TEST(Text, NumbersTakeOneLeadingBlankAndReadLeniently) {
 
 TEST(SolveState, QueueKeysSortIntoPlacementOrderAndRetriesComeFirst) {
   CandidateQueue q;
-  for (QueueEntry e : {QueueEntry{2, 3, 10, 2, "47"}, {1, 5, 4, 2, "7"}, {1, 2, 70, 8, "3"}, {1, 2, 60, 9, "5"},
-                       {0, 0, 23, 3, "8"}})
+  using D = CandidateSet;
+  for (QueueEntry e : {QueueEntry{2, 3, 10, 2, D::fromText("47")}, {1, 5, 4, 2, D::of(7)}, {1, 2, 70, 8, D::of(3)},
+                       {1, 2, 60, 9, D::of(5)}, {0, 0, 23, 3, D::of(8)}})
     q.insert(e);
   std::string keys;
   for (int i = 0; i < q.size(); ++i) keys += q[i].text() + " ";

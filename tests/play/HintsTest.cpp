@@ -6,6 +6,7 @@
 
 #include "play/Hints.h"
 #include "play/PlayTestSupport.h"
+#include "solver/SolverEngine.h"
 
 namespace tessaly {
 namespace {
@@ -98,8 +99,8 @@ TEST(RuleHint, TheRunStartsFromEmptyRecordsReadsOnlyItsOwnLinesAndPutsTheBoardBa
   Session& s = t.session;
   ASSERT_TRUE(readPuzzle(s, test::kSingles, test::kDiabolical1038));
   s.run.mode = RunState::Released;  // stepping
-  s.run.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, "3"}, std::string(81, '0')});
-  s.run.candidateQueue.insert(QueueEntry{2, 3, 5, 2, "23"});
+  s.run.guessStack.push(GuessLevel{QueueEntry{0, 0, 5, 2, CandidateSet::fromText("3")}, std::string(81, '0')});
+  s.run.candidateQueue.insert(QueueEntry{2, 3, 5, 2, CandidateSet::fromText("23")});
   s.BlanksLeft = 0;  // wrong: recounted from the grid, or no rule would run
   runRuleHint(s, 1);
   EXPECT_EQ(s.Hints.size(), 17u);
@@ -125,6 +126,28 @@ TEST(RuleHint, TheRunStartsFromEmptyRecordsReadsOnlyItsOwnLinesAndPutsTheBoardBa
   u.session.logEvent(kStyleNormal, "Set row 1, col 1, cell 1 to value 5");
   runRuleHint(u.session, 0);
   EXPECT_EQ(u.session.Hints, (Lines{"APPLY RULE 1", "This rule did not generate any single values"}));
+}
+
+TEST(RuleHint, AnEarlierRunsFindingsInTheLogPlayNoPart) {
+  // A Solve that guesses, retracts and ends solved leaves its findings in the
+  // log; the board is then set to another puzzle without clearing the log.
+  test::TestSession other;
+  ASSERT_TRUE(readPuzzle(other.session, test::kSingles, test::kKaggleEasy181));
+  const BoardSnapshot puzzle = saveBoardSnapshot(other.session);
+  test::TestSession t;
+  Session& s = t.session;
+  ASSERT_TRUE(readPuzzle(s, test::puzzleFile("top95.sud"), 2));
+  SolverEngine(s).solveCommand();
+  std::string earlier;
+  for (const std::string& line : test::logLines(s)) earlier += line + "\n";
+  ASSERT_NE(earlier.find("04Retry row"), std::string::npos);
+  ASSERT_NE(earlier.find("solved"), std::string::npos);
+  restoreBoardSnapshot(s, puzzle);
+  s.run.mode = RunState::Waiting;
+  runRuleHint(s, kAllRulesHint);
+  std::string report;
+  for (const std::string& line : s.Hints) report += line + "\n";
+  EXPECT_EQ(report, test::readFile(test::dataFile("cli/hint-all-rules-found.out")));
 }
 
 TEST(CellHint, TheOpenCellWithFewestChoicesLowestFirstAndThePointerReadouts) {

@@ -40,12 +40,7 @@ struct Board {
     for (const std::string& line : test::logLines(s)) all += line + "\n";
     return all;
   }
-  void apply(int rule) {
-    using Rule = void (SolverEngine::*)();
-    const Rule rules[] = {&SolverEngine::applyRule1, &SolverEngine::applyRule2, &SolverEngine::applyRule3,
-                          &SolverEngine::applyRule4, &SolverEngine::applyRule5, &SolverEngine::applyRule6};
-    (engine.*rules[rule - 1])();
-  }
+  void apply(int rule) { (engine.*ruleNumbered(rule)->apply)(); }
 };
 
 TEST(Rules, EachRuleNarratesItsReductionsThenHandsOverToRule1) {
@@ -160,11 +155,7 @@ TEST(Rules, RemoveDuplicatesNarratesEachDeletionPassByPass) {
   EXPECT_EQ(counter, 8 + 8 + 3);
 }
 
-TEST(CandidateTexts, DigitsAreDeletedByCharacterAndRepeatsIgnoreNonDigits) {
-  // A digit that is not there, or "0", leaves the text unchanged.
-  EXPECT_EQ(removeDigit("123456789", 3) + "|" + removeDigit("1259", 3) + "|" + removeDigit("1259", 0),
-            "12456789|1259|1259");
-  EXPECT_EQ(removeDigits("2589", "59") + "|" + removeDigits("1358", "00000135"), "28|8");
+TEST(CandidateTexts, RepeatsIgnoreNonDigits) {
   EXPECT_EQ(std::vector({hasRepeatedDigit("5353"), hasRepeatedDigit("53"), hasRepeatedDigit("5003.x")}),
             std::vector({true, false, false}));
 }
@@ -246,8 +237,8 @@ class SolveRunTest : public ::testing::Test, protected Board {};
 
 TEST_F(SolveRunTest, AGuessSavesTheUntriedDigitsAndTheGridAPlainPlacementDoesNot) {
   s.run.mode = RunState::NoPause;
-  engine.placeValue(5, 2, "248");
-  engine.placeValue(6, 7, "7");
+  engine.placeValue(5, 2, CandidateSet::fromText("248"));
+  engine.placeValue(6, 7, CandidateSet::of(7));
   EXPECT_EQ(s.grid[5].value * 10 + s.grid[6].value, 27);
   EXPECT_EQ(s.run.guessStack.entry(0) + "|" + s.run.guessStack.entry(1), "0000SQ05BX02VL48|" + std::string(81, '0'));
   EXPECT_EQ(std::tuple(s.run.guessStack.levels(), s.run.SavedGuessCount, s.run.PlacementCount, s.log.TotalLines()),
@@ -259,7 +250,7 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuessAndAnExhaustedSear
   // leaves cell 26, the first of the two open cells of the row, without a candidate.
   test::loadGivens(s, "........8........91245.67.." + std::string(54, '.'));
   s.run.mode = RunState::NoPause;
-  s.run.candidateQueue.insert({2, 5, 23, 2, "38"});
+  s.run.candidateQueue.insert({2, 5, 23, 2, CandidateSet::fromText("38")});
   s.run.PlacementCount = 5;  // not the first placement of the run: no random draw
   engine.placeNext();
   const Strings log = test::logLines(s);
@@ -282,7 +273,7 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuessAndAnExhaustedSear
   test::TestSession u;
   test::loadGivens(u.session, "12345678.........9" + std::string(63, '.'));
   u.session.run.mode = RunState::NoPause;
-  u.session.run.candidateQueue.insert({1, 1, 10, 1, "4"});  // any placement; the analysis finds the dead cell
+  u.session.run.candidateQueue.insert({1, 1, 10, 1, CandidateSet::of(4)});  // any placement; the analysis finds the dead cell
   u.session.run.PlacementCount = 1;
   SolverEngine(u.session).placeNext();
   EXPECT_EQ(u.session.grid.filledCount(), 0);

@@ -1,0 +1,24 @@
+#pragma once
+// The narrator: the sentence the event log shows for each finding, with its
+// colour style and whether a stepped run pauses after it. The wording, odd
+// blanks included, is what users of the program have always read.
+
+#include <string>
+
+#include "model/Finding.h"
+
+namespace tessaly {
+
+/// The finding's sentence, exactly as the event log shows it.
+std::string narrate(const Finding& finding);
+/// The log style (colour) its sentence is written in.
+int narrationStyle(FindingKind kind);
+/// Whether a stepped run waits for Next after its sentence.
+bool narrationWaits(FindingKind kind);
+/// Whether its sentence tells that the puzzle is solved.
+bool announcesSolved(const Finding& finding);
+/// Whether its sentence is a "Set row R, col C, cell X to value V" line: the
+/// placements and Rule 5's reductions to one digit.
+bool setsCellValue(FindingKind kind);
+
+}  // namespace tessaly
