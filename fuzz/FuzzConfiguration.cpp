@@ -27,17 +27,17 @@ bool singleTrimmedLine(const std::string& text) {
   return text.empty() || (!isBlank(text.front()) && !isBlank(text.back()));
 }
 
-/// The first line's count: blanks around it, an optional sign, digits only, 0..INT_MAX.
+/// The first line's count: blanks around it, an optional "+", then a whole
+/// number (a sign and digits only) within 0..INT_MAX; "-0" is 0.
 std::optional<int> referenceCount(const std::vector<std::string>& lines) {
   if (lines.empty()) return std::nullopt;
   std::string_view t = lines[0];
   while (!t.empty() && isBlank(t.front())) t.remove_prefix(1);
   while (!t.empty() && isBlank(t.back())) t.remove_suffix(1);
   if (!t.empty() && t.front() == '+') t.remove_prefix(1);
-  if (t.empty() || t.front() < '0' || t.front() > '9') return std::nullopt;
   int value = 0;
   auto [ptr, ec] = std::from_chars(t.data(), t.data() + t.size(), value);
-  if (ec != std::errc() || ptr != t.data() + t.size()) return std::nullopt;
+  if (ec != std::errc() || ptr != t.data() + t.size() || value < 0) return std::nullopt;
   return value;
 }
 
