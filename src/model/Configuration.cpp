@@ -61,6 +61,9 @@ void readConfiguration(Session& session) {
       session.config.ColourSchemeFile = std::string(trimBlanks(lines[2]));
       if (lines.size() < 4) break;
       name = std::string(trimBlanks(lines[3]));
+      // No file name holds a NUL byte; the system would take the name only up
+      // to it, and the name written back would not be the one read.
+      if (name.find('\0') != std::string::npos) name.clear();
     } while (false);
   }
   // The collection is always taken from the application directory; an empty
