@@ -22,11 +22,28 @@ TESSALY_PACKAGES=(
   appstream
 )
 
+# The fuzz harnesses (fuzz/run) need clang and its runtime libraries, which
+# hold libFuzzer and the sanitizers; only fuzz/run installs them.
+TESSALY_FUZZ_PACKAGES=(
+  clang
+  libclang-rt-14-dev
+)
+
 # Installs the packages that dpkg does not report as installed; does nothing
 # (and needs no network) when everything is there already.
 tessaly_install_deps() {
+  tessaly_install_packages "${TESSALY_PACKAGES[@]}"
+}
+
+# The same for the fuzz harnesses' packages.
+tessaly_install_fuzz_deps() {
+  tessaly_install_packages "${TESSALY_FUZZ_PACKAGES[@]}"
+}
+
+# tessaly_install_packages PACKAGE...: installs those of them that are missing.
+tessaly_install_packages() {
   local missing=() pkg
-  for pkg in "${TESSALY_PACKAGES[@]}"; do
+  for pkg in "$@"; do
     if [[ "$(dpkg -s "$pkg" 2>/dev/null)" != *"Status: install ok installed"* ]]; then
       missing+=("$pkg")
     fi

@@ -23,17 +23,18 @@ std::string_view trimBlanks(std::string_view text) {
 
 // Line 1 is written as " 250 ", so blanks around the number are part of the
 // format. What is left must be a whole number (optional sign, digits only) that
-// fits an int. Anything else (an empty line, letters, a fraction, a number too
-// large) counts as garbled: reading stops there and, as it is the first line,
-// every value keeps its default. A garbled count must not turn into 0, which
-// would make every solve give up at once.
+// fits an int and is not negative. Anything else (an empty line, letters, a
+// fraction, a number too large, a negative one) counts as garbled: reading
+// stops there and, as it is the first line, every value keeps its default. A
+// garbled count must not turn into 0 or less, which would make every solve
+// give up at once.
 std::optional<int> readMaxTries(std::string_view line) {
   std::string_view t = trimBlanks(line);
   if (!t.empty() && t[0] == '+') t.remove_prefix(1);
   if (t.empty()) return std::nullopt;
   int value = 0;
   auto [ptr, ec] = std::from_chars(t.data(), t.data() + t.size(), value);
-  if (ec != std::errc() || ptr != t.data() + t.size()) return std::nullopt;
+  if (ec != std::errc() || ptr != t.data() + t.size() || value < 0) return std::nullopt;
   return value;
 }
 
@@ -60,6 +61,9 @@ void readConfiguration(Session& session) {
       session.config.ColourSchemeFile = std::string(trimBlanks(lines[2]));
       if (lines.size() < 4) break;
       name = std::string(trimBlanks(lines[3]));
+      // No file name holds a NUL byte; the system would take the name only up
+      // to it, and the name written back would not be the one read.
+      if (name.find('\0') != std::string::npos) name.clear();
     } while (false);
   }
   // The collection is always taken from the application directory; an empty

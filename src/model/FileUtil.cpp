@@ -13,6 +13,15 @@ namespace tessaly {
 namespace fs = std::filesystem;
 
 bool writeFileAtomically(const std::string& path, const std::string& content) {
+  // Through a symbolic link the file it points at is written, and the link
+  // stays; a link that leads nowhere (dangling, or a loop) is an error rather
+  // than something to replace with a plain file.
+  std::error_code linkError;
+  if (fs::is_symlink(fs::symlink_status(path, linkError))) {
+    const fs::path target = fs::canonical(path, linkError);
+    if (linkError) return false;
+    return writeFileAtomically(target.string(), content);
+  }
   std::string tmp = path + ".tmp" + std::to_string(::getpid());
   {
     std::ofstream out(tmp, std::ios::binary | std::ios::trunc);

@@ -7,7 +7,9 @@
 namespace tessaly {
 
 /// Writes the whole content to a temporary file beside `path` and renames it into
-/// place, so an error never leaves a half-written file. False on any error.
+/// place, so an error never leaves a half-written file. Through a symbolic link
+/// the file it leads to is written and the link kept. False on any error
+/// (a link that leads nowhere included).
 bool writeFileAtomically(const std::string& path, const std::string& content);
 /// Appends to a file (creating it), through a full rewrite so an error leaves the
 /// old content untouched. False on any error.

@@ -11,23 +11,17 @@
 #include <string>
 #include <string_view>
 
+#include "model/SchemeFile.h"
+
 namespace tessaly {
 
 class Session;
 
-struct Rgb {
-  int red = 0, green = 0, blue = 0;
-  friend bool operator==(const Rgb&, const Rgb&) = default;
-};
-
-/// An RGB colour with each component kept to 0..255 (above 255 counts as 255).
-Rgb rgb(int red, int green, int blue);
-
 class ColourScheme {
  public:
-  static constexpr int kEntries = 14;   ///< scheme entries 0..13
-  static constexpr int kFileLines = 12;  ///< a file fills entries 1..12
-  using Entries = std::array<Rgb, kEntries>;
+  static constexpr int kEntries = kSchemeEntries;
+  static constexpr int kFileLines = kSchemeFileLines;
+  using Entries = SchemeEntries;
 
   /// The files of the colour menu `mnuColx`, entry 0 to 17.
   static constexpr std::array<const char*, 18> kMenuFiles = {
@@ -43,8 +37,8 @@ class ColourScheme {
 
   /// Entries 1..12 from the text of a scheme file: each line split at ";", each
   /// field read by its numeric value (missing or non-numeric fields read 0).
-  /// Nothing when the text has fewer than 12 lines.
-  static std::optional<Entries> parse(std::string_view text);
+  /// Nothing when the text has fewer than 12 lines (parseSchemeFile).
+  static std::optional<Entries> parse(std::string_view text) { return parseSchemeFile(text); }
 
   /// Reading a scheme by name: "" gives the defaults without a message. A file of
   /// the application directory that reads gives its colours and becomes

@@ -124,8 +124,9 @@ TEST(Configuration, ReadingKeepsWhatWasReadBeforeTheFirstUnusableLineAndNeverCom
       {std::nullopt, defaults}, {"", defaults}, {std::string("\x01\xff\x00\x7f garbage", 12), defaults},
       {" 80 \r\n 345 \r\n", "80|345||Puzzles.sud"},
       {"\t+12 \r\n3456\r\n Sky.sch \r\n Mine.sud \r\n", "12|3456|Sky.sch|Mine.sud"},
-      {" 250 \r\n23456\r\n\r\nGone.sud\r\n", defaults}, {" 250 \r\n23456\r\n\r\nEmpty.sud\r\n", defaults}};
-  for (const char* count : {"lots", "", "  ", "3.5", "12abc", "99999999999999"})
+      {" 250 \r\n23456\r\n\r\nGone.sud\r\n", defaults}, {" 250 \r\n23456\r\n\r\nEmpty.sud\r\n", defaults},
+      {" 250 \r\n23456\r\n\r\nMine.sud" + std::string("\0/x", 3) + "\r\n", defaults}};  // no name holds a NUL
+  for (const char* count : {"lots", "", "  ", "3.5", "12abc", "99999999999999", "-5", "+-5"})
     rows.push_back({count + rest, defaults});  // a garbled count is no 0
   for (const std::string eol : {"\n", "\r", "\r\n"})
     rows.push_back({" 300 " + eol + "2345" + eol + "Sky.sch" + eol + "Mine.sud" + eol, "300|2345|Sky.sch|Mine.sud"});
