@@ -13,7 +13,6 @@
 #include "model/CollectionFile.h"
 #include "solver/BitGrid.h"
 #include "solver/Grader.h"
-#include "solver/SolutionCounter.h"
 
 namespace tessaly::cli {
 
@@ -155,12 +154,12 @@ void work(std::vector<Item>& items, int jobs) {
 }  // namespace
 
 std::string batchLine(const std::string& puzzle81) {
-  const int solutions = countSolutions(puzzle81, 2);
+  // The grading search runs to its end or to a second solution, so it counts
+  // the solutions as it goes.
+  const PuzzleGrade grade = gradePuzzle(puzzle81);
   std::string out = puzzle81;
   out += '\t';
-  out += char('0' + solutions);
-  if (solutions == 0) return out + "\t-\t-\n";
-  const PuzzleGrade grade = gradePuzzle(puzzle81);
+  out += char('0' + grade.solutions);
   out += '\t';
   out += grade.graded() ? char('0' + grade.grade) : '-';
   out += '\t';

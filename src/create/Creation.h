@@ -51,7 +51,7 @@ struct CreateSettings {
   /// cells of a pair, so the pattern stays symmetric).
   bool uniqueOnly = false;
   /// Create until the puzzle has this grade (1..5), at most gradeTries times.
-  std::optional<int> targetGrade;
+  std::optional<int> targetGrade{};
   int gradeTries = kDefaultGradeTries;
 };
 

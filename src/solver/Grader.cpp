@@ -21,34 +21,43 @@ struct Node {
   int open = kCellCount;                  ///< cells not yet placed
 };
 
-enum class State { Open, Solved, Broken };
-
-State stateOf(const Node& node) {
-  for (std::uint16_t set : node.cand)
-    if (set == 0) return State::Broken;
+// True when every digit still has a place in every area.
+bool areasCovered(const Node& node) {
   for (const auto& area : kAreas) {
     std::uint16_t all = 0;
     for (std::uint8_t cell : area) all |= node.cand[cell];
-    if (all != kAll) return State::Broken;
+    if (all != kAll) return false;
   }
-  return node.open == 0 ? State::Solved : State::Open;
+  return true;
 }
 
-// Rule 1: every single candidate not yet placed is placed, and its digit leaves
-// the cell's peers.
+// Rule 1, repeated until it finds nothing more: every single candidate not yet
+// placed is placed and its digit leaves the cell's peers. Placing them one at a
+// time reaches the same grid as placing each round's singles together, since
+// a removal never brings a candidate back. False when a cell is left without a
+// candidate.
 bool placeSingles(Node& node) {
-  std::array<std::uint16_t, kCellCount> removed{};
-  bool any = false;
+  std::array<std::uint8_t, kCellCount> queue;
+  int queued = 0;
   for (int c = 0; c < kCellCount; ++c) {
     const std::uint16_t set = node.cand[std::size_t(c)];
-    if (node.placed[std::size_t(c)] || !single(set)) continue;
-    any = true;
-    node.placed[std::size_t(c)] = true;
-    --node.open;
-    for (std::uint8_t peer : kPeers[std::size_t(c)]) removed[peer] |= set;
+    if (set == 0) return false;
+    if (!node.placed[std::size_t(c)] && single(set)) queue[std::size_t(queued++)] = std::uint8_t(c);
   }
-  for (int c = 0; c < kCellCount; ++c) node.cand[std::size_t(c)] &= std::uint16_t(~removed[std::size_t(c)]);
-  return any;
+  while (queued > 0) {
+    const int cell = queue[std::size_t(--queued)];
+    const std::uint16_t bit = node.cand[std::size_t(cell)];
+    node.placed[std::size_t(cell)] = true;
+    --node.open;
+    for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
+      std::uint16_t& set = node.cand[peer];
+      if (!(set & bit)) continue;
+      set = std::uint16_t(set & ~bit);
+      if (set == 0) return false;
+      if (single(set)) queue[std::size_t(queued++)] = peer;
+    }
+  }
+  return true;
 }
 
 bool applyRemovals(Node& node, const std::array<std::uint16_t, kCellCount>& removed) {
@@ -90,25 +99,31 @@ bool hiddenSingles(Node& node) {
 }
 
 // Rule 2: a digit whose places in a box all lie in one row (or column) leaves
-// the rest of that row (or column) outside the box.
+// the rest of that row (or column) outside the box. Worked for all nine digits
+// at once: a digit confined to one of the box's three row pieces is in that
+// piece's set and in neither of the other two.
 bool boxConfinedToLine(Node& node) {
   std::array<std::uint16_t, kCellCount> removed{};
   for (int b = 0; b < 9; ++b) {
-    const auto& box = kAreas[std::size_t(18 + b)];
-    for (int d = 1; d <= 9; ++d) {
-      const std::uint16_t bit = bitOf(d);
-      unsigned rows = 0, cols = 0;
-      for (std::uint8_t cell : box)
-        if (!single(node.cand[cell]) && (node.cand[cell] & bit)) {
-          rows |= 1u << rowOf(cell);
-          cols |= 1u << colOf(cell);
-        }
-      for (int part = 0; part < 2; ++part) {
-        const unsigned lines = part == 0 ? rows : cols;
-        if (lines == 0 || (lines & (lines - 1)) != 0) continue;
-        const int line = std::countr_zero(lines);
-        for (std::uint8_t cell : kAreas[std::size_t(part * 9 + line)])
-          if (boxOf(cell) != b) removed[cell] |= bit;
+    const int top = (b / 3) * 3, left = (b % 3) * 3;
+    std::array<std::uint16_t, 3> rows{}, cols{};
+    for (int i = 0; i < 3; ++i)
+      for (int j = 0; j < 3; ++j) {
+        const std::uint16_t set = node.cand[std::size_t((top + i) * 9 + left + j)];
+        if (single(set)) continue;
+        rows[std::size_t(i)] |= set;
+        cols[std::size_t(j)] |= set;
+      }
+    for (int i = 0; i < 3; ++i) {
+      const std::uint16_t inRow = rows[std::size_t(i)] & ~(rows[std::size_t((i + 1) % 3)] | rows[std::size_t((i + 2) % 3)]);
+      const std::uint16_t inCol = cols[std::size_t(i)] & ~(cols[std::size_t((i + 1) % 3)] | cols[std::size_t((i + 2) % 3)]);
+      for (int k = 0; k < 9; ++k) {
+        if (k / 3 == b % 3) continue;
+        removed[std::size_t((top + i) * 9 + k)] |= inRow;
+      }
+      for (int k = 0; k < 9; ++k) {
+        if (k / 3 == b / 3) continue;
+        removed[std::size_t(k * 9 + left + i)] |= inCol;
       }
     }
   }
@@ -116,20 +131,21 @@ bool boxConfinedToLine(Node& node) {
 }
 
 // Rule 4: a digit whose places in a row (or column) all lie in one box leaves
-// the other cells of that box.
+// the other open cells of that box. All nine digits at once, by the line's
+// three pieces as in Rule 2.
 bool lineConfinedToBox(Node& node) {
   std::array<std::uint16_t, kCellCount> removed{};
   for (int a = 0; a < 18; ++a) {
     const auto& line = kAreas[std::size_t(a)];
-    for (int d = 1; d <= 9; ++d) {
-      const std::uint16_t bit = bitOf(d);
-      unsigned boxes = 0;
-      for (std::uint8_t cell : line)
-        if (node.cand[cell] & bit) boxes |= 1u << boxOf(cell);
-      if (boxes == 0 || (boxes & (boxes - 1)) != 0) continue;
-      for (std::uint8_t cell : kAreas[std::size_t(18 + std::countr_zero(boxes))]) {
+    std::array<std::uint16_t, 3> pieces{};
+    for (int k = 0; k < 9; ++k) pieces[std::size_t(k / 3)] |= node.cand[line[std::size_t(k)]];
+    for (int p = 0; p < 3; ++p) {
+      const std::uint16_t confined =
+          pieces[std::size_t(p)] & ~(pieces[std::size_t((p + 1) % 3)] | pieces[std::size_t((p + 2) % 3)]);
+      if (!confined) continue;
+      for (std::uint8_t cell : kAreas[std::size_t(18 + boxOf(line[std::size_t(p * 3)]))]) {
         const bool onLine = a < 9 ? rowOf(cell) == a : colOf(cell) == a - 9;
-        if (!onLine && !single(node.cand[cell])) removed[cell] |= bit;
+        if (!onLine && !single(node.cand[cell])) removed[cell] |= confined;
       }
     }
   }
@@ -183,7 +199,6 @@ bool groups(Node& node) {
 
 bool applyRule(int rule, Node& node) {
   switch (rule) {
-    case 1: return placeSingles(node);
     case 2: return boxConfinedToLine(node);
     case 3: return pairs(node);
     case 4: return lineConfinedToBox(node);
@@ -206,17 +221,18 @@ class Grading {
 
   void solve(Node& node, int hardest) {
     for (;;) {
-      const State state = stateOf(node);
-      if (state == State::Broken) return;
-      if (state == State::Solved) {
+      // Rule 1 comes first each time; the other rules only when it is done.
+      if (!placeSingles(node)) return;
+      if (node.open == 0) {
         if (++solutions == 1) {
           solution = node;
           solutionHardest = hardest;
         }
         return;
       }
+      if (!areasCovered(node)) return;
       bool progress = false;
-      for (std::size_t i = 0; i < kGradingRuleOrder.size() && !progress; ++i)
+      for (std::size_t i = 1; i < kGradingRuleOrder.size() && !progress; ++i)
         if (applyRule(kGradingRuleOrder[i], node)) {
           progress = true;
           hardest = std::max(hardest, int(i));
@@ -274,6 +290,7 @@ PuzzleGrade gradePuzzle(std::string_view puzzle81) {
   }
   Grading grading;
   grading.solve(node, 0);
+  result.solutions = std::min(grading.solutions, 2);
   if (grading.solutions == 0) return result;
   node = grading.solution;
   result.hardestRule = kGradingRuleOrder[std::size_t(grading.solutionHardest)];

@@ -27,6 +27,8 @@ struct PuzzleGrade {
   /// second solution): at a guess point every candidate of the open cell with
   /// the fewest, the first such in cell order, is tried, each one guess.
   int guesses = 0;
+  /// Solutions found: 0, 1, or 2 for two or more (the search ends at the second).
+  int solutions = 0;
   /// The 81 digits of the solution reached; empty when there is none.
   std::string solution;
 
