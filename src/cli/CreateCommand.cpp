@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kCreateUsage =
     "tessaly-cli create --blanks N --distribution mirror|box|random|manual [--template FILE] [--count K] "
-    "[--into FILE.sud] [--seed S] [--max-tries N] [--unique] [--grade G [--grade-tries T]]";
+    "[--into FILE.sud] [--seed S] [--max-tries N]";
 
 int usageError(const std::string& text) {
   std::cerr << "tessaly-cli: " << text << "\nUsage: " << kCreateUsage << '\n';
