@@ -2,6 +2,7 @@
 // The subcommands of tessaly-cli. Each one lives in its own <Name>Command.cpp
 // and has one line in the command table of main.cpp.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,5 +26,10 @@ int exportCommand(const Arguments& args);  // ExportCommand.cpp
 int createCommand(const Arguments& args);  // CreateCommand.cpp
 int countCommand(const Arguments& args);   // CountCommand.cpp
 int hintCommand(const Arguments& args);    // HintCommand.cpp
+int gradeCommand(const Arguments& args);   // GradeCommand.cpp
+
+/// Takes "--jobs J" out of args (1 to 1024 threads); ok is false after telling
+/// a bad value on standard error.
+std::optional<int> parseJobs(Arguments& args, bool& ok);
 
 }  // namespace tessaly::cli

@@ -1,10 +1,13 @@
 // tessaly-cli count FILE [--solutions N]: prints how many puzzles the collection
 // holds, or how many solutions puzzle N has ("0", "1" or "2+").
+// tessaly-cli count --solutions FILE|-: one line per puzzle of FILE or standard
+// input with its solution count and grade, as `grade FILE` writes them.
 
 #include <filesystem>
 #include <iostream>
 #include <string>
 
+#include "cli/Batch.h"
 #include "cli/CliSupport.h"
 #include "model/CollectionFile.h"
 #include "solver/SolutionCounter.h"
@@ -52,7 +55,16 @@ int countCommand(const Arguments& arguments) {
   Arguments args = arguments;
   std::string solutions;
   bool hasSolutions = false;
+  bool jobsOk = true;
+  const auto jobs = parseJobs(args, jobsOk);
+  if (!jobsOk) return usageError("");
   if (!takeOption(args, "--solutions", solutions, hasSolutions)) return usageError("");
+  int number = 0;
+  if (hasSolutions && args.empty() && !parsePuzzleNumber(solutions, number)) {
+    // "--solutions FILE": every puzzle of the file.
+    if (solutions != "-" && !requireFile(solutions)) return kExitUsage;
+    return runBatch(solutions, jobs.value_or(0));
+  }
   if (args.empty()) return usageError("a collection file is needed");
   if (args.size() > 1) return usageError("unexpected argument '" + args[1] + "'");
   const std::string& file = args[0];
@@ -62,7 +74,6 @@ int countCommand(const Arguments& arguments) {
     std::cout << total << '\n';
     return kExitOk;
   }
-  int number = 0;
   if (!parsePuzzleNumber(solutions, number)) return usageError("--solutions needs a puzzle number of 1 or more");
   if (number > total) {
     std::cerr << "tessaly-cli: puzzle " << number << " not found; " << file << " holds " << total << " puzzles\n";

@@ -63,14 +63,16 @@ std::string gridRows(const Session& session) {
 
 int createCommand(const Arguments& arguments) {
   Arguments args = arguments;
-  std::string blanks, distribution, templateFile, count = "1", into, seed, tries;
+  std::string blanks, distribution, templateFile, count = "1", into, seed, tries, grade, gradeTries;
   bool hasBlanks = false, hasDistribution = false, hasTemplate = false, hasCount = false, hasInto = false,
-       hasSeed = false, hasTries = false;
+       hasSeed = false, hasTries = false, hasGrade = false, hasGradeTries = false;
+  const bool unique = takeFlag(args, "--unique");
   if (!takeOption(args, "--blanks", blanks, hasBlanks) ||
       !takeOption(args, "--distribution", distribution, hasDistribution) ||
       !takeOption(args, "--template", templateFile, hasTemplate) || !takeOption(args, "--count", count, hasCount) ||
       !takeOption(args, "--into", into, hasInto) || !takeOption(args, "--seed", seed, hasSeed) ||
-      !takeOption(args, "--max-tries", tries, hasTries))
+      !takeOption(args, "--max-tries", tries, hasTries) || !takeOption(args, "--grade", grade, hasGrade) ||
+      !takeOption(args, "--grade-tries", gradeTries, hasGradeTries))
     return kExitUsage;
   if (!args.empty()) return usageError("unexpected argument '" + args[0] + "'");
   if (!hasBlanks || !hasDistribution) return usageError("--blanks and --distribution are needed");
@@ -82,6 +84,18 @@ int createCommand(const Arguments& arguments) {
   const auto chosen = distributionNamed(distribution);
   if (!chosen) return usageError("--distribution takes mirror, box, random or manual");
   settings.distribution = *chosen;
+  settings.uniqueOnly = unique;
+  if (hasGrade) {
+    const auto n = wholeNumber(grade);
+    if (!n || *n < 1 || *n > 5) return usageError("--grade needs a grade from 1 to 5");
+    settings.targetGrade = int(*n);
+  }
+  if (hasGradeTries) {
+    const auto n = wholeNumber(gradeTries);
+    if (!hasGrade) return usageError("--grade-tries goes with --grade");
+    if (!n || *n < 1 || *n > 1000000) return usageError("--grade-tries needs a whole number from 1 to 1000000");
+    settings.gradeTries = int(*n);
+  }
 
   const auto puzzles = wholeNumber(count);
   if (!puzzles || *puzzles < 1 || *puzzles > 1000000) return usageError("--count needs a whole number of 1 or more");

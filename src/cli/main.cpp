@@ -29,6 +29,7 @@ constexpr CommandEntry kCommands[] = {
     {"export", "solve puzzle N of FILE and export it (CSV, TXT, XLS or report)", exportCommand},
     {"create", "create new puzzles with a chosen number and distribution of blanks", createCommand},
     {"count", "print the number of puzzles in FILE, or the solutions of one (0, 1 or 2+)", countCommand},
+    {"grade", "print the grade (1-5) of puzzle N of FILE, or of every puzzle of FILE or -", gradeCommand},
     {"hint", "read puzzle N of FILE and print what one rule, all rules or the cell hint find", hintCommand},
 };
 

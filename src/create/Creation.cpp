@@ -6,6 +6,8 @@
 #include "create/EntryDialogs.h"
 #include "model/FileUtil.h"
 #include "model/Session.h"
+#include "solver/Grader.h"
+#include "solver/SolutionCounter.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -38,14 +40,31 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
   const ActivityScope creating(s.run.activity, RunActivity::Creating);
   s.ui().setBusy(true);
   try {
-    if (!completeGrid()) {
-      result.outcome = CreateResult::Outcome::Failed;
-      s.display().showViews(true);
-      s.ui().setBusy(false);
-      s.message(kCreationFailed);
-      return result;
+    const bool graded = settings.targetGrade.has_value();
+    const int tries = graded ? std::max(1, settings.gradeTries) : 1;
+    for (result.tries = 1;; ++result.tries) {
+      result.settings = settings;
+      if (!completeGrid()) {
+        result.outcome = CreateResult::Outcome::Failed;
+        s.display().showViews(true);
+        s.ui().setBusy(false);
+        s.message(kCreationFailed);
+        return result;
+      }
+      const std::string solution = settings.uniqueOnly ? gridText() : std::string();
+      result.blanks = applyBlankDistribution(result.settings);
+      if (settings.uniqueOnly) result.blanks = keepOneSolution(solution, result.settings.distribution);
+      if (!graded) break;
+      result.grade = gradePuzzle(gridText()).grade;
+      if (result.grade == *settings.targetGrade) break;
+      if (result.tries >= tries) {
+        result.outcome = CreateResult::Outcome::GradeNotReached;
+        s.display().showViews(true);
+        s.ui().setBusy(false);
+        s.message(gradeNotReachedText(*settings.targetGrade, tries));
+        return result;
+      }
     }
-    result.blanks = applyBlankDistribution(result.settings);
     makeKeptCellsGivens();
     s.run.stats.reset();
 
@@ -71,6 +90,11 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     s.ui().setBusy(false);
   }
   return result;
+}
+
+std::string gradeNotReachedText(int grade, int tries) {
+  return "No puzzle of grade " + std::to_string(grade) + " (" + std::string(gradeName(grade)) + ") was made in " +
+         std::to_string(tries) + (tries == 1 ? " try" : " tries") + "; try other blanks or more tries";
 }
 
 std::string tempCollectionPath(const Session& session) {
@@ -209,6 +233,37 @@ std::string PuzzleCreator::tempRecord() const {
     record += kLineEnd;
   }
   return record;
+}
+
+std::string PuzzleCreator::gridText() const {
+  std::string text;
+  for (int c = 1; c <= kCells; ++c) text.push_back(s.grid[c].value ? char('0' + s.grid[c].value) : '.');
+  return text;
+}
+
+int PuzzleCreator::keepOneSolution(const std::string& solution, BlankDistribution distribution) {
+  std::string puzzle = gridText();
+  if (countSolutions(puzzle, 2) == 1) return blankCount();
+  // Blank again, unit by unit from the full grid, keeping only the blanks that
+  // leave one solution.
+  const std::string blanked = puzzle;
+  puzzle = solution;
+  for (std::size_t i = 0; i < blanked.size(); ++i) {
+    if (blanked[i] != '.' || puzzle[i] == '.') continue;
+    const std::size_t partner = distribution == BlankDistribution::Mirror ? blanked.size() - 1 - i : i;
+    puzzle[i] = '.';
+    puzzle[partner] = '.';
+    if (countSolutions(puzzle, 2) != 1) {
+      puzzle[i] = solution[i];
+      puzzle[partner] = solution[partner];
+    }
+  }
+  for (int c = 1; c <= kCells; ++c) {
+    if (puzzle[std::size_t(c - 1)] == '.') continue;
+    Cell& cell = s.grid[c];
+    cell.value = puzzle[std::size_t(c - 1)] - '0';
+  }
+  return blankCount();
 }
 
 void PuzzleCreator::blankCell(int cell) {

@@ -2,7 +2,8 @@
 // Puzzle creation: the Create command of the Create tab. A new puzzle is made
 // by seeding one digit per box, letting the solver complete the grid silently,
 // blanking cells by the chosen distribution and appending the result to the
-// temporary collection PuzTemp.sud. No test for a unique solution is made.
+// temporary collection PuzTemp.sud. On request, blanks that would allow a
+// second solution are given back, and creation repeats until a chosen grade.
 
 #include <optional>
 #include <string>
@@ -23,11 +24,15 @@ inline constexpr const char* kTempCollectionName = "PuzTemp.sud";
 /// has one, else the application directory.
 std::string tempCollectionPath(const Session& session);
 
+/// The message when no puzzle of the target grade was made within the tries.
+std::string gradeNotReachedText(int grade, int tries);
+
 inline constexpr const char* kTooManyBlanks = "Cannot have more than 72 blanks";
 inline constexpr const char* kTooFewBlanks = "Must have at least 9 blanks";
 inline constexpr const char* kCreationFailed = "Puzzle creation failed, please try again";
 inline constexpr const char* kTemplateNotAccepted = "Random placement will be used";
 inline constexpr const char* kTemplateAllBlanks = "Grid is all blanks, random placement will be used";
+inline constexpr int kDefaultGradeTries = 1000;
 inline constexpr const char* kTemplateNoBlanks = "There are no blanks in this grid, random placement will be used";
 
 /// What the Create tab holds when Create is pressed; the command hands back
@@ -41,6 +46,13 @@ struct CreateSettings {
   /// "X" kept, "." or a blank for a blank cell; line breaks are ignored), or
   /// nothing when the dialog was cancelled or refused the text.
   std::optional<std::string> manualTemplate;
+  /// Only puzzles with one solution: after the blanks are made, every blank
+  /// whose removal allows a second solution is filled again (Mirror fills both
+  /// cells of a pair, so the pattern stays symmetric).
+  bool uniqueOnly = false;
+  /// Create until the puzzle has this grade (1..5), at most gradeTries times.
+  std::optional<int> targetGrade{};
+  int gradeTries = kDefaultGradeTries;
 };
 
 struct CreateResult {
@@ -48,6 +60,7 @@ struct CreateResult {
     Created,  ///< a new puzzle is on the grid and was appended to PuzTemp.sud
     Refused,  ///< the blank count was out of range; nothing changed
     Failed,   ///< the solver could not complete the seeded grid; nothing blanked or saved
+    GradeNotReached,  ///< no puzzle of the target grade within the tries; nothing saved
   };
   Outcome outcome = Outcome::Refused;
   /// What the tab shows afterwards: `TotBlanks` as rewritten by Mirror and by
@@ -55,6 +68,11 @@ struct CreateResult {
   CreateSettings settings;
   /// Blank cells of the new puzzle.
   int blanks = 0;
+  /// The new puzzle's grade (1..5) when it was graded (a target grade was set),
+  /// else 0.
+  int grade = 0;
+  /// Puzzles made to reach the target grade (1 without a target).
+  int tries = 0;
 
   bool created() const { return outcome == Outcome::Created; }
 };
@@ -81,6 +99,13 @@ class PuzzleCreator {
   /// `TotBlanks` for Mirror and by Box; a Manual template that cannot be used
   /// is reported and the option becomes Random. Returns the blank cell count.
   int applyBlankDistribution(CreateSettings& settings);
+  /// Fills again, unit by unit in cell order, every blank whose removal lets
+  /// the grid's puzzle have a second solution; `solution` holds the completed
+  /// grid (81 digits). Mirror units are the pairs through the centre. Returns
+  /// the blank cell count.
+  int keepOneSolution(const std::string& solution, BlankDistribution distribution);
+  /// The grid as 81 characters, "." for a blank.
+  std::string gridText() const;
   /// Random permutation of `CellOrder` (entries 1..81).
   void shuffleCellOrder();
   /// Random permutation of `BoxPositionOrder` (entries 1..9).

@@ -1,5 +1,9 @@
 #include "solver/ReadPuzzle.h"
 
+#include <map>
+#include <mutex>
+#include <utility>
+
 #include "model/CollectionFile.h"
 #include "model/Configuration.h"
 #include "solver/SolverEngine.h"
@@ -30,6 +34,19 @@ int fillGridFromRows(Session& s, const std::vector<std::string>& rows) {
     }
   return blanks;
 }
+// Skipped lines are told once for each file, not again at every read of
+// another of its puzzles; a change to the file tells them anew.
+bool firstTimeTold(const std::string& path, const CollectionScan& scan) {
+  static std::mutex guard;
+  static std::map<std::string, std::pair<int, int>> told;
+  const std::lock_guard<std::mutex> lock(guard);
+  const std::pair<int, int> now{scan.badLines, scan.firstBadLine};
+  auto [it, inserted] = told.emplace(path, now);
+  if (inserted) return true;
+  if (it->second == now) return false;
+  it->second = now;
+  return true;
+}
 }  // namespace
 
 bool readPuzzle(Session& s, const std::string& path, int n) {
@@ -38,8 +55,14 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
   SolverEngine engine(s);
   try {
     BusyPointer busy(s);
-    const int total = countPuzzles(path);
+    const CollectionScan scan = scanCollection(path);
+    const int total = scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
     s.collection.TotalPuzzles = total;
+    if (scan.problem == CollectionScan::Problem::TooLarge || scan.problem == CollectionScan::Problem::Binary) {
+      s.message(collectionProblemText(scan, path));
+      return false;
+    }
+    if (scan.badLines > 0 && firstTimeTold(path, scan)) s.message(collectionProblemText(scan, path));
     if (total == 0) {
       s.message(path + " does not appear to have any puzzles");
       return false;

@@ -4,90 +4,121 @@
 #include <bit>
 #include <cstdint>
 
+#include "solver/BitGrid.h"
+
 namespace tessaly {
 
 namespace {
 
-constexpr int kSize = 81;
-constexpr std::uint16_t kAllDigits = 0x1FF;  // bit d-1 stands for digit d
+using namespace bitgrid;
 
-struct Search {
-  std::array<std::uint8_t, kSize> value{};  // 0 for a blank
-  std::array<std::uint16_t, 9> rowUsed{};
-  std::array<std::uint16_t, 9> colUsed{};
-  std::array<std::uint16_t, 9> boxUsed{};
-  int limit = 2;
-  int found = 0;
+// One node of the search: the candidates of every cell and how many cells hold
+// a single candidate whose digit has been removed from its peers.
+struct Node {
+  Cands cand{};
+  int placed = 0;
+};
 
-  static int boxOf(int cell) { return (cell / 27) * 3 + (cell % 9) / 3; }
+class Search {
+ public:
+  Search(int limit, std::string* firstSolution) : m_limit(limit), m_first(firstSolution) {}
+  int found() const { return m_found; }
 
-  std::uint16_t freeDigits(int cell) const {
-    return static_cast<std::uint16_t>(kAllDigits &
-                                      ~(rowUsed[cell / 9] | colUsed[cell % 9] | boxUsed[boxOf(cell)]));
-  }
-
-  void set(int cell, int digit) {
-    const auto bit = static_cast<std::uint16_t>(1u << (digit - 1));
-    value[cell] = static_cast<std::uint8_t>(digit);
-    rowUsed[cell / 9] |= bit;
-    colUsed[cell % 9] |= bit;
-    boxUsed[boxOf(cell)] |= bit;
-  }
-
-  void unset(int cell, int digit) {
-    const auto bit = static_cast<std::uint16_t>(~(1u << (digit - 1)));
-    value[cell] = 0;
-    rowUsed[cell / 9] &= bit;
-    colUsed[cell % 9] &= bit;
-    boxUsed[boxOf(cell)] &= bit;
-  }
-
-  // Fills the blank with the fewest free digits first; stops once `limit`
-  // solutions were found.
-  void run() {
-    int best = -1;
-    int bestCount = 10;
-    std::uint16_t bestMask = 0;
-    for (int cell = 0; cell < kSize; ++cell) {
-      if (value[cell] != 0) continue;
-      const std::uint16_t mask = freeDigits(cell);
-      const int count = std::popcount(mask);
-      if (count < bestCount) {
-        best = cell;
-        bestCount = count;
-        bestMask = mask;
-        if (count <= 1) break;
+  // Places the queued singles, then the hidden singles, until nothing changes;
+  // false on a contradiction.
+  bool settle(Node& node, std::array<std::uint8_t, kCellCount>& queue, int queued) {
+    for (;;) {
+      while (queued > 0) {
+        const int cell = queue[std::size_t(--queued)];
+        const std::uint16_t bit = node.cand[std::size_t(cell)];
+        ++node.placed;
+        for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
+          std::uint16_t& set = node.cand[peer];
+          if (!(set & bit)) continue;
+          set = std::uint16_t(set & ~bit);
+          if (set == 0) return false;
+          if (single(set)) queue[std::size_t(queued++)] = peer;
+        }
       }
+      if (node.placed == kCellCount) return true;
+      for (const auto& area : kAreas) {
+        std::uint16_t once = 0, twice = 0;
+        for (std::uint8_t cell : area) {
+          const std::uint16_t set = node.cand[cell];
+          twice |= once & set;
+          once |= set;
+        }
+        if (once != kAll) return false;  // a digit with no place left in the area
+        const std::uint16_t hidden = once & ~twice;
+        if (!hidden) continue;
+        for (std::uint8_t cell : area) {
+          const std::uint16_t set = node.cand[cell];
+          const std::uint16_t mine = set & hidden;
+          if (!mine || single(set)) continue;
+          if (!single(mine)) return false;  // two digits that each need this cell
+          node.cand[cell] = mine;
+          queue[std::size_t(queued++)] = cell;
+        }
+      }
+      if (queued == 0) return true;
     }
-    if (best < 0) {
-      ++found;
+  }
+
+  void run(Node& node) {
+    if (node.placed == kCellCount) {
+      if (++m_found == 1 && m_first) {
+        m_first->assign(kCellCount, '0');
+        for (int c = 0; c < kCellCount; ++c)
+          (*m_first)[std::size_t(c)] = char('0' + std::countr_zero(node.cand[std::size_t(c)]) + 1);
+      }
       return;
     }
-    for (std::uint16_t mask = bestMask; mask != 0 && found < limit; mask &= mask - 1) {
-      const int digit = std::countr_zero(mask) + 1;
-      set(best, digit);
-      run();
-      unset(best, digit);
+    // The open cell with the fewest candidates, the first such in cell order.
+    int best = -1, bestCount = 10;
+    for (int c = 0; c < kCellCount; ++c) {
+      const std::uint16_t set = node.cand[std::size_t(c)];
+      if (single(set)) continue;
+      const int n = count(set);
+      if (n < bestCount) {
+        best = c;
+        bestCount = n;
+        if (n == 2) break;
+      }
+    }
+    for (std::uint16_t mask = node.cand[std::size_t(best)]; mask != 0 && m_found < m_limit; mask &= mask - 1) {
+      Node child = node;
+      child.cand[std::size_t(best)] = std::uint16_t(mask & (~mask + 1u));
+      std::array<std::uint8_t, kCellCount> queue;
+      queue[0] = std::uint8_t(best);
+      if (settle(child, queue, 1)) run(child);
     }
   }
+
+ private:
+  int m_limit;
+  std::string* m_first;
+  int m_found = 0;
 };
 
 }  // namespace
 
-int countSolutions(const std::string& puzzle81, int limit) {
+int countSolutions(std::string_view puzzle81, int limit) { return countSolutions(puzzle81, limit, nullptr); }
+
+int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution) {
   if (limit <= 0) return 0;
-  Search search;
-  search.limit = limit;
-  for (int cell = 0; cell < kSize && static_cast<std::size_t>(cell) < puzzle81.size(); ++cell) {
-    const char ch = puzzle81[static_cast<std::size_t>(cell)];
-    if (ch < '1' || ch > '9') continue;
-    const int digit = ch - '0';
-    const auto bit = static_cast<std::uint16_t>(1u << (digit - 1));
-    if ((search.freeDigits(cell) & bit) == 0) return 0;  // a repeated given
-    search.set(cell, digit);
+  const auto values = givens(puzzle81);
+  if (!values) return 0;
+  Node node;
+  std::array<std::uint8_t, kCellCount> queue;
+  int queued = 0;
+  for (int c = 0; c < kCellCount; ++c) {
+    const int v = (*values)[std::size_t(c)];
+    node.cand[std::size_t(c)] = v ? bitOf(v) : kAll;
+    if (v) queue[std::size_t(queued++)] = std::uint8_t(c);
   }
-  search.run();
-  return search.found;
+  Search search(limit, firstSolution);
+  if (search.settle(node, queue, queued)) search.run(node);
+  return search.found();
 }
 
 }  // namespace tessaly

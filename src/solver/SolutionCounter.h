@@ -1,9 +1,11 @@
 #pragma once
-// A plain, silent solution counter: depth-first search over bit masks, used to
-// check that a puzzle has exactly one solution. It shares nothing with the
-// narrated solver and writes no log.
+// A plain, silent solution counter: depth-first search over bit sets with
+// naked and hidden singles propagated between guesses, used to check that a
+// puzzle has exactly one solution. It shares nothing with the narrated solver
+// and writes no log.
 
 #include <string>
+#include <string_view>
 
 namespace tessaly {
 
@@ -12,6 +14,13 @@ namespace tessaly {
 /// A puzzle whose givens repeat a digit in a row, column or box has 0. Text
 /// shorter than 81 characters leaves the missing cells blank; characters after
 /// the 81st are ignored.
-int countSolutions(const std::string& puzzle81, int limit = 2);
+int countSolutions(std::string_view puzzle81, int limit = 2);
+inline int countSolutions(const std::string& puzzle81, int limit = 2) {
+  return countSolutions(std::string_view(puzzle81), limit);
+}
+inline int countSolutions(const char* puzzle81, int limit = 2) { return countSolutions(std::string_view(puzzle81), limit); }
+
+/// As countSolutions, and the first solution found (81 digits) when there is one.
+int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution);
 
 }  // namespace tessaly

@@ -5,11 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 
 #include "create/CreateTestSupport.h"
 #include "create/Creation.h"
 #include "model/FileUtil.h"
+#include "solver/Grader.h"
+#include "solver/SolutionCounter.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -172,6 +175,69 @@ TEST(CreateWithAStoppedClock, TwoHundredMirrorCreationsInARowAllEnd) {
     EXPECT_EQ(t.ui.messages, r.created() ? Lines{} : gaveUp) << i;
   }
   EXPECT_EQ(grids.size() + std::size_t(failed), 200u);  // no two puzzles alike
+}
+
+std::string puzzleText(const Session& s) {
+  std::string text;
+  for (int c = 1; c <= kCells; ++c) text.push_back(s.grid[c].value ? char('0' + s.grid[c].value) : '.');
+  return text;
+}
+
+TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirrorStaysSymmetric) {
+  for (BlankDistribution distribution : {Mirror, ByBox, Random, Manual}) {
+    for (std::uint64_t seed = 1; seed <= 12; ++seed) {
+      SCOPED_TRACE(testing::Message() << int(distribution) << " seed " << seed);
+      CreateSession t(seed);
+      CreateSettings settings{"64", distribution, std::string(40, 'X') + std::string(41, '.')};
+      settings.uniqueOnly = true;
+      const CreateResult result = PuzzleCreator(t.session).createCommand(settings);
+      ASSERT_TRUE(result.created());
+      const std::string puzzle = puzzleText(t.session);
+      EXPECT_EQ(countSolutions(puzzle, 2), 1);
+      EXPECT_EQ(result.blanks, std::count(puzzle.begin(), puzzle.end(), '.'));
+      EXPECT_EQ(t.session.PuzzleTitle, "New Puzzle (" + std::to_string(result.blanks) + " blanks)");
+      if (distribution == Mirror) {
+        for (std::size_t i = 0; i < puzzle.size(); ++i) EXPECT_EQ(puzzle[i] == '.', puzzle[80 - i] == '.') << i;
+      }
+    }
+  }
+}
+
+TEST(CreateOneSolution, OffByDefaultAndWhenOnOnlyFillsBlanksOfTheSamePuzzle) {
+  CreateSession plain(7), unique(7);
+  CreateSettings settings{"40", Random, std::nullopt};
+  PuzzleCreator(plain.session).createCommand(settings);
+  settings.uniqueOnly = true;
+  PuzzleCreator(unique.session).createCommand(settings);
+  const std::string before = puzzleText(plain.session), after = puzzleText(unique.session);
+  EXPECT_EQ(countSolutions(before, 2), 2);
+  EXPECT_EQ(countSolutions(after, 2), 1);
+  EXPECT_LT(std::count(after.begin(), after.end(), '.'), 40);
+  for (std::size_t i = 0; i < before.size(); ++i)
+    if (before[i] != '.') {
+      EXPECT_EQ(after[i], before[i]) << i;
+    }
+}
+
+TEST(CreateGrade, RepeatsUntilTheGradeOrTellsThatItWasNotReached) {
+  for (int grade = 1; grade <= kGradeCount; ++grade) {
+    CreateSession t(3);
+    CreateSettings settings{"56", Random, std::nullopt};
+    settings.uniqueOnly = true;
+    settings.targetGrade = grade;
+    const CreateResult result = PuzzleCreator(t.session).createCommand(settings);
+    ASSERT_TRUE(result.created()) << grade;
+    EXPECT_EQ(result.grade, grade);
+    EXPECT_EQ(gradePuzzle(puzzleText(t.session)).grade, grade);
+  }
+  CreateSession t(3);
+  CreateSettings settings{"20", Random, std::nullopt};
+  settings.targetGrade = 5;
+  settings.gradeTries = 3;
+  const CreateResult result = PuzzleCreator(t.session).createCommand(settings);
+  EXPECT_EQ(result.outcome, CreateResult::Outcome::GradeNotReached);
+  EXPECT_EQ(t.ui.messages, Lines{"No puzzle of grade 5 (Diabolical) was made in 3 tries; try other blanks or more tries"});
+  EXPECT_FALSE(std::filesystem::exists(t.tempFile()));
 }
 
 }  // namespace

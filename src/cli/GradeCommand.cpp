@@ -1,0 +1,102 @@
+// tessaly-cli grade FILE [N] [--jobs J]: the grade of puzzle N, or with no N
+// one line per puzzle of FILE ("-" for standard input) with its solution count
+// and grade.
+
+#include <iostream>
+#include <string>
+
+#include "cli/Batch.h"
+#include "cli/CliSupport.h"
+#include "model/CollectionFile.h"
+#include "solver/BitGrid.h"
+#include "solver/Grader.h"
+#include "solver/SolutionCounter.h"
+
+namespace tessaly::cli {
+
+namespace {
+
+constexpr const char* kGradeUsage = "tessaly-cli grade FILE [N] [--jobs J]  (FILE - reads standard input)";
+
+int usageError(const std::string& text) {
+  if (!text.empty()) std::cerr << "tessaly-cli: " << text << '\n';
+  std::cerr << "Usage: " << kGradeUsage << '\n';
+  return kExitUsage;
+}
+
+std::optional<int> wholeNumber(const std::string& text, int lowest) {
+  if (text.empty() || text.size() > 10) return std::nullopt;
+  long long n = 0;
+  for (char ch : text) {
+    if (ch < '0' || ch > '9') return std::nullopt;
+    n = n * 10 + (ch - '0');
+  }
+  if (n < lowest || n > 2000000000) return std::nullopt;
+  return int(n);
+}
+
+}  // namespace
+
+std::optional<int> parseJobs(Arguments& args, bool& ok) {
+  std::string jobs;
+  bool hasJobs = false;
+  ok = takeOption(args, "--jobs", jobs, hasJobs);
+  if (!ok || !hasJobs) return std::nullopt;
+  const auto n = wholeNumber(jobs, 1);
+  if (!n || *n > 1024) {
+    std::cerr << "tessaly-cli: --jobs needs a whole number from 1 to 1024\n";
+    ok = false;
+  }
+  return n;
+}
+
+int gradeCommand(const Arguments& arguments) {
+  Arguments args = arguments;
+  bool ok = true;
+  const auto jobs = parseJobs(args, ok);
+  if (!ok) return usageError("");
+  if (args.empty()) return usageError("a puzzle file is needed");
+  if (args.size() > 2) return usageError("unexpected argument '" + args[2] + "'");
+  const std::string& file = args[0];
+  if (args.size() == 1) {
+    if (file != "-" && !requireFile(file)) return kExitUsage;
+    return runBatch(file, jobs.value_or(0));
+  }
+  const auto number = wholeNumber(args[1], 1);
+  if (!number) return usageError("the puzzle number must be 1 or more");
+  if (!requireFile(file)) return kExitUsage;
+  const CollectionScan scan = scanCollection(file);
+  if (scan.problem == CollectionScan::Problem::TooLarge || scan.problem == CollectionScan::Problem::Binary) {
+    std::cerr << "tessaly-cli: " << collectionProblemText(scan, file) << '\n';
+    return kExitUsage;
+  }
+  const int total = scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
+  if (*number > total) {
+    std::cerr << "tessaly-cli: puzzle " << *number << " not found; " << file << " holds " << total << " puzzles\n";
+    return kExitUsage;
+  }
+  const PuzzleRowsRead read = readPuzzleRows(file, *number);
+  if (read.status != PuzzleRowsRead::Status::Found) {
+    std::cerr << "tessaly-cli: puzzle " << *number << " of " << file << " is incomplete or unreadable\n";
+    return kExitUsage;
+  }
+  std::string cells;
+  for (const std::string& row : read.rows) {
+    std::string part = row.substr(0, 9);
+    part.resize(9, '0');
+    cells += part;
+  }
+  if (!bitgrid::givens(cells)) {
+    std::cerr << "tessaly-cli: puzzle " << *number << " of " << file << ": a given repeats in a row, column or box\n";
+    return kExitUsage;
+  }
+  const PuzzleGrade grade = gradePuzzle(cells);
+  if (!grade.graded()) {
+    std::cout << "- (no solution)\n";
+    return kExitOk;
+  }
+  std::cout << grade.grade << ' ' << gradeName(grade.grade) << '\n';
+  return kExitOk;
+}
+
+}  // namespace tessaly::cli

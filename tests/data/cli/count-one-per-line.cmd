@@ -1,0 +1,2 @@
+# a one-per-line file counts its good lines
+count lines.txt

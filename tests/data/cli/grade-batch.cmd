@@ -1,0 +1,2 @@
+# every puzzle of a one-per-line file, in input order
+grade mixed.txt

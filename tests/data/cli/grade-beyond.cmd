@@ -1,0 +1,2 @@
+# a puzzle number beyond the collection
+grade @DATA@/puzzles/hardest.sud 12

@@ -1,0 +1,2 @@
+# a binary file is refused
+grade prog.bin

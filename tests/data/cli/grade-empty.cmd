@@ -1,0 +1,2 @@
+# an empty file holds no puzzles
+grade empty.txt

@@ -1,0 +1,2 @@
+# every puzzle of a collection file
+grade @DATA@/puzzles/hardest.sud

@@ -1,0 +1,125 @@
+// Collections in the one-per-line and single-grid forms, and puzzle text.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "model/CollectionFile.h"
+#include "support/TestSupport.h"
+
+namespace tessaly {
+namespace {
+using test::TempDir;
+
+const std::string kA = "......95....64..7......7.1..38.15..25..87..6...72.....7...5...9.5.....2.3.94.....";
+const std::string kB = "4.....8.5.3..........7......2.....6.....8.4......1.......6.3.7.5..2.....1.4......";
+
+std::string write(const TempDir& dir, const std::string& name, const std::string& content) {
+  const std::string path = dir.file(name);
+  std::ofstream(path, std::ios::binary) << content;
+  return path;
+}
+
+std::string rowsText(const PuzzleRowsRead& read) {
+  std::string text;
+  for (const std::string& row : read.rows) text += row;
+  return text;
+}
+
+std::string zeros(std::string cells) {
+  for (char& ch : cells)
+    if (ch == '.') ch = '0';
+  return cells;
+}
+
+std::string grid(const std::string& cells, const char* lineEnd) {
+  std::string text;
+  for (int r = 0; r < 9; ++r) text += cells.substr(std::size_t(r) * 9, 9) + lineEnd;
+  return text;
+}
+
+TEST(CollectionForms, EachFormCountsReadsAndTellsItsBadLines) {
+  std::string withZeros = kB;
+  std::replace(withZeros.begin(), withZeros.end(), '.', '0');
+  std::string withDashes = kA;
+  std::replace(withDashes.begin(), withDashes.end(), '.', '-');
+  struct Case {
+    const char* name;
+    std::string content;
+    CollectionForm form;
+    int puzzles;
+    std::vector<std::string> expected;  // puzzle 1, 2, ... as rows with "0"
+    std::string problem;
+  };
+  const Case cases[] = {
+      {"lines", "# two puzzles\n" + kA + "\n\n" + withZeros + "\t4 Hard\r\n", CollectionForm::OnePerLine, 2,
+       {zeros(kA), zeros(kB)}, ""},
+      {"dashes", withDashes + " comment\n", CollectionForm::OnePerLine, 1, {zeros(kA)}, ""},
+      {"bad-lines", kA + "\n" + kA.substr(1) + "\n" + kB + "x\n" + kB + "\n", CollectionForm::OnePerLine, 2,
+       {zeros(kA), zeros(kB)}, "2 lines of @ are not puzzles and were skipped, the first is line 2"},
+      {"grid", "\n" + grid(kA, "\r\n") + "\n", CollectionForm::SingleGrid, 1, {zeros(kA)}, ""},
+      {"grid-short", grid(kA, "\n").substr(10), CollectionForm::SingleGrid, 0, {},
+       "Line 8 of @ does not fit a grid of nine lines of nine cells; the file was not read"},
+      {"numbered", "#1\r\n" + grid(kB, "\r\n"), CollectionForm::Numbered, 1, {zeros(kB)}, ""},
+  };
+  TempDir dir;
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::string path = write(dir, c.name, c.content);
+    const CollectionScan scan = scanCollection(path);
+    EXPECT_EQ(scan.problem, CollectionScan::Problem::None);
+    EXPECT_EQ(scan.form, c.form);
+    EXPECT_EQ(countPuzzles(path), c.puzzles);
+    std::string problem = c.problem;
+    if (auto at = problem.find('@'); at != std::string::npos) problem.replace(at, 1, path);
+    EXPECT_EQ(collectionProblemText(scan, path), problem);
+    for (std::size_t n = 0; n < c.expected.size(); ++n) {
+      const PuzzleRowsRead read = readPuzzleRows(path, int(n) + 1);
+      EXPECT_EQ(read.status, PuzzleRowsRead::Status::Found);
+      EXPECT_EQ(rowsText(read), c.expected[n]);
+    }
+    EXPECT_EQ(readPuzzleRows(path, c.puzzles + 1).status, PuzzleRowsRead::Status::NotFound);
+  }
+}
+
+TEST(CollectionForms, BinaryAndOversizedFilesAreRefusedWithAMessage) {
+  TempDir dir;
+  const std::string binary = write(dir, "binary", std::string("\x7f" "ELF\0\0\1", 7) + kA);
+  EXPECT_EQ(scanCollection(binary).problem, CollectionScan::Problem::Binary);
+  EXPECT_EQ(collectionProblemText(scanCollection(binary), binary), binary + " is not a text file of puzzles");
+  EXPECT_EQ(countPuzzles(binary), 0);
+
+  const std::string large = dir.file("large");
+  {
+    std::ofstream out(large, std::ios::binary);
+    out.seekp(kMaxCollectionBytes);
+    out.put('\n');
+  }
+  EXPECT_EQ(scanCollection(large).problem, CollectionScan::Problem::TooLarge);
+  EXPECT_EQ(collectionProblemText(scanCollection(large), large),
+            large + " is too large to read as a puzzle collection (more than 64 MB)");
+  EXPECT_EQ(readPuzzleRows(large, 1).status, PuzzleRowsRead::Status::Unreadable);
+}
+
+TEST(PuzzleText, OneLineOrNineLinesElseAReason) {
+  const std::pair<std::string, std::string> cases[] = {  // text, puzzle or "!" + error
+      {kA, kA},
+      {"  " + kA + "  \n\n", kA},
+      {"\n" + grid(kA, "\n"), kA},
+      {grid(kA, "\r\n"), kA},
+      {"", "!The text holds no puzzle."},
+      {kA.substr(1), "!A puzzle on one line has 81 cells; this line has 80 characters."},
+      {kA + "1", "!A puzzle on one line has 81 cells; this line has 82 characters."},
+      {"x" + kA.substr(1), "!A puzzle line holds only the digits 1 to 9 and \".\", \"0\" or \"-\" for a blank."},
+      {grid(kA, "\n").substr(10), "!A puzzle is one line of 81 cells or nine lines of nine cells; the text has 8 lines."},
+      {"1234567890\n" + grid(kA, "\n").substr(10), "!Line 1 is not a row of nine cells (digits 1 to 9, \".\", \"0\" or \"-\")."},
+  };
+  for (const auto& [text, expected] : cases) {
+    const PuzzleTextParse parse = parsePuzzleText(text);
+    EXPECT_EQ(parse.ok() ? parse.puzzle : "!" + parse.error, expected) << text;
+  }
+}
+
+}  // namespace
+}  // namespace tessaly
