@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "model/GridTables.h"
@@ -257,11 +258,11 @@ ManualPage::~ManualPage() {
 }
 
 int ManualPage::manualKeyCode(int key, Qt::KeyboardModifiers modifiers) {
+  // A key held with Ctrl, Alt or Meta belongs to a shortcut, not to the grid.
+  if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
   if (key == Qt::Key_Delete) return ManualPlay::kDeleteKey;
-  // The numeric pad sends the same keys with the keypad modifier; only the
-  // digits of the main keyboard count.
-  if (key >= Qt::Key_1 && key <= Qt::Key_9 && !(modifiers & Qt::KeypadModifier))
-    return ManualPlay::kDigitKey1 + (key - Qt::Key_1);
+  // The digits of the numeric pad count as well as those of the main keyboard.
+  if (key >= Qt::Key_1 && key <= Qt::Key_9) return ManualPlay::kDigitKey1 + (key - Qt::Key_1);
   return 0;
 }
 
@@ -309,13 +310,15 @@ void ManualPage::refreshFromSession() {
 }
 
 void ManualPage::endExplanationHighlight() {
-  if (!m_explainedBox) return;
-  const int box = m_explainedBox;
-  m_explainedBox = 0;
-  m_play->unhighlightBox(box);
-  // The selected cell keeps its colours when the box around it goes back.
+  const ExplainedAreas areas = std::exchange(m_explained, ExplainedAreas{});
+  if (!areas.box) return;
+  m_play->unhighlightBox(areas.box);
+  for (int cell : areaCells(AreaKind::Row, areas.row)) paint(cell, ManualPaint::BoxNormal);
+  for (int cell : areaCells(AreaKind::Col, areas.col)) paint(cell, ManualPaint::BoxNormal);
+  // The selected cell keeps its colours when the areas around it go back.
   const int selected = m_play->highlightedCell;
-  if (isCell(selected) && CellBox[selected] == box) paint(selected, ManualPaint::Selected);
+  if (isCell(selected) && (CellBox[selected] == areas.box || CellRow[selected] == areas.row || CellCol[selected] == areas.col))
+    paint(selected, ManualPaint::Selected);
 }
 
 // --- the grid's events
@@ -374,11 +377,13 @@ void ManualPage::onCandidateClicked(int cell) {
   const CandidateExplanation explanation = explainCandidates(m_session, cell);
   m_explanation->clear();
   for (const std::string& line : explanation.lines) m_explanation->addItem(qt(line));
-  // The areas the explanation refers to: the cell's box stands out until the
-  // next explanation or the next click on the grid.
+  // The areas the explanation refers to: the cell's row, column and box stand
+  // out until the next explanation or the next click on the grid.
   if (explanation.box) {
     m_play->highlightBox(explanation.box);
-    m_explainedBox = explanation.box;
+    for (int c : areaCells(AreaKind::Row, explanation.row)) paint(c, ManualPaint::BoxHighlight);
+    for (int c : areaCells(AreaKind::Col, explanation.col)) paint(c, ManualPaint::BoxHighlight);
+    m_explained = {explanation.row, explanation.col, explanation.box};
   }
   if (m_onGridChanged) m_onGridChanged();
 }
