@@ -22,6 +22,6 @@ cp "$program" "$place/"
 for tab in autosolve create manual; do
   # Each picture starts from the shipped state: no configuration left by the one before.
   rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
-  (cd "$place" && xvfb-run -a -s "-screen 0 1600x1200x24" ./tessaly --screenshot "$tab" "$top/docs/$tab.png")
+  (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "$tab" "$top/docs/$tab.png")
   echo "docs/$tab.png"
 done

@@ -24,7 +24,7 @@ constexpr int kSmallestCell = 8;
 int cellGap(int side) { return std::max(1, side / 16); }
 int boxPadding(int side) { return std::max(3, side / 6); }
 int boxSpacing(int side) { return std::max(3, side / 6); }
-int countWidth(int side) { return std::max(8, side * 3 / 4); }
+int countWidth(int side) { return std::max(8, side / 2); }
 int boxSide(int side) { return kSide * side + (kSide - 1) * cellGap(side) + 2 * boxPadding(side); }
 constexpr int kMargin = 2;  ///< around the whole board, room for the focus frame
 
@@ -32,8 +32,9 @@ constexpr int kMargin = 2;  ///< around the whole board, room for the focus fram
 
 BoardView::BoardView(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind) {
   setMouseTracking(true);
-  setAutoFillBackground(true);
-  setAttribute(Qt::WA_OpaquePaintEvent, false);
+  // The board paints its own background, and only under the boxes: the rest of
+  // the widget shows what lies behind it.
+  setAutoFillBackground(false);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   // The value grid takes the keyboard (the digits and arrows of manual play);
   // the candidate display only answers the pointer.
@@ -71,7 +72,7 @@ int BoardView::minimumCellSide() const {
   // A digit of the value grid, or three of the candidate display side by side,
   // must stay readable in the widget's font.
   const QFontMetrics metrics(font());
-  return m_kind == Kind::Values ? metrics.height() * 4 / 3 : metrics.horizontalAdvance("999") * 5 / 4;
+  return m_kind == Kind::Values ? metrics.height() * 4 / 3 : metrics.horizontalAdvance("999") + 4;
 }
 
 QSize BoardView::minimumSizeHint() const { return boardSize(minimumCellSide()); }
@@ -113,7 +114,7 @@ void BoardView::layOut() {
   m_cellFont = font();
   m_cellFont.setPixelSize(std::max(4, m_kind == Kind::Values ? side * 3 / 5 : side * 3 / 10));
   m_countFont = font();
-  m_countFont.setPixelSize(std::max(4, std::min(side * 9 / 20, count * 3 / 5)));
+  m_countFont.setPixelSize(std::max(4, std::min(side * 9 / 20, count * 4 / 5)));
 }
 
 int BoardView::cellAt(const QPoint& point) const {
@@ -134,6 +135,7 @@ int BoardView::boxFrameAt(const QPoint& point) const {
 void BoardView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect dirty = event->rect();
+  if (m_kind == Kind::Values) painter.fillRect(m_boardRect & dirty, palette().color(QPalette::Window));
   QColor frame = palette().color(QPalette::WindowText);
   frame.setAlpha(160);
   painter.setPen(frame);

@@ -6,6 +6,8 @@
 // when that changes, so a solve that redraws after every step stays cheap.
 //
 // The view draws and hit-tests; what a click means is the cell board's business.
+// The value grid fills the board with its palette's window colour; the
+// candidate display shows the frame around it through.
 
 #include <QColor>
 #include <QFont>

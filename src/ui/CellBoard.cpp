@@ -39,8 +39,10 @@ CellBoard::CellBoard(const Session& session, const ColourScheme& scheme, QWidget
   m_grid->setHorizontalAlignment(Qt::AlignRight);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(m_grid, 1);
-  layout->addWidget(createCandidateDisplay(), 1);
+  // Shares of the width in proportion to what each board needs for the same
+  // cell size: the candidate display also holds the box counts and its frame.
+  layout->addWidget(m_grid, 10);
+  layout->addWidget(createCandidateDisplay(), 12);
 
   connect(m_grid, &BoardView::cellPressed, this, [this](int index, Qt::MouseButton) { m_selectedCell = index + 1; });
   connect(m_grid, &BoardView::cellReleased, this,
@@ -63,8 +65,6 @@ QGroupBox* CellBoard::createCandidateDisplay() {
   m_candidateView = new BoardView(BoardView::Kind::Candidates, m_candidates);
   m_candidateView->setObjectName(names::PosVals);
   m_candidateView->setHorizontalAlignment(Qt::AlignLeft);
-  // The frame's background shows through.
-  m_candidateView->setAutoFillBackground(false);
   auto* hint = new QLabel(BoardView::kBoxCountHint, m_candidates);
   hint->setObjectName(names::BoxMissingCountCaption);
   hint->setWordWrap(true);
@@ -189,6 +189,7 @@ CellBoard::Colours CellBoard::candidateColours(int cell) const {
 void CellBoard::refreshFromSession() {
   const PuzzleGrid& grid = m_session.grid;
   paintBackground(m_grid, m_scheme.candidateBack);
+  m_grid->setAutoFillBackground(false);  // the view fills the board alone
   paintBackground(m_candidates, m_scheme.candidateFrameBack);
   for (int cell = 1; cell <= kCells; ++cell) {
     const Cell& c = grid[cell];

@@ -43,6 +43,7 @@ constexpr int kLogMinimumLines = 4;
 constexpr double kScreenShare = 0.9;
 constexpr const char* kGeometryKey = "MainWindow/geometry";
 constexpr const char* kSplitterKey = "MainWindow/%1";
+constexpr const char* kPageWidthsKey = "MainWindow/pageWidths";
 }  // namespace
 
 MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
@@ -118,7 +119,7 @@ QWidget* MainWindow::createCentralWidget() {
   m_board = new CellBoard(m_session, m_scheme, right);
   rightLayout->addWidget(m_board, 1);
 
-  auto* boardSplitter = new QSplitter(Qt::Horizontal, central);
+  auto* boardSplitter = m_boardSplitter = new QSplitter(Qt::Horizontal, central);
   boardSplitter->setObjectName(names::BoardSplitter);
   boardSplitter->addWidget(left);
   boardSplitter->addWidget(right);
@@ -132,6 +133,7 @@ QWidget* MainWindow::createCentralWidget() {
   m_status = new QLabel(bottom);
   m_status->setObjectName(names::MesLab);
   m_status->setAutoFillBackground(true);
+  m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   bottomLayout->addWidget(m_status);
   m_log = new EventLogView(m_session.log, bottom);
   m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kLogMinimumLines);
@@ -147,6 +149,8 @@ QWidget* MainWindow::createCentralWidget() {
   layout->addWidget(logSplitter, 1);
 
   connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { tabSelected(index); });
+  connect(m_stack, &QStackedWidget::currentChanged, this, [this](int index) { fitLeftColumn(index); });
+  fitLeftColumn(m_stack->currentIndex());
   return central;
 }
 
@@ -230,6 +234,24 @@ void MainWindow::fitToScreen() {
   resize(sizeHint().boundedTo(room).expandedTo(minimumSizeHint()));
 }
 
+void MainWindow::fitLeftColumn(int page) {
+  if (page < 0 || page >= int(m_pageWidths.size())) return;
+  for (int i = 0; i < m_stack->count(); ++i) {
+    const auto policy = i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+    m_stack->widget(i)->setSizePolicy(policy, policy);
+  }
+  m_stack->updateGeometry();
+  QList<int> sizes = m_boardSplitter->sizes();
+  const int total = sizes.value(0) + sizes.value(1);
+  if (m_shownPage >= 0 && total > 0) m_pageWidths[std::size_t(m_shownPage)] = sizes[0];
+  m_shownPage = page;
+  if (total <= 0) return;  // not laid out yet: the splitter starts from the natural widths
+  QWidget* left = m_boardSplitter->widget(0);
+  const int wanted = m_pageWidths[std::size_t(page)] > 0 ? m_pageWidths[std::size_t(page)] : left->sizeHint().width();
+  const int width = std::clamp(wanted, left->minimumSizeHint().width(), total - m_boardSplitter->widget(1)->minimumSizeHint().width());
+  m_boardSplitter->setSizes({width, total - width});
+}
+
 void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
   m_settings = std::move(settings);
   if (!m_settings) return;
@@ -238,11 +260,20 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
   for (QSplitter* splitter : findChildren<QSplitter*>())
     if (!splitter->objectName().isEmpty())
       splitter->restoreState(m_settings->value(QString(kSplitterKey).arg(splitter->objectName())).toByteArray());
+  const QVariantList widths = m_settings->value(kPageWidthsKey).toList();
+  for (std::size_t i = 0; i < m_pageWidths.size() && i < std::size_t(widths.size()); ++i)
+    m_pageWidths[i] = std::max(0, widths[qsizetype(i)].toInt());
+  m_shownPage = -1;  // the left column takes the remembered width of the page shown
+  fitLeftColumn(m_stack->currentIndex());
 }
 
 void MainWindow::saveLayout() {
   if (!m_settings) return;
   m_settings->setValue(kGeometryKey, saveGeometry());
+  fitLeftColumn(m_stack->currentIndex());  // takes in the shown page's width
+  QVariantList widths;
+  for (int width : m_pageWidths) widths << width;
+  m_settings->setValue(kPageWidthsKey, widths);
   for (const QSplitter* splitter : findChildren<QSplitter*>())
     if (!splitter->objectName().isEmpty())
       m_settings->setValue(QString(kSplitterKey).arg(splitter->objectName()), splitter->saveState());

@@ -26,6 +26,7 @@ class QAction;
 class QLabel;
 class QPrinter;
 class QSettings;
+class QSplitter;
 class QProgressBar;
 class QStackedWidget;
 class QTabBar;
@@ -112,6 +113,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   void connectBoard();
   /// A first size that shows everything and fits the screen.
   void fitToScreen();
+  /// Sizes the left column for page 0..2 as it is shown: only that page counts
+  /// for the column's size, and each page keeps its own splitter position.
+  void fitLeftColumn(int page);
 
   void openFile();
   void printReport(bool includeLog);
@@ -133,6 +137,10 @@ class MainWindow : public QMainWindow, public CommandHost {
 
   QTabBar* m_tabs = nullptr;
   QStackedWidget* m_stack = nullptr;
+  QSplitter* m_boardSplitter = nullptr;
+  /// The width of the left column for each page as last shown, 0 for its natural width.
+  std::array<int, 3> m_pageWidths{};
+  int m_shownPage = -1;
   std::array<TabPage*, 3> m_pages{};
   AutoSolveTab* m_autoSolve = nullptr;
   PuzzleFrame* m_puzzleFrame = nullptr;

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -24,6 +25,7 @@
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
 #include "ui/ObjectNames.h"
+#include "ui/Shortcuts.h"
 #include "ui/WidgetColours.h"
 
 namespace tessaly {
@@ -34,8 +36,10 @@ constexpr const char* kInstructions =
     "Place values in the grid manually:\n"
     "Left-click on a cell and enter a value, or\n"
     "Double-click on a cell and select a value from dropdown list";
-constexpr std::array<const char*, 7> kHintCaptions = {"Rule 1", "Rule 2", "Rule 3", "Rule 4",
-                                                      "Rule 5", "Rule 6", "All rules"};
+constexpr std::array<const char*, 7> kHintCaptions = {"Rule &1", "Rule &2", "Rule &3", "Rule &4",
+                                                      "Rule &5", "Rule &6", "&All rules"};
+/// The hint buttons stand three a row, so the column stays narrow.
+constexpr int kHintColumns = 3;
 /// The fixed red of a refused placement (basic colour 4 of the 16-colour palette).
 const QColor kRefusedRed(128, 0, 0);
 /// Lines of a column summary: nine digits, one a line.
@@ -105,6 +109,7 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   buildChoicesMenu();
   // Left: placing by hand. Right: hints and explanations.
   auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
   layout->addLayout(buildPlacingColumn());
   layout->addLayout(buildHintColumn(), 1);
   refreshFromSession();
@@ -114,6 +119,7 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   m_instructions = new QLabel(kInstructions, this);
   m_instructions->setObjectName(names::ManualInstructions);
+  m_instructions->setWordWrap(true);
 
   auto* choiceCaption = new QLabel("Choices for the selected cell:", this);
   m_cellChoice = new QLabel(this);
@@ -133,6 +139,9 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   colFrame->setObjectName(names::PossibleInColFrame);
   auto* colLayout = new QGridLayout(colFrame);
   const QFontMetrics metrics(fixed);
+  // Nine narrow columns close together keep the frame no wider than the rows'.
+  colLayout->setHorizontalSpacing(metrics.horizontalAdvance('0') / 2);
+  rowLayout->setHorizontalSpacing(metrics.horizontalAdvance('0'));
   for (int n = 1; n <= 9; ++n) {
     auto* rowNumber = new QLabel(QString::number(n), rowFrame);
     auto* row = new QLabel(rowFrame);
@@ -201,19 +210,21 @@ QBoxLayout* ManualPage::buildHintColumn() {
   for (int k = 0; k < int(m_hintButtons.size()); ++k) {
     auto* button = new QPushButton(kHintCaptions[std::size_t(k)], hintFrame);
     button->setObjectName(QString(names::GetHint_N).arg(k));
-    button->setToolTip(k == kAllRulesHint ? "What Rules 1 to 6 deduce from the grid as it stands"
-                                          : QString("What Rule %1 deduces from the grid as it stands").arg(k + 1));
-    hintButtons->addWidget(button, k / 4, k % 4);
+    // Ctrl+1 to Ctrl+6 for the rules, Ctrl+7 for all of them.
+    addShortcut(button, QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + k)),
+                k == kAllRulesHint ? "What Rules 1 to 6 deduce from the grid as it stands"
+                                   : QString("What Rule %1 deduces from the grid as it stands").arg(k + 1));
+    hintButtons->addWidget(button, k / kHintColumns, k % kHintColumns);
     connect(button, &QPushButton::clicked, this, [this, k] {
       run([this, k] { runRuleHint(m_session, k, m_play.get()); });
       m_hints->scrollToTop();
     });
     m_hintButtons[std::size_t(k)] = button;
   }
-  m_cellHint = new QPushButton("Cell hint", hintFrame);
+  m_cellHint = new QPushButton("&Cell hint", hintFrame);
   m_cellHint->setObjectName(names::CellHint);
-  m_cellHint->setToolTip("Select the cell with the fewest choices");
-  hintButtons->addWidget(m_cellHint, 1, 3);
+  addShortcut(m_cellHint, QKeySequence(Qt::CTRL | Qt::Key_H), "Select the cell with the fewest choices");
+  hintButtons->addWidget(m_cellHint, kAllRulesHint / kHintColumns, kAllRulesHint % kHintColumns + 1);
   m_hints = new QListWidget(hintFrame);
   m_hints->setObjectName(names::Hints);
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
@@ -229,14 +240,29 @@ QBoxLayout* ManualPage::buildHintColumn() {
 
   m_pointer = new QLabel(this);
   m_pointer->setObjectName(names::PointerReadout);
+  // Long read-outs wrap rather than widen the window.
+  m_pointer->setWordWrap(true);
+  m_pointer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   m_explanation = new QListWidget(this);
   m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");
+  m_explanation->setWordWrap(true);
 
+  // The hints over the explanation, across a splitter the user can move.
+  auto* explained = new QWidget(this);
+  auto* explainedLayout = new QVBoxLayout(explained);
+  explainedLayout->setContentsMargins(0, 0, 0, 0);
+  explainedLayout->addWidget(m_pointer);
+  explainedLayout->addWidget(m_explanation, 1);
+  auto* splitter = new QSplitter(Qt::Vertical, this);
+  splitter->setObjectName(names::HintSplitter);
+  splitter->setChildrenCollapsible(false);
+  splitter->addWidget(hintFrame);
+  splitter->addWidget(explained);
+  splitter->setStretchFactor(0, 1);
+  splitter->setStretchFactor(1, 1);
   auto* right = new QVBoxLayout;
-  right->addWidget(hintFrame, 2);
-  right->addWidget(m_pointer);
-  right->addWidget(m_explanation, 1);
+  right->addWidget(splitter);
   return right;
 }
 

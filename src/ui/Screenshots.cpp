@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QScreen>
 #include <QTabBar>
 #include <QTimer>
 
@@ -34,6 +35,9 @@ void selectTab(MainWindow& window, int index) {
 
 void scheduleScreenshot(MainWindow& window, Session& session, const std::string& tab, const std::string& file) {
   const std::string collection = session.appDir + "Puzzles.sud";
+  // The picture shows the window filling the screen, as a user of a small
+  // screen would have it.
+  if (const QScreen* screen = window.screen()) window.setGeometry(screen->availableGeometry());
   QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
     if (tab == "create") {
       selectTab(window, 1);
