@@ -165,8 +165,11 @@ void MainWindow::createPages(QStackedWidget* stack) {
       m_board->clearOverlayColours(cell);
     m_board->refreshFromSession();
   };
-  m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack),
-             new ManualTab(m_session, *this, paintManual, stack)};
+  auto* manual = new ManualTab(m_session, *this, paintManual, stack);
+  // A cell selected from the move list, a hint line or the cell hint takes the
+  // digits typed next: the grid gets the keyboard.
+  connect(manual->page(), &ManualPage::cellSelected, this, [this] { m_board->grid()->setFocus(Qt::OtherFocusReason); });
+  m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack), manual};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }
 

@@ -312,6 +312,8 @@ void ManualPage::run(std::function<void()> command) {
 void ManualPage::afterCommand() {
   refreshFromSession();
   if (m_onGridChanged) m_onGridChanged();
+  if (const int selected = m_play->selectedCell; selected != std::exchange(m_shownSelection, selected) && isCell(selected))
+    emit cellSelected(selected);
 }
 
 void ManualPage::prepare() {

@@ -84,6 +84,11 @@ class ManualPage : public QWidget {
   /// any key held with Ctrl, Alt or Meta).
   static int manualKeyCode(int key, Qt::KeyboardModifiers modifiers);
 
+ signals:
+  /// A command selected another cell (a click on the grid, the move list or a
+  /// hint line, the cell hint, an arrow key): the digits typed next are meant for it.
+  void cellSelected(int cell);
+
  public slots:
   /// A click on value box `cell` 1..81.
   void onCellClicked(int cell);
@@ -132,6 +137,7 @@ class ManualPage : public QWidget {
     int row = 0, col = 0, box = 0;
   };
   ExplainedAreas m_explained;
+  int m_shownSelection = 0;  ///< the selected cell as last told by cellSelected
 
   QLabel* m_instructions = nullptr;
   QLabel* m_cellChoice = nullptr;

@@ -109,6 +109,10 @@ TEST_F(LayoutTest, TheDialogsFitASmallScreenAndEscapeClosesThem) {
     EXPECT_FALSE(dialog->isVisible()) << dialog->objectName().toStdString();
   }
   EXPECT_EQ(grid.answer(), "N");
+  action("mnuAbout")->trigger();
+  const QPointer<QWidget> about = child("AboutBox");
+  QTest::keyClick(about, Qt::Key_Escape);
+  EXPECT_TRUE(!about || !about->isVisible());
 }
 
 TEST_F(LayoutTest, TheBoardGrowsWithTheWindowAndKeepsItsCellsSquare) {
@@ -163,6 +167,10 @@ TEST_F(LayoutTest, KeysPlaceDigitsOnlyWhileTheGridHasTheFocus) {
   QTest::keyClick(child("Grid"), Qt::Key_Right);
   QTest::keyClick(child("Grid"), Qt::Key_8);
   EXPECT_EQ(lines(child<QListWidget>("LogManual")), (std::vector<std::string>{"C01 = 4", "C02 = 8"}));
+  // A cell chosen by the cell hint takes the digits typed next.
+  child("PuzNumNow")->setFocus();
+  click("CellHint");
+  EXPECT_EQ(window->focusWidget(), child("Grid"));
   child<QLineEdit>("PuzNumNow")->selectAll();  // Enter in the box reads the puzzle typed
   QTest::keyClicks(child("PuzNumNow"), "12");
   QTest::keyClick(child("PuzNumNow"), Qt::Key_Return);
