@@ -2,6 +2,8 @@
 # Makes the README's pictures of the window (docs/*.png) on a virtual display:
 # a stepped solve in progress, a new puzzle on the Create tab, and a puzzle
 # partly played by hand. Run it after ./run or ./test has built the program.
+# The virtual screen is 1366x768, a small laptop's: the script fails when a tab
+# needs more room than that.
 #
 # The program is copied with its shipped data into a neutral folder,
 # /tmp/Tessaly, and started from there, so the pictures show that folder and

@@ -7,6 +7,7 @@
 
 #include "model/Session.h"
 #include "ui/ColourScheme.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/WidgetColours.h"
 
@@ -71,6 +72,7 @@ QGroupBox* CellBoard::createCandidateDisplay() {
   QFont small = hint->font();
   small.setPointSizeF(small.pointSizeF() * 0.85);
   hint->setFont(small);
+  reserveLines(hint, 2);
   auto* layout = new QVBoxLayout(m_candidates);
   layout->addWidget(m_candidateView, 1);
   layout->addWidget(hint);

@@ -243,7 +243,14 @@ void MainWindow::fitLeftColumn(int page) {
     const auto policy = i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored;
     m_stack->widget(i)->setSizePolicy(policy, policy);
   }
-  m_stack->updateGeometry();
+  // The new minimum reaches the window at once, which grows if it must: a
+  // splitter on the way does not pass a child's new size on by itself.
+  for (QWidget* w = m_stack; w; w = w->parentWidget()) {
+    if (w->layout()) w->layout()->invalidate();
+    w->updateGeometry();
+    if (w == this) break;
+  }
+  if (layout()) layout()->activate();
   QList<int> sizes = m_boardSplitter->sizes();
   const int total = sizes.value(0) + sizes.value(1);
   if (m_shownPage >= 0 && total > 0) m_pageWidths[std::size_t(m_shownPage)] = sizes[0];

@@ -24,6 +24,7 @@
 #include "play/Hints.h"
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/Shortcuts.h"
 #include "ui/WidgetColours.h"
@@ -120,6 +121,7 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   m_instructions = new QLabel(kInstructions, this);
   m_instructions->setObjectName(names::ManualInstructions);
   m_instructions->setWordWrap(true);
+  reserveLines(m_instructions, 4);
 
   auto* choiceCaption = new QLabel("Choices for the selected cell:", this);
   m_cellChoice = new QLabel(this);
@@ -243,6 +245,7 @@ QBoxLayout* ManualPage::buildHintColumn() {
   // Long read-outs wrap rather than widen the window.
   m_pointer->setWordWrap(true);
   m_pointer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  reserveLines(m_pointer, 2);
   m_explanation = new QListWidget(this);
   m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");

@@ -6,6 +6,8 @@
 #include <QTabBar>
 #include <QTimer>
 
+#include <iostream>
+
 #include "play/ManualPlay.h"
 #include "solver/SolverEngine.h"
 #include "ui/CreatePage.h"
@@ -20,10 +22,20 @@ constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
 constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
 constexpr int kTickMs = 15;
 
+/// Saves the picture and quits; the exit status is 2 when the tab shown needs
+/// more room than the screen has.
 void saveAndQuit(MainWindow& window, const std::string& file) {
   window.refreshFromSession();
   QApplication::processEvents();
   window.grab().save(QString::fromStdString(file), "PNG");
+  const QSize least = window.minimumSizeHint();
+  const QSize room = window.screen() ? window.screen()->availableGeometry().size() : least;
+  if (least.width() > room.width() || least.height() > room.height()) {
+    std::cerr << "The window needs " << least.width() << "x" << least.height() << " but the screen has "
+              << room.width() << "x" << room.height() << "\n";
+    QApplication::exit(2);
+    return;
+  }
   QApplication::quit();
 }
 
