@@ -251,15 +251,22 @@ void MainWindow::fitLeftColumn(int page) {
     if (w == this) break;
   }
   if (layout()) layout()->activate();
-  QList<int> sizes = m_boardSplitter->sizes();
-  const int total = sizes.value(0) + sizes.value(1);
-  if (m_shownPage >= 0 && total > 0) m_pageWidths[std::size_t(m_shownPage)] = sizes[0];
+  notePageWidth();
   m_shownPage = page;
+  const QList<int> sizes = m_boardSplitter->sizes();
+  const int total = sizes.value(0) + sizes.value(1);
   if (total <= 0) return;  // not laid out yet: the splitter starts from the natural widths
-  QWidget* left = m_boardSplitter->widget(0);
-  const int wanted = m_pageWidths[std::size_t(page)] > 0 ? m_pageWidths[std::size_t(page)] : left->sizeHint().width();
-  const int width = std::clamp(wanted, left->minimumSizeHint().width(), total - m_boardSplitter->widget(1)->minimumSizeHint().width());
+  const QWidget* left = m_boardSplitter->widget(0);
+  const int remembered = m_pageWidths[std::size_t(page)];
+  const int least = left->minimumSizeHint().width();
+  const int most = std::max(least, total - m_boardSplitter->widget(1)->minimumSizeHint().width());
+  const int width = std::clamp(remembered > 0 ? remembered : left->sizeHint().width(), least, most);
   m_boardSplitter->setSizes({width, total - width});
+}
+
+void MainWindow::notePageWidth() {
+  const QList<int> sizes = m_boardSplitter->sizes();
+  if (m_shownPage >= 0 && sizes.value(0) > 0 && sizes.value(1) > 0) m_pageWidths[std::size_t(m_shownPage)] = sizes[0];
 }
 
 void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
@@ -280,7 +287,7 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
 void MainWindow::saveLayout() {
   if (!m_settings) return;
   m_settings->setValue(kGeometryKey, saveGeometry());
-  fitLeftColumn(m_stack->currentIndex());  // takes in the shown page's width
+  notePageWidth();
   QVariantList widths;
   for (int width : m_pageWidths) widths << width;
   m_settings->setValue(kPageWidthsKey, widths);

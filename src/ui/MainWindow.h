@@ -116,6 +116,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   /// Sizes the left column for page 0..2 as it is shown: only that page counts
   /// for the column's size, and each page keeps its own splitter position.
   void fitLeftColumn(int page);
+  /// Takes the left column's width for the page shown.
+  void notePageWidth();
 
   void openFile();
   void printReport(bool includeLog);

@@ -315,8 +315,8 @@ void ManualPage::run(std::function<void()> command) {
 void ManualPage::afterCommand() {
   refreshFromSession();
   if (m_onGridChanged) m_onGridChanged();
-  if (const int selected = m_play->selectedCell; selected != std::exchange(m_shownSelection, selected) && isCell(selected))
-    emit cellSelected(selected);
+  const int selected = m_play->selectedCell;
+  if (selected != std::exchange(m_shownSelection, selected) && isCell(selected)) emit cellSelected(selected);
 }
 
 void ManualPage::prepare() {
@@ -348,7 +348,8 @@ void ManualPage::endExplanationHighlight() {
   for (int cell : areaCells(AreaKind::Col, areas.col)) paint(cell, ManualPaint::BoxNormal);
   // The selected cell keeps its colours when the areas around it go back.
   const int selected = m_play->highlightedCell;
-  if (isCell(selected) && (CellBox[selected] == areas.box || CellRow[selected] == areas.row || CellCol[selected] == areas.col))
+  if (isCell(selected) &&
+      (CellBox[selected] == areas.box || CellRow[selected] == areas.row || CellCol[selected] == areas.col))
     paint(selected, ManualPaint::Selected);
 }
 

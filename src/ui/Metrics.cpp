@@ -16,7 +16,8 @@ int numberBoxWidth(const QLineEdit* box, int characters) {
   option.initFrom(box);
   option.lineWidth = box->hasFrame() ? box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, box) : 0;
   const QFontMetrics metrics = box->fontMetrics();
-  const QSize text(metrics.horizontalAdvance(QString(characters, QLatin1Char('0'))) + 2 * kTextMargin, metrics.height());
+  const int digits = metrics.horizontalAdvance(QString(characters, QLatin1Char('0')));
+  const QSize text(digits + 2 * kTextMargin, metrics.height());
   return box->style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, box).width();
 }
 

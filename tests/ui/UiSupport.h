@@ -40,7 +40,9 @@ inline void click(const QObject* parent, const QString& name, Qt::MouseButton bu
 inline void click(const BoardCell& cell, Qt::MouseButton button = Qt::LeftButton) {
   QTest::mouseClick(cell.view, button, {}, cell.rect.center());
 }
-inline void doubleClick(const BoardCell& cell) { QTest::mouseDClick(cell.view, Qt::LeftButton, {}, cell.rect.center()); }
+inline void doubleClick(const BoardCell& cell) {
+  QTest::mouseDClick(cell.view, Qt::LeftButton, {}, cell.rect.center());
+}
 /// Moves the pointer onto a painted cell, as the mouse would.
 inline void hover(const BoardCell& cell) {
   QMouseEvent move(QEvent::MouseMove, cell.rect.center(), cell.view->mapToGlobal(cell.rect.center()), Qt::NoButton,
@@ -94,8 +96,11 @@ class WindowFixture : public ::testing::Test {
   }
   /// Clicks a widget, or a painted cell of the board, by its name.
   void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
-    if (const BoardCell painted = window->board()->cellAt(name); painted.valid()) return testing::click(painted, button);
-    testing::click(child(name), button);
+    const BoardCell painted = window->board()->cellAt(name);
+    if (painted.valid())
+      testing::click(painted, button);
+    else
+      testing::click(child(name), button);
   }
   /// The background of a widget, or of a painted cell of the board, by its name.
   QColor back(const QString& name) const {
