@@ -2,6 +2,8 @@
 # Makes the README's pictures of the window (docs/*.png) on a virtual display:
 # a stepped solve in progress, a new puzzle on the Create tab, and a puzzle
 # partly played by hand. Run it after ./run or ./test has built the program.
+# The virtual screen is 1366x768, a small laptop's: the script fails when a tab
+# needs more room than that.
 #
 # The program is copied with its shipped data into a neutral folder,
 # /tmp/Tessaly, and started from there, so the pictures show that folder and
@@ -22,6 +24,6 @@ cp "$program" "$place/"
 for tab in autosolve create manual; do
   # Each picture starts from the shipped state: no configuration left by the one before.
   rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
-  (cd "$place" && xvfb-run -a -s "-screen 0 1600x1200x24" ./tessaly --screenshot "$tab" "$top/docs/$tab.png")
+  (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "$tab" "$top/docs/$tab.png")
   echo "docs/$tab.png"
 done

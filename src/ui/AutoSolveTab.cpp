@@ -14,6 +14,7 @@
 #include "ui/CommandHost.h"
 #include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
+#include "ui/Shortcuts.h"
 #include "ui/WidgetColours.h"
 
 namespace tessaly {
@@ -27,18 +28,19 @@ AutoSolveTab::AutoSolveTab(Session& session, CommandHost& host, QWidget* parent)
   outer->addWidget(m_frame);
   outer->addStretch();
 
-  m_start = new QPushButton("Start", m_frame);
+  // F5 to F8 and the underlined letters work the run from the keyboard.
+  m_start = new QPushButton("&Start", m_frame);
   m_start->setObjectName(names::StartCommand);
-  m_start->setToolTip("Solve step by step, explaining each step");
-  m_next = new RightClickButton("Next", m_frame);
+  addShortcut(m_start, QKeySequence(Qt::Key_F5), "Solve step by step, explaining each step");
+  m_next = new RightClickButton("&Next", m_frame);
   m_next->setObjectName(names::NextStepCommand);
-  m_next->setToolTip("Left button: the next step. Right button: run on to the end");
-  m_solve = new QPushButton("Solve", m_frame);
+  addShortcut(m_next, QKeySequence(Qt::Key_F6), "Left button: the next step. Right button: run on to the end");
+  m_solve = new QPushButton("So&lve", m_frame);
   m_solve->setObjectName(names::Solveit);
-  m_solve->setToolTip("Solve the puzzle without pauses");
-  m_pause = new QCheckBox("No pauses", m_frame);
+  addShortcut(m_solve, QKeySequence(Qt::Key_F7), "Solve the puzzle without pauses");
+  m_pause = new QCheckBox("No &pauses", m_frame);
   m_pause->setObjectName(names::PauseCheck);
-  m_pause->setToolTip("Run on without pausing at each step");
+  addShortcut(m_pause, QKeySequence(Qt::Key_F8), "Run on without pausing at each step");
   m_solveAtOnce = new QCheckBox("Solve at once", m_frame);
   m_solveAtOnce->setObjectName(names::Check3);
   m_solveAtOnce->setToolTip("Start solves the puzzle at once, without the explanations");

@@ -1,23 +1,40 @@
 #pragma once
-// The grid of 81 value boxes (`Grid`) beside the candidate display ("Choices
-// for cells": the 81 `PosVals` labels and each box's `BoxMissingCount`). It
-// draws the session's grid; the only state it keeps is how the solver asked
-// cells to be painted, so that a redraw keeps the highlights of a paused step.
+// The grid of value cells (`Grid`) beside the candidate display ("Choices for
+// cells": the candidate cells and each box's `BoxMissingCount`), both painted
+// by a BoardView that scales with the window. The board draws the session's
+// grid; the only state it keeps is how the solver and manual play asked cells
+// to be painted, so that a redraw keeps the highlights of a paused step.
+//
+// The cells keep the names the rest of the program knows them by (Grid_N,
+// PosVals_N, BoxMissingCount_N): `cellAt` answers what each one shows.
 
 #include <QColor>
+#include <QRect>
+#include <QString>
 #include <QWidget>
 #include <array>
 
 #include "model/Interfaces.h"
+#include "ui/BoardView.h"
 
-class QFrame;
 class QGroupBox;
-class QLabel;
 
 namespace tessaly {
 
 class ColourScheme;
 class Session;
+
+/// What one addressable cell of the board shows, as drawn.
+struct BoardCell {
+  QString name;  ///< Grid_<cell - 1>, PosVals_<cell> or BoxMissingCount_<box>
+  QString text;  ///< the digit, the choices ("45") or the count
+  QColor back, fore;
+  bool bold = false;
+  QString toolTip;
+  QRect rect;                   ///< in the coordinates of `view`
+  BoardView* view = nullptr;    ///< the view that draws it; null for an unknown name
+  bool valid() const { return view != nullptr; }
+};
 
 class CellBoard : public QWidget {
   Q_OBJECT
@@ -25,18 +42,28 @@ class CellBoard : public QWidget {
  public:
   CellBoard(const Session& session, const ColourScheme& scheme, QWidget* parent = nullptr);
 
-  /// The value box of cell 1..81 (object name Grid_<cell - 1>).
-  QLabel* valueBox(int cell) const { return m_valueBoxes.at(std::size_t(cell - 1)); }
-  /// The candidate label of cell 1..81 (object name PosVals_<cell>).
-  QLabel* candidateLabel(int cell) const { return m_candidateLabels.at(std::size_t(cell - 1)); }
-  /// The missing-digit count beside box 1..9 (object name BoxMissingCount_<box>).
-  QLabel* boxCount(int box) const { return m_boxCounts.at(std::size_t(box - 1)); }
+  /// The painted value grid (object name Grid); it takes the grid's keys.
+  BoardView* grid() const { return m_grid; }
+  /// The painted candidate cells (object name PosVals).
+  BoardView* candidateView() const { return m_candidateView; }
+  /// The frame "Choices for cells" around the candidate cells and their caption.
   QWidget* candidateDisplay() const;
+
+  /// The value cell of cell 1..81 (Grid_<cell - 1>).
+  BoardCell valueCell(int cell) const;
+  /// The candidate cell of cell 1..81 (PosVals_<cell>).
+  BoardCell candidateCell(int cell) const;
+  /// The missing-digit count beside box 1..9 (BoxMissingCount_<box>).
+  BoardCell boxCount(int box) const;
+  /// A cell by its name; not valid() when the board has none of that name.
+  BoardCell cellAt(const QString& name) const;
+  /// The side of a value cell in pixels.
+  int cellSize() const { return m_grid->cellSize(); }
 
   // --- what the solver asks for (through the window's Display)
   void setPaint(int cell, CellPaint paint);
   CellPaint paint(int cell) const { return m_paints.at(std::size_t(cell - 1)); }
-  /// Every label back to its ordinary colours (singles still stand out).
+  /// Every cell back to its ordinary colours (singles still stand out).
   void clearPaints();
   /// Colours the area given by a non-zero row, column or box, and the cell.
   void highlightArea(int cell, int row, int col, int box);
@@ -44,51 +71,46 @@ class CellBoard : public QWidget {
   bool isAreaHighlighted(int cell) const;
   int highlightedCell() const { return m_highlightCell; }
 
-  /// Colours laid over a value box by manual play (selection, refused marker,
-  /// box highlight); an invalid text colour keeps the ordinary one.
+  /// Colours laid over a value cell by manual play (selection, refused marker,
+  /// area highlight); an invalid text colour keeps the ordinary one.
   void setOverlayColours(int cell, QColor back, QColor text);
   void clearOverlayColours(int cell);
 
-  /// Redraws values, candidates, box counts and colours from the session.
+  /// Redraws values, candidates, box counts and colours from the session; only
+  /// the cells whose looks changed are painted again.
   void refreshFromSession();
 
  signals:
   void valueBoxClicked(int cell, Qt::MouseButton button);
   void valueBoxDoubleClicked(int cell);
-  /// A key pressed while the grid has the focus; the cell is the value box last pressed.
+  /// A key pressed while the grid has the focus; the cell is the value cell last pressed.
   void valueBoxKeyPressed(int cell, int key);
+  /// A key released while the grid has the focus.
+  void gridKeyReleased(int key, Qt::KeyboardModifiers modifiers);
   void candidateLabelClicked(int cell, Qt::MouseButton button);
   void candidateLabelHovered(int cell);
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  /// A click on the frame of box 1..9 of the grid, between or around its cells.
+  void boxFrameClicked(int box);
 
  private:
-  struct Colours {
-    QColor back, text;
-    friend bool operator==(const Colours&, const Colours&) = default;
-  };
+  using Colours = BoardView::Look;
 
-  QFrame* createGrid();
   QGroupBox* createCandidateDisplay();
   Colours valueBoxColours(int cell) const;
   Colours candidateColours(int cell) const;
-  static void paintLabel(QLabel* label, const Colours& colours, Colours& applied);
+  static BoardCell describe(BoardView* view, const QString& name, const BoardView::Look& look, const QRect& rect,
+                            const QString& toolTip);
 
   const Session& m_session;
   const ColourScheme& m_scheme;
-  QFrame* m_grid = nullptr;
+  BoardView* m_grid = nullptr;
+  BoardView* m_candidateView = nullptr;
   QGroupBox* m_candidates = nullptr;
-  std::array<QLabel*, 81> m_valueBoxes{};
-  std::array<QLabel*, 81> m_candidateLabels{};
-  std::array<QLabel*, 9> m_boxCounts{};
   std::array<CellPaint, 81> m_paints{};
   std::array<Colours, 81> m_overlays{};  ///< back invalid: no overlay
-  std::array<Colours, 81> m_valueBoxApplied{};
-  std::array<Colours, 81> m_candidateApplied{};
   // The area highlight: row, column and box numbers (0 for none) and the cell.
   int m_highlightRow = 0, m_highlightCol = 0, m_highlightBox = 0, m_highlightCell = 0;
-  int m_selectedCell = 0;  ///< the value box last pressed, 0 before any
+  int m_selectedCell = 0;  ///< the value cell last pressed, 0 before any
 };
 
 }  // namespace tessaly

@@ -16,6 +16,7 @@
 #include "model/Session.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
 #include "ui/TemplateDialog.h"
@@ -28,7 +29,7 @@ namespace {
 constexpr const char* kOptionProperty = "distribution";
 constexpr const char* kDefaultBlanks = "45";
 constexpr const char* kDefaultBatch = "5";
-constexpr int kNumberBoxWidth = 60;
+constexpr int kNumberBoxDigits = 4;  ///< the widest number the box is made for
 
 const std::array<const char*, 4> kOptionCaptions = {"Mirror", "by Box", "Random", "Manual"};
 const std::array<const char*, 4> kOptionHints = {
@@ -65,7 +66,7 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   auto* blanksLabel = new QLabel("Number of blanks", this);
   m_totBlanks = new QLineEdit(kDefaultBlanks, this);
   m_totBlanks->setObjectName(names::TotBlanks);
-  m_totBlanks->setFixedWidth(kNumberBoxWidth);
+  m_totBlanks->setFixedWidth(numberBoxWidth(m_totBlanks, kNumberBoxDigits));
   m_totBlanks->setToolTip(QString("From %1 to %2").arg(kMinBlanks).arg(kMaxBlanks));
   blanksLabel->setBuddy(m_totBlanks);
 
@@ -88,6 +89,7 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   m_hint = new QLabel(m_distributionFrame);
   m_hint->setObjectName(names::DistributionHint);
   m_hint->setWordWrap(true);
+  reserveLines(m_hint, 3);
   options->addWidget(m_hint);
 
   // The commands.
@@ -103,7 +105,7 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   auto* batchLabel = new QLabel("Number of puzzles", this);
   m_numCreate = new QLineEdit(kDefaultBatch, this);
   m_numCreate->setObjectName(names::NumCreate);
-  m_numCreate->setFixedWidth(kNumberBoxWidth);
+  m_numCreate->setFixedWidth(numberBoxWidth(m_numCreate, kNumberBoxDigits));
   batchLabel->setBuddy(m_numCreate);
 
   auto* layout = new QGridLayout(this);

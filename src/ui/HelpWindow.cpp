@@ -1,6 +1,8 @@
 #include "ui/HelpWindow.h"
 
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -10,8 +12,10 @@
 namespace tessaly {
 
 namespace {
-constexpr int kWidth = 700, kHeight = 600;
-}
+/// A page of about this many characters and lines, or less on a small screen.
+constexpr int kColumns = 90, kLines = 40;
+constexpr double kScreenShare = 0.8;
+}  // namespace
 
 HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent) {
   setObjectName(names::HelpWindow);
@@ -21,7 +25,11 @@ HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent) {
   m_browser->setOpenExternalLinks(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(m_browser);
-  resize(kWidth, kHeight);
+  const QFontMetrics metrics = m_browser->fontMetrics();
+  QSize size(metrics.averageCharWidth() * kColumns, metrics.lineSpacing() * kLines);
+  if (const QScreen* screen = parent ? parent->screen() : this->screen())
+    size = size.boundedTo(screen->availableGeometry().size() * kScreenShare);
+  resize(size);
 }
 
 bool HelpWindow::showPage(const QString& path) {

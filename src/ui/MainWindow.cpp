@@ -1,13 +1,15 @@
 #include "ui/MainWindow.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressBar>
+#include <QScreen>
+#include <QSettings>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -37,7 +39,12 @@ namespace tessaly {
 
 namespace {
 constexpr int kFrameMs = 16;  ///< redraws come at most once per frame
-constexpr int kLogMinimumHeight = 180;
+constexpr int kLogMinimumLines = 4;
+/// The share of the screen a window without remembered geometry takes at most.
+constexpr double kScreenShare = 0.9;
+constexpr const char* kGeometryKey = "MainWindow/geometry";
+constexpr const char* kSplitterKey = "MainWindow/%1";
+constexpr const char* kPageWidthsKey = "MainWindow/pageWidths";
 }  // namespace
 
 MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
@@ -67,6 +74,7 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
   };
 
   applyColours();
+  fitToScreen();
 }
 
 MainWindow::~MainWindow() {
@@ -88,38 +96,62 @@ QWidget* MainWindow::createCentralWidget() {
   m_tabs->addTab("ManualSolve");
   layout->addWidget(m_tabs);
 
-  auto* middle = new QHBoxLayout;
-  auto* left = new QVBoxLayout;
-  m_puzzleFrame = new PuzzleFrame(m_session, *this, central);
-  left->addWidget(m_puzzleFrame);
-  m_stack = new QStackedWidget(central);
+  // Left: the puzzle frame over the page of the selected tab.
+  auto* left = new QWidget(central);
+  auto* leftLayout = new QVBoxLayout(left);
+  leftLayout->setContentsMargins(0, 0, 0, 0);
+  m_puzzleFrame = new PuzzleFrame(m_session, *this, left);
+  leftLayout->addWidget(m_puzzleFrame);
+  m_stack = new QStackedWidget(left);
   createPages(m_stack);
-  left->addWidget(m_stack);
-  left->addStretch();
-  middle->addLayout(left);
+  leftLayout->addWidget(m_stack, 1);
 
-  m_progress = new QProgressBar(central);
+  // Right: the progress bar beside the grid and the candidate display.
+  auto* right = new QWidget(central);
+  auto* rightLayout = new QHBoxLayout(right);
+  rightLayout->setContentsMargins(0, 0, 0, 0);
+  m_progress = new QProgressBar(right);
   m_progress->setObjectName(names::pb1);
   m_progress->setOrientation(Qt::Vertical);
   m_progress->setRange(0, kCells);
   m_progress->setValue(0);
   m_progress->setTextVisible(false);
-  middle->addWidget(m_progress);
+  rightLayout->addWidget(m_progress);
+  m_board = new CellBoard(m_session, m_scheme, right);
+  rightLayout->addWidget(m_board, 1);
 
-  m_board = new CellBoard(m_session, m_scheme, central);
-  middle->addWidget(m_board, 1);
-  layout->addLayout(middle);
+  auto* boardSplitter = m_boardSplitter = new QSplitter(Qt::Horizontal, central);
+  boardSplitter->setObjectName(names::BoardSplitter);
+  boardSplitter->addWidget(left);
+  boardSplitter->addWidget(right);
+  boardSplitter->setStretchFactor(0, 0);
+  boardSplitter->setStretchFactor(1, 1);
 
-  m_status = new QLabel(central);
+  // Below: the status line over the event log.
+  auto* bottom = new QWidget(central);
+  auto* bottomLayout = new QVBoxLayout(bottom);
+  bottomLayout->setContentsMargins(0, 0, 0, 0);
+  m_status = new QLabel(bottom);
   m_status->setObjectName(names::MesLab);
   m_status->setAutoFillBackground(true);
-  layout->addWidget(m_status);
+  m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  bottomLayout->addWidget(m_status);
+  m_log = new EventLogView(m_session.log, bottom);
+  m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kLogMinimumLines);
+  bottomLayout->addWidget(m_log, 1);
 
-  m_log = new EventLogView(m_session.log, central);
-  m_log->setMinimumHeight(kLogMinimumHeight);
-  layout->addWidget(m_log, 1);
+  auto* logSplitter = new QSplitter(Qt::Vertical, central);
+  logSplitter->setObjectName(names::LogSplitter);
+  logSplitter->addWidget(boardSplitter);
+  logSplitter->addWidget(bottom);
+  logSplitter->setStretchFactor(0, 3);
+  logSplitter->setStretchFactor(1, 2);
+  for (QSplitter* splitter : {boardSplitter, logSplitter}) splitter->setChildrenCollapsible(false);
+  layout->addWidget(logSplitter, 1);
 
   connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { tabSelected(index); });
+  connect(m_stack, &QStackedWidget::currentChanged, this, [this](int index) { fitLeftColumn(index); });
+  fitLeftColumn(m_stack->currentIndex());
   return central;
 }
 
@@ -134,8 +166,11 @@ void MainWindow::createPages(QStackedWidget* stack) {
       m_board->clearOverlayColours(cell);
     m_board->refreshFromSession();
   };
-  m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack),
-             new ManualTab(m_session, *this, paintManual, stack)};
+  auto* manual = new ManualTab(m_session, *this, paintManual, stack);
+  // A cell selected from the move list, a hint line or the cell hint takes the
+  // digits typed next: the grid gets the keyboard.
+  connect(manual->page(), &ManualPage::cellSelected, this, [this] { m_board->grid()->setFocus(Qt::OtherFocusReason); });
+  m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack), manual};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }
 
@@ -146,13 +181,16 @@ void MainWindow::connectBoard() {
           [this](int cell) { currentPage()->valueBoxDoubleClicked(cell); });
   connect(m_board, &CellBoard::valueBoxKeyPressed, this,
           [this](int cell, int key) { currentPage()->valueBoxKeyPressed(cell, key); });
+  // Keys act on the grid only while it has the focus: typing in the
+  // puzzle-number box or a list never places digits.
+  connect(m_board, &CellBoard::gridKeyReleased, this,
+          [this](int key, Qt::KeyboardModifiers modifiers) { currentPage()->keyReleased(key, modifiers); });
+  connect(m_board, &CellBoard::boxFrameClicked, this, [this](int box) { currentPage()->boxFrameClicked(box); });
   connect(m_board, &CellBoard::candidateLabelClicked, this,
           [this](int cell, Qt::MouseButton button) { currentPage()->candidateLabelClicked(cell, button); });
   connect(m_board, &CellBoard::candidateLabelHovered, this,
           [this](int cell) { currentPage()->candidateLabelHovered(cell); });
 }
-
-QLabel* MainWindow::valueBox(int cell) const { return m_board->valueBox(cell); }
 
 TabPage* MainWindow::currentPage() const { return m_pages.at(std::size_t(std::max(0, m_stack->currentIndex()))); }
 
@@ -180,11 +218,6 @@ void MainWindow::exitProgram() {
   close();
 }
 
-void MainWindow::keyReleaseEvent(QKeyEvent* event) {
-  if (!event->isAutoRepeat()) currentPage()->keyReleased(event->key(), event->modifiers());
-  QMainWindow::keyReleaseEvent(event);
-}
-
 void MainWindow::closeEvent(QCloseEvent* event) {
   // A run that waits or solves stops at once; nothing is written on the way out.
   m_closing = true;
@@ -192,7 +225,77 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   m_pacer->shutDown();
   m_refreshTimer.stop();
   if (m_help) m_help->close();
+  saveLayout();
   QMainWindow::closeEvent(event);
+}
+
+// --- size and splitters
+
+void MainWindow::fitToScreen() {
+  const QScreen* screen = this->screen();
+  if (!screen) return;
+  const QSize room = screen->availableGeometry().size() * kScreenShare;
+  resize(sizeHint().boundedTo(room).expandedTo(minimumSizeHint()));
+}
+
+void MainWindow::fitLeftColumn(int page) {
+  if (page < 0 || page >= int(m_pageWidths.size())) return;
+  for (int i = 0; i < m_stack->count(); ++i) {
+    const auto policy = i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+    m_stack->widget(i)->setSizePolicy(policy, policy);
+  }
+  // The new minimum reaches the window at once, which grows if it must: a
+  // splitter on the way does not pass a child's new size on by itself.
+  for (QWidget* w = m_stack; w; w = w->parentWidget()) {
+    if (w->layout()) w->layout()->invalidate();
+    w->updateGeometry();
+    if (w == this) break;
+  }
+  if (layout()) layout()->activate();
+  notePageWidth();
+  m_shownPage = page;
+  const QList<int> sizes = m_boardSplitter->sizes();
+  const int total = sizes.value(0) + sizes.value(1);
+  if (total <= 0) return;  // not laid out yet: the splitter starts from the natural widths
+  const QWidget* left = m_boardSplitter->widget(0);
+  const int remembered = m_pageWidths[std::size_t(page)];
+  const int least = left->minimumSizeHint().width();
+  const int most = std::max(least, total - m_boardSplitter->widget(1)->minimumSizeHint().width());
+  const int width = std::clamp(remembered > 0 ? remembered : left->sizeHint().width(), least, most);
+  m_boardSplitter->setSizes({width, total - width});
+}
+
+void MainWindow::notePageWidth() {
+  const QList<int> sizes = m_boardSplitter->sizes();
+  if (m_shownPage >= 0 && sizes.value(0) > 0 && sizes.value(1) > 0) m_pageWidths[std::size_t(m_shownPage)] = sizes[0];
+}
+
+void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
+  m_settings = std::move(settings);
+  if (!m_settings) return;
+  if (const QByteArray geometry = m_settings->value(kGeometryKey).toByteArray(); !geometry.isEmpty())
+    restoreGeometry(geometry);
+  for (QSplitter* splitter : findChildren<QSplitter*>())
+    if (!splitter->objectName().isEmpty())
+      splitter->restoreState(m_settings->value(QString(kSplitterKey).arg(splitter->objectName())).toByteArray());
+  const QVariantList widths = m_settings->value(kPageWidthsKey).toList();
+  for (std::size_t i = 0; i < m_pageWidths.size() && i < std::size_t(widths.size()); ++i)
+    m_pageWidths[i] = std::max(0, widths[qsizetype(i)].toInt());
+  m_shownPage = -1;  // the left column takes the remembered width of the page shown
+  fitLeftColumn(m_stack->currentIndex());
+}
+
+void MainWindow::saveLayout() {
+  if (!m_settings) return;
+  m_settings->setValue(kGeometryKey, saveGeometry());
+  notePageWidth();
+  QVariantList widths;
+  for (int width : m_pageWidths) widths << width;
+  m_settings->setValue(kPageWidthsKey, widths);
+  for (const QSplitter* splitter : findChildren<QSplitter*>())
+    if (!splitter->objectName().isEmpty())
+      m_settings->setValue(QString(kSplitterKey).arg(splitter->objectName()), splitter->saveState());
+  m_settings->sync();
 }
 
 // --- commands

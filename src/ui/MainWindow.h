@@ -5,9 +5,10 @@
 //
 // Layout: the mode tab strip `ctlTabs` on top; below it, on the left, the
 // puzzle frame `PuzNumber` over the page of the selected tab (the solutions
-// frame for AutoSolve); beside them the progress bar `pb1`, the grid `Grid` and
-// the candidate display; under everything the status label `MesLab` and the
-// event log `EventLogx`.
+// frame for AutoSolve); beside them, across a splitter (`BoardSplitter`), the
+// progress bar `pb1`, the grid `Grid` and the candidate display, which grow
+// with the window; under everything, across a second splitter (`LogSplitter`),
+// the status label `MesLab` and the event log `EventLogx`.
 
 #include <QMainWindow>
 #include <QPointer>
@@ -24,6 +25,8 @@
 class QAction;
 class QLabel;
 class QPrinter;
+class QSettings;
+class QSplitter;
 class QProgressBar;
 class QStackedWidget;
 class QTabBar;
@@ -76,8 +79,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::function<void()> saveThisPuzzleCommand;
 
   // --- what the window shows
-  /// The value box of cell 1..81.
-  QLabel* valueBox(int cell) const;
+  /// The grid and the candidate display.
+  CellBoard* board() const { return m_board; }
   const ColourScheme& colourScheme() const { return m_scheme; }
   EventLogView* eventLogView() const { return m_log; }
   AutoSolveTab* autoSolvePage() const { return m_autoSolve; }
@@ -89,9 +92,16 @@ class MainWindow : public QMainWindow, public CommandHost {
   /// Pause points waited at since the window was made.
   int pauseWaits() const;
 
+  // --- the window's size and splitters, remembered between runs
+  /// Keeps the window's geometry and splitter positions in `settings`: restores
+  /// what it holds now, and writes them back when the window closes. Without
+  /// it the window starts at a size that fits its screen and remembers nothing.
+  void rememberLayoutIn(std::unique_ptr<QSettings> settings);
+  /// Writes the geometry and splitter positions to the settings given.
+  void saveLayout();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
 
  private:
   void createMenus();
@@ -101,6 +111,13 @@ class MainWindow : public QMainWindow, public CommandHost {
   QWidget* createCentralWidget();
   void createPages(QStackedWidget* stack);
   void connectBoard();
+  /// A first size that shows everything and fits the screen.
+  void fitToScreen();
+  /// Sizes the left column for page 0..2 as it is shown: only that page counts
+  /// for the column's size, and each page keeps its own splitter position.
+  void fitLeftColumn(int page);
+  /// Takes the left column's width for the page shown.
+  void notePageWidth();
 
   void openFile();
   void printReport(bool includeLog);
@@ -122,6 +139,10 @@ class MainWindow : public QMainWindow, public CommandHost {
 
   QTabBar* m_tabs = nullptr;
   QStackedWidget* m_stack = nullptr;
+  QSplitter* m_boardSplitter = nullptr;
+  /// The width of the left column for each page as last shown, 0 for its natural width.
+  std::array<int, 3> m_pageWidths{};
+  int m_shownPage = -1;
   std::array<TabPage*, 3> m_pages{};
   AutoSolveTab* m_autoSolve = nullptr;
   PuzzleFrame* m_puzzleFrame = nullptr;
@@ -136,6 +157,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::unique_ptr<WindowPacer> m_pacer;
   QTimer m_refreshTimer;
   std::function<bool(QPrinter&)> m_choosePrinter;
+  std::unique_ptr<QSettings> m_settings;
 
   int m_commandDepth = 0;                 ///< commands on the stack (one, or none)
   std::function<void()> m_pendingCommand;  ///< waits for the command in progress to end

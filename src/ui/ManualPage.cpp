@@ -12,8 +12,10 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "model/GridTables.h"
@@ -22,7 +24,9 @@
 #include "play/Hints.h"
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
+#include "ui/Shortcuts.h"
 #include "ui/WidgetColours.h"
 
 namespace tessaly {
@@ -33,8 +37,10 @@ constexpr const char* kInstructions =
     "Place values in the grid manually:\n"
     "Left-click on a cell and enter a value, or\n"
     "Double-click on a cell and select a value from dropdown list";
-constexpr std::array<const char*, 7> kHintCaptions = {"Rule 1", "Rule 2", "Rule 3", "Rule 4",
-                                                      "Rule 5", "Rule 6", "All rules"};
+constexpr std::array<const char*, 7> kHintCaptions = {"Rule &1", "Rule &2", "Rule &3", "Rule &4",
+                                                      "Rule &5", "Rule &6", "&All rules"};
+/// The hint buttons stand three a row, so the column stays narrow.
+constexpr int kHintColumns = 3;
 /// The fixed red of a refused placement (basic colour 4 of the 16-colour palette).
 const QColor kRefusedRed(128, 0, 0);
 /// Lines of a column summary: nine digits, one a line.
@@ -104,6 +110,7 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
   buildChoicesMenu();
   // Left: placing by hand. Right: hints and explanations.
   auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
   layout->addLayout(buildPlacingColumn());
   layout->addLayout(buildHintColumn(), 1);
   refreshFromSession();
@@ -113,6 +120,8 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   m_instructions = new QLabel(kInstructions, this);
   m_instructions->setObjectName(names::ManualInstructions);
+  m_instructions->setWordWrap(true);
+  reserveLines(m_instructions, 4);
 
   auto* choiceCaption = new QLabel("Choices for the selected cell:", this);
   m_cellChoice = new QLabel(this);
@@ -132,6 +141,9 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   colFrame->setObjectName(names::PossibleInColFrame);
   auto* colLayout = new QGridLayout(colFrame);
   const QFontMetrics metrics(fixed);
+  // Nine narrow columns close together keep the frame no wider than the rows'.
+  colLayout->setHorizontalSpacing(metrics.horizontalAdvance('0') / 2);
+  rowLayout->setHorizontalSpacing(metrics.horizontalAdvance('0'));
   for (int n = 1; n <= 9; ++n) {
     auto* rowNumber = new QLabel(QString::number(n), rowFrame);
     auto* row = new QLabel(rowFrame);
@@ -200,19 +212,21 @@ QBoxLayout* ManualPage::buildHintColumn() {
   for (int k = 0; k < int(m_hintButtons.size()); ++k) {
     auto* button = new QPushButton(kHintCaptions[std::size_t(k)], hintFrame);
     button->setObjectName(QString(names::GetHint_N).arg(k));
-    button->setToolTip(k == kAllRulesHint ? "What Rules 1 to 6 deduce from the grid as it stands"
-                                          : QString("What Rule %1 deduces from the grid as it stands").arg(k + 1));
-    hintButtons->addWidget(button, k / 4, k % 4);
+    // Ctrl+1 to Ctrl+6 for the rules, Ctrl+7 for all of them.
+    addShortcut(button, QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + k)),
+                k == kAllRulesHint ? "What Rules 1 to 6 deduce from the grid as it stands"
+                                   : QString("What Rule %1 deduces from the grid as it stands").arg(k + 1));
+    hintButtons->addWidget(button, k / kHintColumns, k % kHintColumns);
     connect(button, &QPushButton::clicked, this, [this, k] {
       run([this, k] { runRuleHint(m_session, k, m_play.get()); });
       m_hints->scrollToTop();
     });
     m_hintButtons[std::size_t(k)] = button;
   }
-  m_cellHint = new QPushButton("Cell hint", hintFrame);
+  m_cellHint = new QPushButton("&Cell hint", hintFrame);
   m_cellHint->setObjectName(names::CellHint);
-  m_cellHint->setToolTip("Select the cell with the fewest choices");
-  hintButtons->addWidget(m_cellHint, 1, 3);
+  addShortcut(m_cellHint, QKeySequence(Qt::CTRL | Qt::Key_H), "Select the cell with the fewest choices");
+  hintButtons->addWidget(m_cellHint, kAllRulesHint / kHintColumns, kAllRulesHint % kHintColumns + 1);
   m_hints = new QListWidget(hintFrame);
   m_hints->setObjectName(names::Hints);
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
@@ -228,14 +242,30 @@ QBoxLayout* ManualPage::buildHintColumn() {
 
   m_pointer = new QLabel(this);
   m_pointer->setObjectName(names::PointerReadout);
+  // Long read-outs wrap rather than widen the window.
+  m_pointer->setWordWrap(true);
+  m_pointer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  reserveLines(m_pointer, 2);
   m_explanation = new QListWidget(this);
   m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");
+  m_explanation->setWordWrap(true);
 
+  // The hints over the explanation, across a splitter the user can move.
+  auto* explained = new QWidget(this);
+  auto* explainedLayout = new QVBoxLayout(explained);
+  explainedLayout->setContentsMargins(0, 0, 0, 0);
+  explainedLayout->addWidget(m_pointer);
+  explainedLayout->addWidget(m_explanation, 1);
+  auto* splitter = new QSplitter(Qt::Vertical, this);
+  splitter->setObjectName(names::HintSplitter);
+  splitter->setChildrenCollapsible(false);
+  splitter->addWidget(hintFrame);
+  splitter->addWidget(explained);
+  splitter->setStretchFactor(0, 1);
+  splitter->setStretchFactor(1, 1);
   auto* right = new QVBoxLayout;
-  right->addWidget(hintFrame, 2);
-  right->addWidget(m_pointer);
-  right->addWidget(m_explanation, 1);
+  right->addWidget(splitter);
   return right;
 }
 
@@ -257,11 +287,11 @@ ManualPage::~ManualPage() {
 }
 
 int ManualPage::manualKeyCode(int key, Qt::KeyboardModifiers modifiers) {
+  // A key held with Ctrl, Alt or Meta belongs to a shortcut, not to the grid.
+  if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
   if (key == Qt::Key_Delete) return ManualPlay::kDeleteKey;
-  // The numeric pad sends the same keys with the keypad modifier; only the
-  // digits of the main keyboard count.
-  if (key >= Qt::Key_1 && key <= Qt::Key_9 && !(modifiers & Qt::KeypadModifier))
-    return ManualPlay::kDigitKey1 + (key - Qt::Key_1);
+  // The digits of the numeric pad count as well as those of the main keyboard.
+  if (key >= Qt::Key_1 && key <= Qt::Key_9) return ManualPlay::kDigitKey1 + (key - Qt::Key_1);
   return 0;
 }
 
@@ -285,6 +315,8 @@ void ManualPage::run(std::function<void()> command) {
 void ManualPage::afterCommand() {
   refreshFromSession();
   if (m_onGridChanged) m_onGridChanged();
+  const int selected = m_play->selectedCell;
+  if (selected != std::exchange(m_shownSelection, selected) && isCell(selected)) emit cellSelected(selected);
 }
 
 void ManualPage::prepare() {
@@ -319,13 +351,16 @@ void ManualPage::refreshFromSession() {
 }
 
 void ManualPage::endExplanationHighlight() {
-  if (!m_explainedBox) return;
-  const int box = m_explainedBox;
-  m_explainedBox = 0;
-  m_play->unhighlightBox(box);
-  // The selected cell keeps its colours when the box around it goes back.
+  const ExplainedAreas areas = std::exchange(m_explained, ExplainedAreas{});
+  if (!areas.box) return;
+  m_play->unhighlightBox(areas.box);
+  for (int cell : areaCells(AreaKind::Row, areas.row)) paint(cell, ManualPaint::BoxNormal);
+  for (int cell : areaCells(AreaKind::Col, areas.col)) paint(cell, ManualPaint::BoxNormal);
+  // The selected cell keeps its colours when the areas around it go back.
   const int selected = m_play->highlightedCell;
-  if (isCell(selected) && CellBox[selected] == box) paint(selected, ManualPaint::Selected);
+  if (isCell(selected) &&
+      (CellBox[selected] == areas.box || CellRow[selected] == areas.row || CellCol[selected] == areas.col))
+    paint(selected, ManualPaint::Selected);
 }
 
 // --- the grid's events
@@ -384,11 +419,13 @@ void ManualPage::onCandidateClicked(int cell) {
   const CandidateExplanation explanation = explainCandidates(m_session, cell);
   m_explanation->clear();
   for (const std::string& line : explanation.lines) m_explanation->addItem(qt(line));
-  // The areas the explanation refers to: the cell's box stands out until the
-  // next explanation or the next click on the grid.
+  // The areas the explanation refers to: the cell's row, column and box stand
+  // out until the next explanation or the next click on the grid.
   if (explanation.box) {
     m_play->highlightBox(explanation.box);
-    m_explainedBox = explanation.box;
+    for (int c : areaCells(AreaKind::Row, explanation.row)) paint(c, ManualPaint::BoxHighlight);
+    for (int c : areaCells(AreaKind::Col, explanation.col)) paint(c, ManualPaint::BoxHighlight);
+    m_explained = {explanation.row, explanation.col, explanation.box};
   }
   if (m_onGridChanged) m_onGridChanged();
 }

@@ -37,8 +37,8 @@ enum class ManualPaint {
   Normal,        ///< its ordinary colours (the given colours for a given)
   Selected,      ///< the selected-cell back and fore colours
   Refused,       ///< red: a refused placement would leave this cell without choices
-  BoxHighlight,  ///< one of the nine cells of a highlighted box
-  BoxNormal,     ///< a cell of a box whose highlight ended: ordinary colours again
+  BoxHighlight,  ///< a cell of a highlighted box (or row or column of an explanation)
+  BoxNormal,     ///< a cell whose area highlight ended: ordinary colours again
 };
 
 /// The colours of a manual paint: the selected-cell pair (scheme colours 12
@@ -82,8 +82,14 @@ class ManualPage : public QWidget {
   std::function<void(std::function<void()>)> commandRunner;
 
   /// The key code the core expects for a Qt key: 46 for Delete, 49..57 for
-  /// the digits 1..9 of the main keyboard (not the numeric pad), else 0.
+  /// the digits 1..9 of the main keyboard or the numeric pad, else 0 (also for
+  /// any key held with Ctrl, Alt or Meta).
   static int manualKeyCode(int key, Qt::KeyboardModifiers modifiers);
+
+ signals:
+  /// A command selected another cell (a click on the grid, the move list or a
+  /// hint line, the cell hint, an arrow key): the digits typed next are meant for it.
+  void cellSelected(int cell);
 
  public slots:
   /// A click on value box `cell` 1..81.
@@ -130,7 +136,12 @@ class ManualPage : public QWidget {
   std::unique_ptr<ManualPlay> m_play;
   Event::Subscription m_puzzleLoaded;  ///< ends before the page goes
   std::array<ManualPaint, 81> m_paints{};
-  int m_explainedBox = 0;  ///< the box highlighted by the explanation, 0 when none
+  /// The row, column and box highlighted by the explanation; all 0 when none.
+  struct ExplainedAreas {
+    int row = 0, col = 0, box = 0;
+  };
+  ExplainedAreas m_explained;
+  int m_shownSelection = 0;  ///< the selected cell as last told by cellSelected
 
   QLabel* m_instructions = nullptr;
   QLabel* m_cellChoice = nullptr;

@@ -30,6 +30,7 @@ void ManualTab::candidateLabelClicked(int cell, Qt::MouseButton button) {
   if (button == Qt::LeftButton) m_page->onCandidateClicked(cell);
 }
 void ManualTab::candidateLabelHovered(int cell) { m_page->onCandidateHovered(cell); }
+void ManualTab::boxFrameClicked(int box) { m_page->onBoxFrameClicked(box); }
 void ManualTab::keyReleased(int key, Qt::KeyboardModifiers modifiers) { m_page->onKeyReleased(key, modifiers); }
 
 }  // namespace tessaly

@@ -21,6 +21,7 @@ class ManualTab : public TabPage {
   void valueBoxDoubleClicked(int cell) override;
   void candidateLabelClicked(int cell, Qt::MouseButton button) override;
   void candidateLabelHovered(int cell) override;
+  void boxFrameClicked(int box) override;
   void keyReleased(int key, Qt::KeyboardModifiers modifiers) override;
   ManualPage* page() const { return m_page; }
 

@@ -4,13 +4,16 @@
 // and they are the names the program's documentation and help page use for
 // its controls (Form1 the main window, Grid_N the value boxes, PosVals_N the
 // candidate labels, EventLogx the event log, pb1 the progress bar, ...).
-// Names with "%1" are patterns for numbered widgets (QString(...).arg(n)).
+// Names with "%1" are patterns for numbered widgets (QString(...).arg(n)); the
+// board's cells (Grid_N, PosVals_N, BoxMissingCount_N) are painted, not
+// widgets, and are found through CellBoard::cellAt.
 
 namespace tessaly::names {
 
 inline constexpr const char AboutBox[] = "AboutBox";
 inline constexpr const char AutoSaveCommand[] = "AutoSaveCommand";
 inline constexpr const char AutoSolveTab[] = "AutoSolveTab";
+inline constexpr const char BoardSplitter[] = "BoardSplitter";
 inline constexpr const char BoxMissingCount_N[] = "BoxMissingCount_%1";
 inline constexpr const char BoxMissingCountCaption[] = "BoxMissingCountCaption";
 inline constexpr const char CellChoice[] = "CellChoice";
@@ -37,8 +40,10 @@ inline constexpr const char Grid_N[] = "Grid_%1";
 inline constexpr const char HelpBrowser[] = "HelpBrowser";
 inline constexpr const char HelpWindow[] = "HelpWindow";
 inline constexpr const char HintFrame[] = "HintFrame";
+inline constexpr const char HintSplitter[] = "HintSplitter";
 inline constexpr const char Hints[] = "Hints";
 inline constexpr const char LogManual[] = "LogManual";
+inline constexpr const char LogSplitter[] = "LogSplitter";
 inline constexpr const char ManualInstructions[] = "ManualInstructions";
 inline constexpr const char ManualPage[] = "ManualPage";
 inline constexpr const char ManualTab[] = "ManualTab";
@@ -59,6 +64,7 @@ inline constexpr const char PossibleInCol_N[] = "PossibleInCol_%1";
 inline constexpr const char PossibleInColFrame[] = "PossibleInColFrame";
 inline constexpr const char PossibleInRow_N[] = "PossibleInRow_%1";
 inline constexpr const char PossibleInRowFrame[] = "PossibleInRowFrame";
+inline constexpr const char PosVals[] = "PosVals";
 inline constexpr const char PosVals_N[] = "PosVals_%1";
 inline constexpr const char PosValsFrame[] = "PosValsFrame";
 inline constexpr const char PuzNumber[] = "PuzNumber";

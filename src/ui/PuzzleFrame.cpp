@@ -10,6 +10,7 @@
 #include "solver/ReadPuzzle.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
 #include "ui/WidgetColours.h"
@@ -17,7 +18,7 @@
 namespace tessaly {
 
 namespace {
-constexpr int kNumberBoxWidth = 60;
+constexpr int kNumberBoxDigits = 6;  ///< the widest number the box is made for
 }
 
 PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
@@ -33,7 +34,7 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
 
   m_number = new QLineEdit(this);
   m_number->setObjectName(names::PuzNumNow);
-  m_number->setFixedWidth(kNumberBoxWidth);
+  m_number->setFixedWidth(numberBoxWidth(m_number, kNumberBoxDigits));
   m_number->setToolTip("Type a puzzle number and press Enter");
   m_number->installEventFilter(this);
   layout->addWidget(new QLabel("Puzzle", this), 1, 0);

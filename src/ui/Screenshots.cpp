@@ -2,8 +2,11 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QScreen>
 #include <QTabBar>
 #include <QTimer>
+
+#include <iostream>
 
 #include "play/ManualPlay.h"
 #include "solver/SolverEngine.h"
@@ -19,10 +22,20 @@ constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
 constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
 constexpr int kTickMs = 15;
 
+/// Saves the picture and quits; the exit status is 2 when the tab shown needs
+/// more room than the screen has.
 void saveAndQuit(MainWindow& window, const std::string& file) {
   window.refreshFromSession();
   QApplication::processEvents();
   window.grab().save(QString::fromStdString(file), "PNG");
+  const QSize least = window.minimumSizeHint();
+  const QSize room = window.screen() ? window.screen()->availableGeometry().size() : least;
+  if (least.width() > room.width() || least.height() > room.height()) {
+    std::cerr << "The window needs " << least.width() << "x" << least.height() << " but the screen has "
+              << room.width() << "x" << room.height() << "\n";
+    QApplication::exit(2);
+    return;
+  }
   QApplication::quit();
 }
 
@@ -34,6 +47,9 @@ void selectTab(MainWindow& window, int index) {
 
 void scheduleScreenshot(MainWindow& window, Session& session, const std::string& tab, const std::string& file) {
   const std::string collection = session.appDir + "Puzzles.sud";
+  // The picture shows the window filling the screen, as a user of a small
+  // screen would have it.
+  if (const QScreen* screen = window.screen()) window.setGeometry(screen->availableGeometry());
   QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
     if (tab == "create") {
       selectTab(window, 1);

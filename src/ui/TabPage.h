@@ -31,7 +31,9 @@ class TabPage : public QWidget {
   virtual void valueBoxKeyPressed(int /*cell*/, int /*key*/) {}
   virtual void candidateLabelClicked(int /*cell*/, Qt::MouseButton) {}
   virtual void candidateLabelHovered(int /*cell*/) {}
-  /// A key was released over the window while the page is shown.
+  /// A click on the frame of box 1..9 of the grid.
+  virtual void boxFrameClicked(int /*box*/) {}
+  /// A key was released on the grid (which has the focus) while the page is shown.
   virtual void keyReleased(int /*key*/, Qt::KeyboardModifiers) {}
 
  protected:

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QSettings>
 #include <QStandardPaths>
 
 #include <iostream>
@@ -66,11 +67,16 @@ int main(int argc, char** argv) {
   tessaly::Session session;
   session.folders = folders;
   tessaly::MainWindow window(session);
+  // tessaly --screenshot autosolve|create|manual FILE: saves a picture of the
+  // window in that state and quits (for the README's pictures). The picture
+  // shows the window as it first opens, whatever a user's last run left.
+  const bool screenshot = args.size() == 4 && args[1] == "--screenshot";
+  // The window's size and splitters are kept between runs. The organisation is
+  // named here only: set for the application, it would move the configuration
+  // folder the core reads.
+  if (!screenshot) window.rememberLayoutIn(std::make_unique<QSettings>("Tessaly", "Tessaly"));
   window.startUp(dataFolder);
   window.show();
-  // tessaly --screenshot autosolve|create|manual FILE: saves a picture of the
-  // window in that state and quits (for the README's pictures).
-  if (args.size() == 4 && args[1] == "--screenshot")
-    tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString());
+  if (screenshot) tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString());
   return app.exec();
 }

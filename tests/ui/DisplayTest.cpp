@@ -35,10 +35,13 @@ TEST(ColourSchemeFile, ReadsTwelveLinesOfRedGreenBlueByTheirNumericValue) {
   EXPECT_FALSE(ColourScheme::parse(""));
 }
 
-TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourUntilCleared) {
+TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourOnTheGridAndAmongTheChoicesUntilCleared) {
   Session session;
   ColourScheme scheme;
   CellBoard board(session, scheme);
+  board.resize(800, 400);
+  board.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&board));
   session.grid[1] = Cell{5, true, CandidateSet::of(5)};
   session.grid[2] = Cell{0, false, CandidateSet::fromText("37")};
   session.grid[3] = Cell{0, false, CandidateSet::fromText("8")};
@@ -46,20 +49,36 @@ TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourUntilCleared) {
   const std::pair<int, CellPaint> paints[] = {{1, Given}, {5, Placed}, {6, Dead}, {7, Retry}};
   for (const auto& [cell, paint] : paints) board.setPaint(cell, paint);
   board.refreshFromSession();
-  EXPECT_EQ(board.valueBox(1)->text(), "5");
-  EXPECT_TRUE(board.valueBox(1)->font().bold());
-  EXPECT_EQ(board.candidateLabel(2)->text(), "37");
-  const auto back = [](QLabel* label) { return label->palette().color(QPalette::Window); };
-  const std::pair<QLabel*, Rgb> expected[] = {
-      {board.valueBox(1), scheme.givenBack},        {board.candidateLabel(1), scheme.givenBack},
-      {board.candidateLabel(2), scheme.candidateBack},
-      {board.candidateLabel(3), scheme.givenBack},  // a single stands out like a given
-      {board.valueBox(5), scheme.highlightRed},     {board.candidateLabel(5), scheme.highlightRed},
-      {board.candidateLabel(6), scheme.colour[6]},  {board.candidateLabel(7), scheme.highlightGreen}};
-  for (const auto& [label, rgb] : expected) EXPECT_EQ(back(label), qcolor(rgb)) << label->objectName().toStdString();
+  EXPECT_EQ(board.valueCell(1).text, "5");
+  EXPECT_TRUE(board.valueCell(1).bold);
+  EXPECT_EQ(board.candidateCell(2).text, "37");
+  const QColor white(255, 255, 255);
+  // Cell: its value cell's and its candidate cell's background.
+  const std::tuple<int, QColor, QColor> expected[] = {
+      {1, qcolor(scheme.givenBack), qcolor(scheme.givenBack)},
+      {2, white, qcolor(scheme.candidateBack)},
+      {3, white, qcolor(scheme.givenBack)},  // a single stands out like a given
+      {5, qcolor(scheme.highlightRed), qcolor(scheme.highlightRed)},
+      {6, qcolor(scheme.colour[6]), qcolor(scheme.colour[6])},  // a dead end shows on the grid too
+      {7, qcolor(scheme.highlightGreen), qcolor(scheme.highlightGreen)}};
+  const QImage grid = board.grid()->grab().toImage(), choices = board.candidateView()->grab().toImage();
+  // What is drawn: a point just inside the cell's sunken edge.
+  const auto drawn = [](const QImage& image, const BoardCell& cell) {
+    const QPoint inside = cell.rect.topLeft() + QPoint(3, 3);
+    return image.pixelColor(inside * image.devicePixelRatio());
+  };
+  for (const auto& [cell, value, choice] : expected) {
+    EXPECT_EQ(board.valueCell(cell).back, value) << cell;
+    EXPECT_EQ(board.candidateCell(cell).back, choice) << cell;
+    EXPECT_EQ(drawn(grid, board.valueCell(cell)), value) << cell;
+    EXPECT_EQ(drawn(choices, board.candidateCell(cell)), choice) << cell;
+  }
   board.clearPaints();
   board.refreshFromSession();
-  for (int cell : {5, 6, 7}) EXPECT_EQ(back(board.candidateLabel(cell)), qcolor(scheme.candidateBack)) << cell;
+  for (int cell : {5, 6, 7}) {
+    EXPECT_EQ(board.candidateCell(cell).back, qcolor(scheme.candidateBack)) << cell;
+    EXPECT_EQ(board.valueCell(cell).back, white) << cell;
+  }
 }
 
 /// Quorrel.cfg naming the scheme.

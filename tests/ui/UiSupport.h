@@ -12,9 +12,10 @@
 #include <memory>
 
 #include "support/TestSupport.h"
+#include "ui/CellBoard.h"
 #include "ui/EntryDialog.h"
-#include "ui/MainWindow.h"
 #include "ui/EventLogView.h"
+#include "ui/MainWindow.h"
 
 namespace tessaly::testing {
 
@@ -34,6 +35,19 @@ inline void click(QWidget* w, Qt::MouseButton button = Qt::LeftButton) {
 }
 inline void click(const QObject* parent, const QString& name, Qt::MouseButton button = Qt::LeftButton) {
   click(named(parent, name), button);
+}
+/// Clicks the middle of a painted cell of the board.
+inline void click(const BoardCell& cell, Qt::MouseButton button = Qt::LeftButton) {
+  QTest::mouseClick(cell.view, button, {}, cell.rect.center());
+}
+inline void doubleClick(const BoardCell& cell) {
+  QTest::mouseDClick(cell.view, Qt::LeftButton, {}, cell.rect.center());
+}
+/// Moves the pointer onto a painted cell, as the mouse would.
+inline void hover(const BoardCell& cell) {
+  QMouseEvent move(QEvent::MouseMove, cell.rect.center(), cell.view->mapToGlobal(cell.rect.center()), Qt::NoButton,
+                   Qt::NoButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(cell.view, &move);
 }
 inline std::vector<std::string> lines(const QListWidget* list) {
   std::vector<std::string> lines;
@@ -74,11 +88,28 @@ class WindowFixture : public ::testing::Test {
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
     EXPECT_EQ(session.controls.currentTab, tab);
   }
-  void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) { testing::click(child(name), button); }
-  QColor back(const QString& name) const { return child(name)->palette().color(QPalette::Window); }
+  /// A painted cell of the board: Grid_N, PosVals_N or BoxMissingCount_N.
+  BoardCell cell(const QString& name) const {
+    const BoardCell found = window->board()->cellAt(name);
+    EXPECT_TRUE(found.valid()) << name.toStdString();
+    return found;
+  }
+  /// Clicks a widget, or a painted cell of the board, by its name.
+  void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
+    const BoardCell painted = window->board()->cellAt(name);
+    if (painted.valid())
+      testing::click(painted, button);
+    else
+      testing::click(child(name), button);
+  }
+  /// The background of a widget, or of a painted cell of the board, by its name.
+  QColor back(const QString& name) const {
+    if (const BoardCell painted = window->board()->cellAt(name); painted.valid()) return painted.back;
+    return child(name)->palette().color(QPalette::Window);
+  }
   int blanksShown() const {
     int blanks = 0;
-    for (int cell = 1; cell <= kCells; ++cell) blanks += window->valueBox(cell)->text().isEmpty();
+    for (int c = 1; c <= kCells; ++c) blanks += window->board()->valueCell(c).text.isEmpty();
     return blanks;
   }
   EventLogView* logView() const { return window->eventLogView(); }

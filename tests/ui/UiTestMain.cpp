@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QSettings>
 
 #include "support/TestSupport.h"
 
@@ -11,5 +13,8 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   ::testing::InitGoogleTest(&argc, argv);
   tessaly::test::ScratchFolder scratch;
+  // Settings a test leaves go to its scratch folder, never to the user's.
+  for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat})
+    QSettings::setPath(format, QSettings::UserScope, QDir::currentPath());
   return RUN_ALL_TESTS();
 }

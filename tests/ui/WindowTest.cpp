@@ -63,18 +63,17 @@ TEST_F(WindowTest, TheManualSolveTabTakesTheGridsClicksAndKeys) {
   start(1);
   selectTab(Tab::ManualSolve);
   // Cell 1 of the puzzle has the choices 45 and the solution 4.
-  testing::click(window->valueBox(1));
+  click("Grid_0");
   QTest::keyClick(child("Grid"), Qt::Key_4);
-  EXPECT_EQ(window->valueBox(1)->text(), "4");
+  EXPECT_EQ(cell("Grid_0").text, "4");
   EXPECT_EQ(lines(child<QListWidget>("LogManual")), std::vector<std::string>{"C01 = 4"});
-  QTest::mouseDClick(window->valueBox(2), Qt::LeftButton);  // the drop-down of the cell's choices
+  doubleClick(cell("Grid_1"));  // the drop-down of the cell's choices
   EXPECT_TRUE(child<QMenu>("mnuChoices")->isVisible());
   child<QMenu>("mnuChoices")->hide();
-  // The candidate labels: a click explains the choices, the pointer reads them out.
+  // The candidate cells: a click explains the choices, the pointer reads them out.
   click("PosVals_5");
   EXPECT_EQ(lines(child<QListWidget>("Explanation")), explainCandidates(session, 5).lines);
-  QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-  QCoreApplication::sendEvent(child("PosVals_5"), &enter);
+  hover(cell("PosVals_5"));
   EXPECT_EQ(child<QLabel>("PointerReadout")->text().toStdString(), candidateReadout(session, 5));
 }
 
@@ -89,10 +88,11 @@ TEST_F(WindowTest, OpenAsksForASudFileAndShowsItsFirstPuzzle) {
   EXPECT_EQ(numberBox(), "1");
   EXPECT_EQ(child<QGroupBox>("PuzNumber")->title(), "Puzzle 1 of 50 (49 blanks)");
   EXPECT_EQ(child<QLineEdit>("FileNow")->text().toStdString(), puzzleFile("pe96.sud"));
-  EXPECT_EQ(window->valueBox(3)->text(), "3");  // 003020600...: cell 1 blank, with the choices 45
-  EXPECT_EQ(child<QLabel>("PosVals_1")->text(), "45");
+  EXPECT_EQ(cell("Grid_2").text, "3");  // 003020600...: cell 1 blank, with the choices 45
+  EXPECT_TRUE(cell("Grid_2").bold);
+  EXPECT_EQ(cell("PosVals_1").text, "45");
   EXPECT_EQ(blanksShown(), 49);
-  EXPECT_EQ(child<QLabel>("BoxMissingCount_9")->text(), QString::number(session.BoxMissingCount[8]));
+  EXPECT_EQ(cell("BoxMissingCount_9").text, QString::number(session.BoxMissingCount[8]));
 }
 
 TEST_F(WindowTest, TheNavigationButtonsAndTheNumberBoxReadPuzzles) {

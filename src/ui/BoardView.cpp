@@ -1,0 +1,285 @@
+#include "ui/BoardView.h"
+
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <qdrawutil.h>
+
+#include <algorithm>
+
+namespace tessaly {
+
+namespace {
+
+constexpr int kSide = 3;  ///< cells a box side, boxes a board side
+/// The smallest cell the view draws, whatever room it gets.
+constexpr int kSmallestCell = 8;
+
+// Everything but the cells is measured in parts of a cell side, so the board
+// keeps its looks at every size.
+int cellGap(int side) { return std::max(1, side / 16); }
+int boxPadding(int side) { return std::max(3, side / 6); }
+int boxSpacing(int side) { return std::max(3, side / 6); }
+int countWidth(int side) { return std::max(8, side / 2); }
+int boxSide(int side) { return kSide * side + (kSide - 1) * cellGap(side) + 2 * boxPadding(side); }
+constexpr int kMargin = 2;  ///< around the whole board, room for the focus frame
+
+}  // namespace
+
+BoardView::BoardView(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind) {
+  setMouseTracking(true);
+  // The board paints its own background, and only under the boxes: the rest of
+  // the widget shows what lies behind it.
+  setAutoFillBackground(false);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  // The value grid takes the keyboard (the digits and arrows of manual play);
+  // the candidate display only answers the pointer.
+  setFocusPolicy(kind == Kind::Values ? Qt::StrongFocus : Qt::NoFocus);
+  layOut();
+}
+
+void BoardView::setCell(int index, const Look& look) {
+  Look& shown = m_cells.at(std::size_t(index));
+  if (shown == look) return;
+  shown = look;
+  update(m_cellRects[std::size_t(index)]);
+}
+
+void BoardView::setCount(int box, const QString& text) {
+  QString& shown = m_counts.at(std::size_t(box));
+  if (shown == text) return;
+  shown = text;
+  update(m_countRects[std::size_t(box)]);
+}
+
+void BoardView::setHorizontalAlignment(Qt::Alignment alignment) {
+  m_alignment = alignment & Qt::AlignHorizontal_Mask;
+  layOut();
+  update();
+}
+
+QSize BoardView::boardSize(int side) const {
+  const int boxes = kSide * boxSide(side) + (kSide - 1) * boxSpacing(side);
+  const int counts = m_kind == Kind::Candidates ? kSide * countWidth(side) : 0;
+  return QSize(boxes + counts + 2 * kMargin, boxes + 2 * kMargin);
+}
+
+int BoardView::minimumCellSide() const {
+  // A digit of the value grid, or three of the candidate display side by side,
+  // must stay readable in the widget's font.
+  const QFontMetrics metrics(font());
+  return m_kind == Kind::Values ? metrics.height() * 4 / 3 : metrics.horizontalAdvance("999") + 4;
+}
+
+QSize BoardView::minimumSizeHint() const { return boardSize(minimumCellSide()); }
+
+QSize BoardView::sizeHint() const { return boardSize(minimumCellSide() * 3 / 2); }
+
+void BoardView::layOut() {
+  // The largest cell side for which the whole board fits.
+  int side = std::max(kSmallestCell, std::min(width(), height()) / (kSide * kSide));
+  while (side > kSmallestCell) {
+    const QSize size = boardSize(side);
+    if (size.width() <= width() && size.height() <= height()) break;
+    --side;
+  }
+  m_cellSize = side;
+  const QSize size = boardSize(side);
+  int left = 0;
+  if (m_alignment & Qt::AlignRight)
+    left = width() - size.width();
+  else if (m_alignment & Qt::AlignHCenter)
+    left = (width() - size.width()) / 2;
+  m_boardRect = QRect(QPoint(std::max(0, left), 0), size);
+
+  const int gap = cellGap(side), padding = boxPadding(side), spacing = boxSpacing(side);
+  const int box = boxSide(side), count = m_kind == Kind::Candidates ? countWidth(side) : 0;
+  for (int b = 0; b < kSide * kSide; ++b) {
+    const int bandCol = b % kSide, bandRow = b / kSide;
+    const int x = m_boardRect.left() + kMargin + bandCol * (box + count + spacing);
+    const int y = m_boardRect.top() + kMargin + bandRow * (box + spacing);
+    m_boxRects[std::size_t(b)] = QRect(x, y, box, box);
+    // The count stands beside the box, level with its middle row.
+    m_countRects[std::size_t(b)] = QRect(x + box, y + padding + side + gap, count, side);
+    for (int i = 0; i < kSide * kSide; ++i) {
+      const int row = bandRow * kSide + i / kSide, col = bandCol * kSide + i % kSide;
+      m_cellRects[std::size_t(row * 9 + col)] =
+          QRect(x + padding + (i % kSide) * (side + gap), y + padding + (i / kSide) * (side + gap), side, side);
+    }
+  }
+  m_cellFont = font();
+  m_cellFont.setPixelSize(std::max(4, m_kind == Kind::Values ? side * 3 / 5 : side * 3 / 10));
+  m_countFont = font();
+  m_countFont.setPixelSize(std::max(4, std::min(side * 9 / 20, count * 4 / 5)));
+}
+
+int BoardView::cellAt(const QPoint& point) const {
+  for (int i = 0; i < int(m_cellRects.size()); ++i)
+    if (m_cellRects[std::size_t(i)].contains(point)) return i;
+  return -1;
+}
+
+int BoardView::boxFrameAt(const QPoint& point) const {
+  if (cellAt(point) >= 0) return -1;
+  for (int b = 0; b < int(m_boxRects.size()); ++b)
+    if (m_boxRects[std::size_t(b)].contains(point)) return b;
+  return -1;
+}
+
+// --- drawing
+
+void BoardView::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const QRect dirty = event->rect();
+  if (m_kind == Kind::Values) painter.fillRect(m_boardRect & dirty, palette().color(QPalette::Window));
+  QColor frame = palette().color(QPalette::WindowText);
+  frame.setAlpha(160);
+  painter.setPen(frame);
+  for (const QRect& box : m_boxRects)
+    if (box.intersects(dirty)) painter.drawRect(box.adjusted(0, 0, -1, -1));
+  for (int i = 0; i < int(m_cells.size()); ++i)
+    if (m_cellRects[std::size_t(i)].intersects(dirty)) drawCell(painter, i);
+  if (m_kind == Kind::Candidates) {
+    painter.setFont(m_countFont);
+    painter.setPen(palette().color(QPalette::WindowText));
+    for (int b = 0; b < int(m_counts.size()); ++b)
+      if (m_countRects[std::size_t(b)].intersects(dirty))
+        painter.drawText(m_countRects[std::size_t(b)], Qt::AlignCenter, m_counts[std::size_t(b)]);
+  }
+  if (hasFocus()) {
+    QPen pen(palette().color(QPalette::Highlight), 1, Qt::DashLine);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(m_boardRect.adjusted(0, 0, -1, -1));
+  }
+}
+
+void BoardView::drawCell(QPainter& painter, int index) const {
+  const Look& look = m_cells[std::size_t(index)];
+  const QRect rect = m_cellRects[std::size_t(index)];
+  if (look.back.isValid()) painter.fillRect(rect, look.back);
+  qDrawShadePanel(&painter, rect, palette(), true, 1);
+  if (look.text.isEmpty()) return;
+  painter.setPen(look.fore.isValid() ? look.fore : palette().color(QPalette::WindowText));
+  if (m_kind == Kind::Candidates) return drawCandidates(painter, rect, look.text);
+  QFont font = m_cellFont;
+  font.setBold(look.bold);
+  painter.setFont(font);
+  painter.drawText(rect, Qt::AlignCenter, look.text);
+}
+
+void BoardView::drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const {
+  // Each digit keeps its own place, 1 top left to 9 bottom right, so a choice
+  // is found at a glance in every cell.
+  painter.setFont(m_cellFont);
+  const QRect inner = rect.adjusted(1, 1, -1, -1);
+  const double third = inner.width() / double(kSide);
+  for (const QChar ch : digits) {
+    const int d = ch.digitValue();
+    if (d < 1 || d > 9) continue;
+    const QRectF place(inner.left() + ((d - 1) % kSide) * third, inner.top() + ((d - 1) / kSide) * third, third, third);
+    painter.drawText(place, Qt::AlignCenter, QString(ch));
+  }
+}
+
+void BoardView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layOut();
+}
+
+void BoardView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    layOut();
+    updateGeometry();
+    update();
+  }
+}
+
+// --- pointer and keyboard
+
+bool BoardView::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int index = cellAt(help->pos());
+    if (index >= 0) {
+      QToolTip::showText(help->globalPos(), cellToolTip(index), this, m_cellRects[std::size_t(index)]);
+      return true;
+    }
+    for (const QRect& count : m_countRects)
+      if (m_kind == Kind::Candidates && count.contains(help->pos())) {
+        QToolTip::showText(help->globalPos(), kBoxCountHint, this, count);
+        return true;
+      }
+    QToolTip::hideText();
+    event->ignore();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
+void BoardView::mousePressEvent(QMouseEvent* event) {
+  const QPoint point = event->position().toPoint();
+  m_pressed = cellAt(point);
+  m_pressedBox = m_pressed < 0 ? boxFrameAt(point) : -1;
+  if (m_pressed >= 0) emit cellPressed(m_pressed, event->button());
+  event->accept();
+}
+
+void BoardView::mouseReleaseEvent(QMouseEvent* event) {
+  const int pressed = std::exchange(m_pressed, -1);
+  const int pressedBox = std::exchange(m_pressedBox, -1);
+  event->accept();
+  if (pressed >= 0)
+    emit cellReleased(pressed, event->button());
+  else if (pressedBox >= 0 && boxFrameAt(event->position().toPoint()) == pressedBox)
+    emit boxFrameClicked(pressedBox);
+}
+
+void BoardView::mouseDoubleClickEvent(QMouseEvent* event) {
+  // The second press of a double-click: its release still counts as a click.
+  m_pressed = cellAt(event->position().toPoint());
+  m_pressedBox = -1;
+  if (m_pressed >= 0) emit cellDoubleClicked(m_pressed);
+  event->accept();
+}
+
+void BoardView::mouseMoveEvent(QMouseEvent* event) {
+  const int index = cellAt(event->position().toPoint());
+  if (index == m_hovered) return;
+  m_hovered = index;
+  if (index >= 0) emit cellHovered(index);
+}
+
+void BoardView::leaveEvent(QEvent* event) {
+  m_hovered = -1;
+  QWidget::leaveEvent(event);
+}
+
+void BoardView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return QWidget::keyPressEvent(event);
+  emit keyPressed(event->key());
+  event->accept();
+}
+
+void BoardView::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return QWidget::keyReleaseEvent(event);
+  if (!event->isAutoRepeat()) emit keyReleased(event->key(), event->modifiers());
+  event->accept();
+}
+
+void BoardView::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  update(m_boardRect);
+}
+
+void BoardView::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  update(m_boardRect);
+}
+
+}  // namespace tessaly

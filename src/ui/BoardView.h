@@ -1,0 +1,120 @@
+#pragma once
+// One painted 9 x 9 board of the cell board: the value grid (`Grid`) or the
+// candidate display (`PosVals`, with each box's count of missing digits beside
+// it). The cells are square and as large as the widget allows; the fonts follow
+// the cell size. The view keeps what each cell shows and repaints a cell only
+// when that changes, so a solve that redraws after every step stays cheap.
+//
+// The view draws and hit-tests; what a click means is the cell board's business.
+// The value grid fills the board with its palette's window colour; the
+// candidate display shows the frame around it through.
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <QString>
+#include <QWidget>
+#include <array>
+
+namespace tessaly {
+
+class BoardView : public QWidget {
+  Q_OBJECT
+
+ public:
+  enum class Kind {
+    Values,      ///< one digit a cell, centred; box frames answer clicks
+    Candidates,  ///< each cell's choices laid out 1 to 9 in three rows; box counts
+  };
+  /// What one cell (or box count) shows.
+  struct Look {
+    QString text;
+    QColor back, fore;  ///< back invalid: the view's own background
+    bool bold = false;
+    friend bool operator==(const Look&, const Look&) = default;
+  };
+
+  static constexpr const char* kBoxCountHint = "The total number of choices in a box are shown on the right hand side";
+
+  explicit BoardView(Kind kind, QWidget* parent = nullptr);
+
+  Kind kind() const { return m_kind; }
+  /// Sets what cell 0..80 shows; repaints it only when that changed.
+  void setCell(int index, const Look& look);
+  const Look& cell(int index) const { return m_cells.at(std::size_t(index)); }
+  /// Sets the count beside box 0..8 (candidate display only).
+  void setCount(int box, const QString& text);
+  const QString& count(int box) const { return m_counts.at(std::size_t(box)); }
+
+  /// Where cell 0..80, the count of box 0..8 and box 0..8 itself are drawn.
+  QRect cellRect(int index) const { return m_cellRects.at(std::size_t(index)); }
+  QRect countRect(int box) const { return m_countRects.at(std::size_t(box)); }
+  QRect boxRect(int box) const { return m_boxRects.at(std::size_t(box)); }
+  /// The side of a cell in pixels.
+  int cellSize() const { return m_cellSize; }
+  /// The tool tip of cell 0..80: its cell number 1..81.
+  static QString cellToolTip(int index) { return QString::number(index + 1); }
+
+  /// The cell 0..80 under a point, or -1.
+  int cellAt(const QPoint& point) const;
+  /// The box 0..8 whose frame (inside the box, outside its cells) holds a point, or -1.
+  int boxFrameAt(const QPoint& point) const;
+
+  /// Which side of the widget the board keeps to when the widget is wider than it.
+  void setHorizontalAlignment(Qt::Alignment alignment);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ signals:
+  void cellPressed(int index, Qt::MouseButton button);
+  /// The button released after a press on a cell; `index` is the pressed cell.
+  void cellReleased(int index, Qt::MouseButton button);
+  void cellDoubleClicked(int index);
+  /// The pointer moved onto a cell.
+  void cellHovered(int index);
+  void boxFrameClicked(int box);
+  void keyPressed(int key);
+  void keyReleased(int key, Qt::KeyboardModifiers modifiers);
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  /// Width and height of the whole board for a cell side.
+  QSize boardSize(int cellSide) const;
+  /// The cell side that a font of the widget's needs at least (minimum) or likes (hint).
+  int minimumCellSide() const;
+  void layOut();
+  void drawCell(QPainter& painter, int index) const;
+  void drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const;
+
+  Kind m_kind;
+  Qt::Alignment m_alignment = Qt::AlignHCenter;
+  std::array<Look, 81> m_cells{};
+  std::array<QString, 9> m_counts{};
+  std::array<QRect, 81> m_cellRects{};
+  std::array<QRect, 9> m_countRects{};
+  std::array<QRect, 9> m_boxRects{};
+  QRect m_boardRect;
+  int m_cellSize = 0;
+  QFont m_cellFont;   ///< the digits of the cells
+  QFont m_countFont;  ///< the box counts
+  int m_pressed = -1;  ///< the cell a button went down on, -1 for none
+  int m_pressedBox = -1;  ///< the box frame a button went down on, -1 for none
+  int m_hovered = -1;
+};
+
+}  // namespace tessaly

@@ -1,0 +1,230 @@
+// The window on a small screen and a large one: every tab and dialog fits
+// 1366x768 without clipping a control, the board grows with the window, the
+// window's size and splitters come back in the next run; keys reach the grid
+// only while it has the focus, the buttons' shortcuts work; and what the board
+// draws for box frames, explanations and the solver's dead ends.
+
+#include "model/GridTables.h"
+#include "play/Hints.h"
+#include "ui/BoardView.h"
+#include "ui/GridEntryDialog.h"
+#include "ui/HelpWindow.h"
+#include "ui/TemplateDialog.h"
+#include "ui/WidgetColours.h"
+#include "UiSupport.h"
+
+namespace tessaly::testing {
+namespace {
+
+const QSize kSmallestWindow(1280, 720);
+
+/// What of `widget` lies outside the window or outside one of its ancestors
+/// (and so is cut off); empty when it is whole.
+QString clipping(const QWidget* widget) {
+  const QWidget* window = widget->window();
+  const QRect rect(widget->mapTo(window, QPoint(0, 0)), widget->size());
+  for (const QWidget* p = widget->parentWidget(); p; p = p->parentWidget()) {
+    const QRect outer(p->mapTo(window, QPoint(0, 0)), p->size());
+    if (!outer.contains(rect))
+      return QString("%1 at (%2, %3) %4x%5 outside its %6")
+          .arg(widget->objectName())
+          .arg(rect.x())
+          .arg(rect.y())
+          .arg(rect.width())
+          .arg(rect.height())
+          .arg(p->metaObject()->className());
+    if (p == window) break;
+  }
+  // A control squeezed below its smallest size cuts its own caption.
+  const bool control = qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
+                       qobject_cast<const QGroupBox*>(widget) || qobject_cast<const BoardView*>(widget);
+  const QSize least = widget->minimumSizeHint();
+  if (control && (widget->width() < least.width() || widget->height() < least.height()))
+    return QString("%1 squeezed to %2x%3").arg(widget->objectName()).arg(widget->width()).arg(widget->height());
+  return {};
+}
+
+/// Every visible control of a window that is cut off, one a line.
+std::string clippedControls(const QWidget* window) {
+  QStringList clipped;
+  for (const QWidget* w : window->findChildren<QWidget*>()) {
+    const bool control = qobject_cast<const QAbstractButton*>(w) || qobject_cast<const QLabel*>(w) ||
+                         qobject_cast<const QLineEdit*>(w) || qobject_cast<const QAbstractItemView*>(w) ||
+                         qobject_cast<const QGroupBox*>(w) || qobject_cast<const BoardView*>(w);
+    if (control && w->isVisible() && w->window() == window && !w->objectName().startsWith("qt_"))
+      if (const QString why = clipping(w); !why.isEmpty()) clipped << why;
+  }
+  return clipped.join('\n').toStdString();
+}
+
+class LayoutTest : public WindowFixture {
+ protected:
+  void resizeWindow(QSize size) {
+    window->resize(size);
+    QApplication::processEvents();
+  }
+  void focusGrid() {
+    window->board()->grid()->setFocus();
+    QApplication::processEvents();
+  }
+  /// The scheme colour of a highlighted area, and the colours a cell has without one.
+  QColor areaColour() const { return qcolor(window->colourScheme().colour[9]); }
+  QColor ordinaryBack(int c) const {
+    return session.grid[c].given ? qcolor(window->colourScheme().givenBack) : QColor(255, 255, 255);
+  }
+};
+
+TEST_F(LayoutTest, EveryTabFitsASmallScreenWithoutCuttingAControl) {
+  start(1);
+  for (const Tab tab : {Tab::AutoSolve, Tab::Create, Tab::ManualSolve}) {
+    selectTab(tab);
+    const QSize least = window->minimumSizeHint();
+    EXPECT_LE(least.width(), kSmallestWindow.width()) << int(tab);
+    EXPECT_LE(least.height(), kSmallestWindow.height()) << int(tab);
+    // Too small a size leaves the window at its smallest, which must show everything too.
+    for (const QSize size : {QSize(640, 480), kSmallestWindow, QSize(1366, 768)}) {
+      resizeWindow(size);
+      EXPECT_EQ(window->size(), size.expandedTo(least)) << int(tab);
+      EXPECT_EQ(clippedControls(window.get()), "") << "tab " << int(tab) << " at " << size.width();
+      for (const char* name : {"Grid_80", "PosVals_81", "BoxMissingCount_9"})
+        EXPECT_TRUE(cell(name).view->rect().contains(cell(name).rect)) << name << " at " << size.width();
+    }
+  }
+}
+
+TEST_F(LayoutTest, TheDialogsFitASmallScreenAndEscapeClosesThem) {
+  start();
+  writeFile(appDir() + "SuDoKu.htm", "<html><body><h1>Help</h1></body></html>");
+  action("mnuHelpContents")->trigger();
+  GridEntryDialog grid(session, ui, window.get());
+  TemplateDialog pattern(ui, window.get());
+  for (QDialog* dialog : {static_cast<QDialog*>(&grid), static_cast<QDialog*>(&pattern),
+                          static_cast<QDialog*>(window->helpWindow())}) {
+    dialog->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
+    EXPECT_LE(dialog->width(), kSmallestWindow.width()) << dialog->objectName().toStdString();
+    EXPECT_LE(dialog->height(), kSmallestWindow.height()) << dialog->objectName().toStdString();
+    EXPECT_EQ(clippedControls(dialog), "");
+    QWidget* focus = dialog->focusWidget() ? dialog->focusWidget() : dialog;
+    QTest::keyClick(focus, Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible()) << dialog->objectName().toStdString();
+  }
+  EXPECT_EQ(grid.answer(), "N");
+  action("mnuAbout")->trigger();
+  const QPointer<QWidget> about = child("AboutBox");
+  QTest::keyClick(about, Qt::Key_Escape);
+  EXPECT_TRUE(!about || !about->isVisible());
+}
+
+TEST_F(LayoutTest, TheBoardGrowsWithTheWindowAndKeepsItsCellsSquare) {
+  start(1);
+  int previous = 0;
+  for (const QSize size : {kSmallestWindow, QSize(1600, 900), QSize(2400, 1400)}) {
+    resizeWindow(size);
+    const BoardCell value = cell("Grid_0"), choices = cell("PosVals_1");
+    EXPECT_GT(window->board()->cellSize(), previous) << size.width();
+    EXPECT_EQ(value.rect.width(), value.rect.height());
+    EXPECT_EQ(choices.rect.width(), choices.rect.height());
+    previous = window->board()->cellSize();
+  }
+}
+
+TEST_F(LayoutTest, TheSizeAndSplittersComeBackInTheNextRun) {
+  const QString file = QString::fromStdString(appDir() + "layout.ini");
+  start();
+  window->rememberLayoutIn(std::make_unique<QSettings>(file, QSettings::IniFormat));
+  resizeWindow(QSize(1300, 700));
+  auto* logSplitter = child<QSplitter>("LogSplitter");
+  auto* boardSplitter = child<QSplitter>("BoardSplitter");
+  const int tall = logSplitter->sizes()[0] + logSplitter->sizes()[1];
+  logSplitter->setSizes({tall - 150, 150});
+  selectTab(Tab::ManualSolve);
+  const int wide = boardSplitter->sizes()[0] + boardSplitter->sizes()[1];
+  boardSplitter->setSizes({boardSplitter->sizes()[0] + 40, wide - boardSplitter->sizes()[0] - 40});
+  const QList<int> logSizes = logSplitter->sizes(), boardSizes = boardSplitter->sizes();
+  window->close();
+
+  window = std::make_unique<MainWindow>(session, &ui);
+  window->rememberLayoutIn(std::make_unique<QSettings>(file, QSettings::IniFormat));
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  EXPECT_EQ(window->size(), QSize(1300, 700));
+  EXPECT_EQ(child<QSplitter>("LogSplitter")->sizes(), logSizes);
+  selectTab(Tab::ManualSolve);  // the left column keeps its width for each page
+  EXPECT_EQ(child<QSplitter>("BoardSplitter")->sizes(), boardSizes);
+}
+
+TEST_F(LayoutTest, KeysPlaceDigitsOnlyWhileTheGridHasTheFocus) {
+  start(1);
+  selectTab(Tab::ManualSolve);
+  click("Grid_0");  // cell 1: choices 45
+  // A digit typed in the puzzle-number box does not reach the selected cell.
+  QTest::keyClicks(child("PuzNumNow"), "4");
+  EXPECT_EQ(session.grid[1].value, 0);
+  focusGrid();
+  // The digits of the numeric pad count as well as the main keyboard's.
+  QTest::keyClick(child("Grid"), Qt::Key_4, Qt::KeypadModifier);
+  EXPECT_EQ(cell("Grid_0").text, "4");
+  QTest::keyClick(child("Grid"), Qt::Key_Right);
+  QTest::keyClick(child("Grid"), Qt::Key_8);
+  EXPECT_EQ(lines(child<QListWidget>("LogManual")), (std::vector<std::string>{"C01 = 4", "C02 = 8"}));
+  // A cell chosen by the cell hint takes the digits typed next.
+  child("PuzNumNow")->setFocus();
+  click("CellHint");
+  EXPECT_EQ(window->focusWidget(), child("Grid"));
+  child<QLineEdit>("PuzNumNow")->selectAll();  // Enter in the box reads the puzzle typed
+  QTest::keyClicks(child("PuzNumNow"), "12");
+  QTest::keyClick(child("PuzNumNow"), Qt::Key_Return);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, 12);
+}
+
+TEST_F(LayoutTest, TheShortcutsClickTheButtonsOfTheShownPageAndTheToolTipsNameThem) {
+  start(1);
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  const std::tuple<const char*, QString> tips[] = {
+      {"StartCommand", "(F5, Alt+S)"}, {"NextStepCommand", "(F6, Alt+N)"}, {"Solveit", "(F7, Alt+L)"},
+      {"PauseCheck", "(F8, Alt+P)"},   {"GetHint_0", "(Ctrl+1, Alt+1)"},   {"GetHint_6", "(Ctrl+7, Alt+A)"},
+      {"CellHint", "(Ctrl+H, Alt+C)"}};
+  for (const auto& [name, keys] : tips) EXPECT_TRUE(child(name)->toolTip().endsWith(keys)) << name;
+
+  QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);  // a hint key while its page is not shown
+  EXPECT_TRUE(session.Hints.empty());
+  QTest::keyClick(window.get(), Qt::Key_F7);  // Solve
+  EXPECT_EQ(ui.messages, std::vector<std::string>{"Done"});
+  EXPECT_EQ(blanksShown(), 0);
+
+  click("ClearCommand");
+  selectTab(Tab::ManualSolve);
+  QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);  // Rule 2's hint
+  ASSERT_FALSE(session.Hints.empty());
+  EXPECT_EQ(session.Hints[0], "APPLY RULE 2");
+  EXPECT_EQ(lines(child<QListWidget>("LogManual")), std::vector<std::string>{});
+}
+
+TEST_F(LayoutTest, AClickOnABoxFrameNamesTheBox) {
+  start(1);
+  selectTab(Tab::ManualSolve);
+  BoardView* grid = window->board()->grid();
+  for (const int box : {1, 4, 9}) {
+    const QPoint frame = grid->boxRect(box - 1).topLeft() + QPoint(1, 1);
+    ASSERT_EQ(grid->boxFrameAt(frame), box - 1);
+    QTest::mouseClick(grid, Qt::LeftButton, {}, frame);
+    EXPECT_EQ(child<QLabel>("PointerReadout")->text().toStdString(), boxReadout(box));
+  }
+}
+
+TEST_F(LayoutTest, AnExplanationHighlightsTheRowColumnAndBoxOfItsCellUntilTheNextClick) {
+  start(1);
+  selectTab(Tab::ManualSolve);
+  click("PosVals_14");  // row 2, column 5, box 2
+  for (int c = 1; c <= kCells; ++c) {
+    const bool inArea = CellRow[c] == 2 || CellCol[c] == 5 || CellBox[c] == 2;
+    EXPECT_EQ(cell(QString("Grid_%1").arg(c - 1)).back, inArea ? areaColour() : ordinaryBack(c)) << c;
+  }
+  click("Grid_80");  // a click on the grid ends it; the clicked cell is selected
+  for (int c = 1; c < kCells; ++c) EXPECT_EQ(cell(QString("Grid_%1").arg(c - 1)).back, ordinaryBack(c)) << c;
+}
+
+}  // namespace
+}  // namespace tessaly::testing
