@@ -111,7 +111,7 @@ class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<
     }
     if (command == "DigitAndUndo") {
       onTab(Tab::ManualSolve);
-      testing::click(window->valueBox(1));
+      click("Grid_1");
       QTest::keyClick(child("Grid"), Qt::Key_Delete);
       QTest::keyClick(child("Grid"), Qt::Key_4);
       clickIfEnabled("UndoManual");
