@@ -28,7 +28,7 @@
 #include "ui/EventLogView.h"
 #include "ui/GridEntryDialog.h"
 #include "ui/HelpWindow.h"
-#include "ui/ManualTab.h"
+#include "ui/ManualPage.h"
 #include "ui/ObjectNames.h"
 #include "ui/PuzzleFrame.h"
 #include "ui/WidgetColours.h"
@@ -166,10 +166,10 @@ void MainWindow::createPages(QStackedWidget* stack) {
       m_board->clearOverlayColours(cell);
     m_board->refreshFromSession();
   };
-  auto* manual = new ManualTab(m_session, *this, paintManual, stack);
+  auto* manual = new ManualPage(m_session, *this, paintManual, stack);
   // A cell selected from the move list, a hint line or the cell hint takes the
   // digits typed next: the grid gets the keyboard.
-  connect(manual->page(), &ManualPage::cellSelected, this, [this] { m_board->grid()->setFocus(Qt::OtherFocusReason); });
+  connect(manual, &ManualPage::cellSelected, this, [this] { m_board->grid()->setFocus(Qt::OtherFocusReason); });
   m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack), manual};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }

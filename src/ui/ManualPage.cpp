@@ -1,6 +1,7 @@
 #include "ui/ManualPage.h"
 
 #include <QAction>
+#include <QCursor>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -24,6 +25,7 @@
 #include "play/Hints.h"
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
+#include "ui/CommandHost.h"
 #include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/Shortcuts.h"
@@ -92,11 +94,9 @@ class ManualPage::Painter : public ManualDisplay {
   ManualPage& m_page;
 };
 
-ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void()> onGridChanged, QWidget* parent)
-    : QWidget(parent),
-      m_session(session),
+ManualPage::ManualPage(Session& session, CommandHost& host, PaintCell paintCell, QWidget* parent)
+    : TabPage(session, host, parent),
       m_paintCell(std::move(paintCell)),
-      m_onGridChanged(std::move(onGridChanged)),
       m_painter(std::make_unique<Painter>(*this)),
       m_play(std::make_unique<ManualPlay>(session, m_painter.get())) {
   setObjectName(names::ManualPage);
@@ -109,12 +109,19 @@ ManualPage::ManualPage(Session& session, PaintCell paintCell, std::function<void
 
   buildChoicesMenu();
   // Left: placing by hand. Right: hints and explanations.
-  auto* layout = new QHBoxLayout(this);
+  auto* columns = new QHBoxLayout;
+  columns->addLayout(buildPlacingColumn());
+  columns->addLayout(buildHintColumn(), 1);
+  auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addLayout(buildPlacingColumn());
-  layout->addLayout(buildHintColumn(), 1);
+  layout->addLayout(columns);
+  layout->addStretch();
   refreshFromSession();
 }
+
+void ManualPage::applyColours(const ColourScheme& scheme) { paintBackground(this, scheme.statusBack); }
+
+void ManualPage::valueBoxDoubleClicked(int cell) { onCellDoubleClicked(cell, QCursor::pos()); }
 
 QBoxLayout* ManualPage::buildPlacingColumn() {
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -306,15 +313,12 @@ void ManualPage::run(std::function<void()> command) {
     command();
     afterCommand();
   };
-  if (commandRunner)
-    commandRunner(std::move(whole));
-  else
-    whole();
+  m_host.runCommand(std::move(whole));
 }
 
 void ManualPage::afterCommand() {
   refreshFromSession();
-  if (m_onGridChanged) m_onGridChanged();
+  m_host.refreshFromSession();
   const int selected = m_play->selectedCell;
   if (selected != std::exchange(m_shownSelection, selected) && isCell(selected)) emit cellSelected(selected);
 }
@@ -427,7 +431,7 @@ void ManualPage::onCandidateClicked(int cell) {
     for (int c : areaCells(AreaKind::Col, explanation.col)) paint(c, ManualPaint::BoxHighlight);
     m_explained = {explanation.row, explanation.col, explanation.box};
   }
-  if (m_onGridChanged) m_onGridChanged();
+  m_host.refreshFromSession();
 }
 
 void ManualPage::onBoxFrameClicked(int box) {

@@ -6,8 +6,10 @@
 // and the explanation of a cell's choices.
 //
 // The page owns the manual-play state and draws it; every decision is the
-// core's. The window connects its grid to the public slots, paints the cells
-// the page asks for through `PaintCell` and redraws on `onGridChanged`.
+// core's. The window hands it the grid's clicks and keys while the tab is
+// shown, paints the cells the page asks for through `PaintCell`, and runs the
+// page's commands (ending a paused run first) and redraws through its
+// CommandHost.
 
 #include <QColor>
 #include <QPoint>
@@ -18,6 +20,7 @@
 #include <optional>
 
 #include "model/Event.h"
+#include "ui/TabPage.h"
 
 class QAction;
 class QBoxLayout;
@@ -30,7 +33,6 @@ namespace tessaly {
 
 class ColourScheme;
 class ManualPlay;
-class Session;
 
 /// How manual play asks the window to draw a cell's value box.
 enum class ManualPaint {
@@ -51,15 +53,15 @@ struct ManualColours {
 };
 std::optional<ManualColours> manualPaintColours(ManualPaint paint, const ColourScheme& scheme);
 
-class ManualPage : public QWidget {
+class ManualPage : public TabPage {
   Q_OBJECT
 
  public:
   using PaintCell = std::function<void(int cell, ManualPaint paint)>;
 
-  /// `paintCell` draws one value box as asked; `onGridChanged` redraws the
-  /// window from the session (values, candidates, title, log).
-  ManualPage(Session& session, PaintCell paintCell, std::function<void()> onGridChanged, QWidget* parent = nullptr);
+  /// `paintCell` draws one value box as asked; the host runs the page's
+  /// commands and redraws the window from the session.
+  ManualPage(Session& session, CommandHost& host, PaintCell paintCell, QWidget* parent = nullptr);
   ~ManualPage() override;
 
   ManualPlay& play() { return *m_play; }
@@ -72,14 +74,20 @@ class ManualPage : public QWidget {
   /// while it is current (the session calls this itself then).
   void prepare();
   /// The tab was shown again: nothing selected, the moves kept.
-  void pageShown();
+  void pageShown() override;
   /// Redraws the page's controls from the manual-play state and the session.
-  void refreshFromSession();
+  void refreshFromSession() override;
+  void applyColours(const ColourScheme& scheme) override;
 
-  /// Runs each command that changes the grid, so that the window can put its
-  /// own frame around it (for instance ending a paused run first). Unset: the
-  /// command runs at once.
-  std::function<void(std::function<void()>)> commandRunner;
+  // The grid's clicks and keys while the tab is shown.
+  void valueBoxClicked(int cell, Qt::MouseButton) override { onCellClicked(cell); }
+  void valueBoxDoubleClicked(int cell) override;
+  void candidateLabelClicked(int cell, Qt::MouseButton button) override {
+    if (button == Qt::LeftButton) onCandidateClicked(cell);
+  }
+  void candidateLabelHovered(int cell) override { onCandidateHovered(cell); }
+  void boxFrameClicked(int box) override { onBoxFrameClicked(box); }
+  void keyReleased(int key, Qt::KeyboardModifiers modifiers) override { onKeyReleased(key, modifiers); }
 
   /// The key code the core expects for a Qt key: 46 for Delete, 49..57 for
   /// the digits 1..9 of the main keyboard or the numeric pad, else 0 (also for
@@ -129,9 +137,7 @@ class ManualPage : public QWidget {
   void clearReadOuts();
   void hintClicked(int row, Qt::MouseButton button);
 
-  Session& m_session;
   PaintCell m_paintCell;
-  std::function<void()> m_onGridChanged;
   std::unique_ptr<Painter> m_painter;
   std::unique_ptr<ManualPlay> m_play;
   Event::Subscription m_puzzleLoaded;  ///< ends before the page goes

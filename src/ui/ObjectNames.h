@@ -46,7 +46,6 @@ inline constexpr const char LogManual[] = "LogManual";
 inline constexpr const char LogSplitter[] = "LogSplitter";
 inline constexpr const char ManualInstructions[] = "ManualInstructions";
 inline constexpr const char ManualPage[] = "ManualPage";
-inline constexpr const char ManualTab[] = "ManualTab";
 inline constexpr const char MesLab[] = "MesLab";
 inline constexpr const char mnuChoices[] = "mnuChoices";
 inline constexpr const char mnuColx[] = "mnuColx";

@@ -13,7 +13,6 @@
 #include "ui/CreatePage.h"
 #include "ui/MainWindow.h"
 #include "ui/ManualPage.h"
-#include "ui/ManualTab.h"
 
 namespace tessaly {
 
@@ -59,7 +58,7 @@ void scheduleScreenshot(MainWindow& window, Session& session, const std::string&
     } else if (tab == "manual") {
       window.readPuzzleFile(collection, kPuzzle);
       selectTab(window, 2);
-      ManualPlay& play = static_cast<ManualTab*>(window.page(Tab::ManualSolve))->page()->play();
+      ManualPlay& play = static_cast<ManualPage*>(window.page(Tab::ManualSolve))->play();
       // Fill the first few open cells that have a single choice, as a player would.
       int placed = 0;
       for (int c = 1; c <= kCells && placed < 8; ++c)

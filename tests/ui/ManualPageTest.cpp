@@ -4,6 +4,7 @@
 #include "play/Hints.h"
 #include "play/ManualPlay.h"
 #include "solver/ReadPuzzle.h"
+#include "ui/CommandHost.h"
 #include "ui/ManualPage.h"
 #include "UiSupport.h"
 
@@ -35,7 +36,13 @@ class ManualPageTest : public ::testing::Test {
   test::TestSession t;
   Session& session = t.session;
   std::vector<std::pair<int, ManualPaint>> paints;  // as the page asks the window
-  ManualPage page{session, [this](int cell, ManualPaint paint) { paints.emplace_back(cell, paint); }, {}};
+  // Runs each command at once, as the window does when no run is under way.
+  struct ImmediateHost : CommandHost {
+    void runCommand(std::function<void()> command) override { command(); }
+    void releasePause() override {}
+    void refreshFromSession() override {}
+  } host;
+  ManualPage page{session, host, [this](int cell, ManualPaint paint) { paints.emplace_back(cell, paint); }};
 };
 
 TEST_F(ManualPageTest, KeysAndButtonsReachManualPlayAndThePageShowsItsState) {
