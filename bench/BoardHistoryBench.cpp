@@ -14,10 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "model/CollectionFile.h"
-#include "model/Services.h"
+#include "BenchSupport.h"
 #include "solver/BoardHistory.h"
-#include "solver/SolverEngine.h"
 
 namespace {
 
@@ -27,42 +25,21 @@ std::size_t historyBytes(const BoardHistory& h) {
   return h.changes.capacity() * sizeof(CellRecord) + h.lineEnd.capacity() * sizeof(int) + sizeof(h.last);
 }
 
-/// Puts the puzzle's givens into the session with their candidates, on an empty log.
-void load(Session& s, const PuzzleRowsRead& read) {
-  for (int c = 1; c <= kCells; ++c) {
-    const std::string& row = read.rows[std::size_t((c - 1) / 9)];
-    const std::size_t col = std::size_t((c - 1) % 9);
-    const int v = col < row.size() ? digitValue(row[col]) : 0;
-    s.grid[c].value = v;
-    s.grid[c].given = v != 0;
-    s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
-  }
-  s.clearEventLog();
-  SolverEngine(s).computeCandidates(false);
-}
-
 void recordHistory(benchmark::State& state, const std::string& path) {
-  const auto scratch = std::filesystem::temp_directory_path() / "tessaly-bench-history";
-  std::filesystem::create_directories(scratch);
-  std::filesystem::current_path(scratch);  // Eventlog.txt lands here
-  ScriptedUserInterface ui;
-  SeededRandom random(1);
-  Session s(Services{&ui, nullptr, nullptr, nullptr, &random});
-  s.writesConfiguration = false;
+  bench::BenchSession b("tessaly-bench-history");
+  Session& s = b.session;
+  const std::vector<std::string> puzzles = bench::loadCollection(path, 500);
 
   // Every line's board of every puzzle, and how long the Solves took.
   std::vector<std::vector<PuzzleGrid>> boards;
   double solveSeconds = 0;
   std::size_t maxBytes = 0, maxLines = 0;
-  const int total = std::min(countPuzzles(path), 500);
-  for (int n = 1; n <= total; ++n) {
-    auto read = readPuzzleRows(path, n);
-    if (read.status != PuzzleRowsRead::Status::Found) break;
-    load(s, read);
+  for (const std::string& puzzle : puzzles) {
+    bench::loadIntoSession(s, puzzle);
     const auto start = std::chrono::steady_clock::now();
     SolverEngine(s).solveCommand();
     solveSeconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    ui.messages.clear();
+    b.ui.messages.clear();
     std::vector<PuzzleGrid> lines;
     for (int k = 1; k <= s.log.TotalLines(); ++k) lines.push_back(boardAtLine(s.run.history, k));
     if (historyBytes(s.run.history) > maxBytes) maxBytes = historyBytes(s.run.history);
@@ -74,13 +51,12 @@ void recordHistory(benchmark::State& state, const std::string& path) {
   // limit runs until the log holds its 5,000 lines (or solves first).
   std::size_t fullLogBytes = 0;
   int fullLogLines = 0;
-  for (int n = 1; n <= total && fullLogLines < EventLog::kCapacity; ++n) {
-    auto read = readPuzzleRows(path, n);
-    if (read.status != PuzzleRowsRead::Status::Found) break;
-    load(s, read);
+  for (const std::string& puzzle : puzzles) {
+    if (fullLogLines >= EventLog::kCapacity) break;
+    bench::loadIntoSession(s, puzzle);
     s.config.MaxTries = 1000000;
     SolverEngine(s).solveCommand();
-    ui.messages.clear();
+    b.ui.messages.clear();
     if (s.log.TotalLines() > fullLogLines) {
       fullLogLines = s.log.TotalLines();
       fullLogBytes = historyBytes(s.run.history);
@@ -109,12 +85,7 @@ void recordHistory(benchmark::State& state, const std::string& path) {
 
 /// One benchmark per collection file of the test sets, in name order.
 [[maybe_unused]] const bool registered = [] {
-  std::vector<std::filesystem::path> files;
-  std::error_code ec;
-  for (const auto& entry : std::filesystem::directory_iterator(TESSALY_TEST_PUZZLES_DIR, ec))
-    if (entry.path().extension() == ".sud") files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  for (const auto& file : files)
+  for (const auto& file : bench::collectionFiles(TESSALY_TEST_PUZZLES_DIR))
     benchmark::RegisterBenchmark(("boardHistory/" + file.stem().string()).c_str(), recordHistory, file.string())
         ->Unit(benchmark::kMillisecond);
   return true;

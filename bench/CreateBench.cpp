@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "BenchSupport.h"
 #include "create/Creation.h"
 #include "create/EntryDialogs.h"
 #include "model/Services.h"
@@ -23,15 +24,11 @@ std::string checkerTemplate() {
 }
 
 void createPuzzles(benchmark::State& state, BlankDistribution distribution) {
-  const auto scratch = std::filesystem::temp_directory_path() / "tessaly-bench-create";
-  std::filesystem::create_directories(scratch);
+  bench::BenchSession b("tessaly-bench-create");
+  Session& s = b.session;
+  const auto& scratch = b.scratch;
   const auto tempFile = scratch / kTempCollectionName;
 
-  ScriptedUserInterface ui;
-  SeededRandom random(1);
-  Session s(Services{&ui, nullptr, nullptr, nullptr, &random});
-  s.writesConfiguration = false;
-  s.appDir = scratch.string() + "/";
   PuzzleCreator creator(s);
   const CreateSettings settings{"45", distribution, checkerTemplate()};
 

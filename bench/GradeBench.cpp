@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "BenchSupport.h"
 #include "create/Creation.h"
 #include "model/Services.h"
 #include "model/Session.h"
@@ -56,13 +57,9 @@ void BM_CountTop95(benchmark::State& state) {
 }
 
 void createPuzzles(benchmark::State& state, bool unique) {
-  const auto scratch = std::filesystem::temp_directory_path() / "tessaly-bench-grade-create";
-  std::filesystem::create_directories(scratch);
-  ScriptedUserInterface ui;
-  SeededRandom random(1);
-  Session s(Services{&ui, nullptr, nullptr, nullptr, &random});
-  s.writesConfiguration = false;
-  s.appDir = scratch.string() + "/";
+  bench::BenchSession b("tessaly-bench-grade-create");
+  Session& s = b.session;
+  const auto& scratch = b.scratch;
   PuzzleCreator creator(s);
   CreateSettings settings{"56", BlankDistribution::Random, std::nullopt};
   settings.uniqueOnly = unique;

@@ -15,59 +15,26 @@
 #include <string>
 #include <vector>
 
-#include "model/CollectionFile.h"
-#include "model/Services.h"
-#include "solver/SolverEngine.h"
+#include "BenchSupport.h"
 
 namespace {
 
 using namespace tessaly;
 
-std::vector<std::string> loadCollection(const std::string& path) {
-  std::vector<std::string> puzzles;
-  const int total = countPuzzles(path);
-  // Read the file once and cut it into puzzles of 81 characters.
-  for (int n = 1; n <= total; ++n) {
-    auto read = readPuzzleRows(path, n);
-    if (read.status != PuzzleRowsRead::Status::Found) break;
-    std::string text;
-    for (auto& row : read.rows) text += (row + std::string(9, '0')).substr(0, 9);
-    puzzles.push_back(text);
-    if (n >= 2000) break;  // enough for a steady figure
-  }
-  return puzzles;
-}
-
-void loadIntoSession(Session& s, const std::string& puzzle) {
-  for (int c = 1; c <= kCells; ++c) {
-    const int v = digitValue(puzzle[std::size_t(c - 1)]);
-    s.grid[c].value = v;
-    s.grid[c].given = v != 0;
-    s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
-  }
-  s.clearEventLog();
-  SolverEngine(s).computeCandidates(false);
-}
-
 void narratedSolve(benchmark::State& state, const std::string& path) {
-  const auto puzzles = loadCollection(path);
-  const auto scratch = std::filesystem::temp_directory_path() / "tessaly-bench";
-  std::filesystem::create_directories(scratch);
-  std::filesystem::current_path(scratch);  // Eventlog.txt lands here
-  ScriptedUserInterface ui;
-  SeededRandom random(1);
-  Session s(Services{&ui, nullptr, nullptr, nullptr, &random});
-  s.writesConfiguration = false;
+  const auto puzzles = bench::loadCollection(path, 2000);  // enough for a steady figure
+  bench::BenchSession b("tessaly-bench");
+  Session& s = b.session;
   long long lines = 0, placements = 0, solved = 0;
   for (auto _ : state) {
     for (const std::string& puzzle : puzzles) {
-      loadIntoSession(s, puzzle);
+      bench::loadIntoSession(s, puzzle);
       SolverEngine(s).solveCommand();
       lines += s.log.TotalLines();
       for (int n = 1; n <= s.log.TotalLines(); ++n)
         if (s.log.line(n).starts_with("00Set row")) ++placements;
       solved += s.grid.filledCount() == kCells ? 1 : 0;
-      ui.messages.clear();
+      b.ui.messages.clear();
     }
   }
   const double runs = double(state.iterations()) * double(puzzles.size());
@@ -82,12 +49,7 @@ void narratedSolve(benchmark::State& state, const std::string& path) {
 void registerCollections() {
   const char* chosen = std::getenv("TESSALY_PUZZLES");
   const std::filesystem::path folder = chosen && *chosen ? chosen : TESSALY_TEST_PUZZLES_DIR;
-  std::vector<std::filesystem::path> files;
-  std::error_code ec;
-  for (const auto& entry : std::filesystem::directory_iterator(folder, ec))
-    if (entry.path().extension() == ".sud") files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  for (const auto& file : files)
+  for (const auto& file : bench::collectionFiles(folder))
     benchmark::RegisterBenchmark(("narratedSolve/" + file.stem().string()).c_str(), narratedSolve, file.string())
         ->Unit(benchmark::kMillisecond);
 }
