@@ -16,15 +16,10 @@ bool WindowPacer::processEvents() {
   if (!mayGoOn()) return false;
   // A run without pauses yields after every log line; handling events (and
   // with them a redraw) that often would cost many times the solving, so it is
-  // done once per interval, counted from the run's first yield: a run shorter
-  // than that is drawn once, when it ends.
-  if (!highlights(m_session.run.mode)) {
-    if (!m_sinceYield.isValid()) {
-      m_sinceYield.start();
-      return true;
-    }
-    if (m_sinceYield.elapsed() < kQuietIntervalMs) return true;
-  }
+  // done once per interval. Each run yields at its first line, so that input
+  // given as it starts is handled while it runs.
+  if (!highlights(m_session.run.mode) && m_sinceYield.isValid() && m_sinceYield.elapsed() < kQuietIntervalMs)
+    return true;
   m_sinceYield.start();
   if (m_onYield) m_onYield();
   const QPointer<QObject> window = m_window;

@@ -23,8 +23,8 @@ class WindowPacer : public Pacer {
               std::function<void()> beforeWait);
 
   /// Processes pending events; while the run goes without pauses (99) at most
-  /// once per kQuietIntervalMs, the first time one interval after the run began. False once the window is closing or the run was
-  /// asked to stop.
+  /// once per kQuietIntervalMs, the first time at the run's first yield. False
+  /// once the window is closing or the run was asked to stop.
   bool processEvents() override;
   /// Waits in a local event loop until Next (1) or the Pause box (99) releases
   /// the run. False when the wait ended otherwise (the window closed or went
@@ -36,7 +36,7 @@ class WindowPacer : public Pacer {
   /// Ends the run in progress at its next yield or wait.
   void requestStop();
   /// The run in progress is over: later runs may go on, and the next one
-  /// counts its quiet interval from its own start.
+  /// yields at its first line whenever it starts.
   void runEnded() {
     m_stopRequested = false;
     m_sinceYield.invalidate();
