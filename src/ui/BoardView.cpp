@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <QToolTip>
 #include <qdrawutil.h>
 
@@ -138,11 +140,18 @@ void BoardView::paintEvent(QPaintEvent* event) {
   if (m_kind == Kind::Values) painter.fillRect(m_boardRect & dirty, palette().color(QPalette::Window));
   QColor frame = palette().color(QPalette::WindowText);
   frame.setAlpha(160);
-  painter.setPen(frame);
   for (const QRect& box : m_boxRects)
-    if (box.intersects(dirty)) painter.drawRect(box.adjusted(0, 0, -1, -1));
+    if (box.intersects(dirty)) drawFrame(painter, box, frame);
+  // Every cell of one size, font and palette shares the drawings of its looks.
+  const qreal ratio = devicePixelRatioF();
+  const QString cacheTag = QStringLiteral("BoardView|%1|%2|%3|%4|%5|")
+                               .arg(int(m_kind))
+                               .arg(m_cellSize)
+                               .arg(ratio)
+                               .arg(palette().cacheKey())
+                               .arg(m_cellFont.key());
   for (int i = 0; i < int(m_cells.size()); ++i)
-    if (m_cellRects[std::size_t(i)].intersects(dirty)) drawCell(painter, i);
+    if (m_cellRects[std::size_t(i)].intersects(dirty)) drawCell(painter, i, cacheTag, ratio);
   if (m_kind == Kind::Candidates) {
     painter.setFont(m_countFont);
     painter.setPen(palette().color(QPalette::WindowText));
@@ -158,9 +167,45 @@ void BoardView::paintEvent(QPaintEvent* event) {
   }
 }
 
-void BoardView::drawCell(QPainter& painter, int index) const {
+void BoardView::drawFrame(QPainter& painter, const QRect& box, const QColor& colour) {
+  // The one-pixel outline of the box, each pixel blended once. The raster
+  // engine hands a translucent fill of more than about a hundred rows to its
+  // thread pool, and waking those threads costs far more than blending a
+  // line; the sides are filled in pieces short enough to stay on this thread.
+  constexpr int kRowsAtOnce = 64;
+  painter.fillRect(QRect(box.left(), box.top(), box.width(), 1), colour);
+  if (box.height() < 2) return;
+  painter.fillRect(QRect(box.left(), box.bottom(), box.width(), 1), colour);
+  for (int y = box.top() + 1; y < box.bottom(); y += kRowsAtOnce) {
+    const int rows = std::min(kRowsAtOnce, box.bottom() - y);
+    painter.fillRect(QRect(box.left(), y, 1, rows), colour);
+    if (box.width() > 1) painter.fillRect(QRect(box.right(), y, 1, rows), colour);
+  }
+}
+
+void BoardView::drawCell(QPainter& painter, int index, const QString& cacheTag, qreal ratio) const {
   const Look& look = m_cells[std::size_t(index)];
   const QRect rect = m_cellRects[std::size_t(index)];
+  // A cell with an opaque background covers its square whole: it is drawn
+  // once per look into a pixmap, and copied from there. Laying out its text
+  // costs many times the copy, and a board shows few looks over and over.
+  if (!look.back.isValid() || look.back.alpha() != 255) return drawLook(painter, rect, look);
+  const QString key = cacheTag + look.text + QLatin1Char('|') + QString::number(look.back.rgba()) + QLatin1Char('|') +
+                      QString::number(look.fore.isValid() ? look.fore.rgba() : 0) + QLatin1Char('|') +
+                      QLatin1Char(look.fore.isValid() ? 'f' : '-') + QLatin1Char(look.bold ? 'b' : '-');
+  QPixmap drawn;
+  if (!QPixmapCache::find(key, &drawn)) {
+    drawn = QPixmap(rect.size() * ratio);
+    drawn.setDevicePixelRatio(ratio);
+    QPainter cellPainter(&drawn);
+    drawLook(cellPainter, QRect(QPoint(0, 0), rect.size()), look);
+    cellPainter.end();
+    QPixmapCache::insert(key, drawn);
+  }
+  painter.drawPixmap(rect.topLeft(), drawn);
+}
+
+void BoardView::drawLook(QPainter& painter, const QRect& rect, const Look& look) const {
   if (look.back.isValid()) painter.fillRect(rect, look.back);
   qDrawShadePanel(&painter, rect, palette(), true, 1);
   if (look.text.isEmpty()) return;

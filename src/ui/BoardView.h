@@ -98,7 +98,11 @@ class BoardView : public QWidget {
   /// The cell side that a font of the widget's needs at least (minimum) or likes (hint).
   int minimumCellSide() const;
   void layOut();
-  void drawCell(QPainter& painter, int index) const;
+  /// The outline of a box in a translucent colour.
+  static void drawFrame(QPainter& painter, const QRect& box, const QColor& colour);
+  /// Draws cell 0..80; `cacheTag` names what its drawing depends on besides its look.
+  void drawCell(QPainter& painter, int index, const QString& cacheTag, qreal ratio) const;
+  void drawLook(QPainter& painter, const QRect& rect, const Look& look) const;
   void drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const;
 
   Kind m_kind;

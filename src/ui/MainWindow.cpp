@@ -391,6 +391,7 @@ void MainWindow::refresh(bool verifyLog) {
   m_puzzleFrame->refreshFromSession();
   for (TabPage* page : m_pages) page->refreshFromSession();
   m_board->refreshFromSession();
+  if (m_display) m_display->showProgress();
   // A creation hides the views while it works; whatever ended it, they return.
   const bool views = commandStates(m_session).views;
   m_board->candidateDisplay()->setVisible(views);

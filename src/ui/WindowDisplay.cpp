@@ -22,7 +22,19 @@ void WindowDisplay::paintCell(int cell, CellPaint paint) {
   m_changed();
 }
 
-void WindowDisplay::setProgress(int value) { m_progress.setValue(value); }
+void WindowDisplay::setProgress(int value) {
+  m_progressValue = value;
+  m_changed();
+}
+
+void WindowDisplay::showProgress() {
+  if (m_progress.value() == m_progressValue) return;
+  // QProgressBar repaints itself (and every change waiting in the window) at
+  // once when its value changes; it is drawn with the rest of the redraw.
+  m_progress.setUpdatesEnabled(false);
+  m_progress.setValue(m_progressValue);
+  m_progress.setUpdatesEnabled(true);
+}
 
 void WindowDisplay::showViews(bool shown) {
   m_board.candidateDisplay()->setVisible(shown);

@@ -1,6 +1,7 @@
 #pragma once
 // The core's Display drawn by the window: cell paints and highlights go to the
-// cell board (drawn at the next redraw), the progress to `pb1`.
+// cell board, the progress to `pb1`; both are drawn at the window's next
+// redraw, so a run that sets them after every step draws once per frame.
 
 #include <functional>
 
@@ -25,11 +26,15 @@ class WindowDisplay : public Display {
   void setProgress(int value) override;
   void showViews(bool shown) override;
 
+  /// Puts the progress last set on `pb1`; the window calls it when it redraws.
+  void showProgress();
+
  private:
   CellBoard& m_board;
   QProgressBar& m_progress;
   QWidget& m_logView;
   std::function<void()> m_changed;
+  int m_progressValue = 0;
 };
 
 }  // namespace tessaly

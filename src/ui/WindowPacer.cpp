@@ -14,8 +14,10 @@ WindowPacer::WindowPacer(const Session& session, QObject* window, std::function<
 
 bool WindowPacer::processEvents() {
   if (!mayGoOn()) return false;
-  // A run without pauses yields after every log line; handling events that
-  // often would cost more than the solving, so it is done once per interval.
+  // A run without pauses yields after every log line; handling events (and
+  // with them a redraw) that often would cost many times the solving, so it is
+  // done once per interval. Each run yields at its first line, so that input
+  // given as it starts is handled while it runs.
   if (!highlights(m_session.run.mode) && m_sinceYield.isValid() && m_sinceYield.elapsed() < kQuietIntervalMs)
     return true;
   m_sinceYield.start();

@@ -23,8 +23,8 @@ class WindowPacer : public Pacer {
               std::function<void()> beforeWait);
 
   /// Processes pending events; while the run goes without pauses (99) at most
-  /// once per kQuietInterval. False once the window is closing or the run was
-  /// asked to stop.
+  /// once per kQuietIntervalMs, the first time at the run's first yield. False
+  /// once the window is closing or the run was asked to stop.
   bool processEvents() override;
   /// Waits in a local event loop until Next (1) or the Pause box (99) releases
   /// the run. False when the wait ended otherwise (the window closed or went
@@ -35,8 +35,12 @@ class WindowPacer : public Pacer {
   void wake();
   /// Ends the run in progress at its next yield or wait.
   void requestStop();
-  /// The run in progress is over: later runs may go on.
-  void runEnded() { m_stopRequested = false; }
+  /// The run in progress is over: later runs may go on, and the next one
+  /// yields at its first line whenever it starts.
+  void runEnded() {
+    m_stopRequested = false;
+    m_sinceYield.invalidate();
+  }
   /// The window is closing: every run stops, now and later.
   void shutDown();
 
@@ -44,7 +48,9 @@ class WindowPacer : public Pacer {
   /// Pause points waited at so far.
   int waits() const { return m_waits; }
 
-  static constexpr int kQuietIntervalMs = 10;
+  /// About one frame: input waits no longer than this and a redraw, and a long
+  /// run is drawn about as often as a screen shows it.
+  static constexpr int kQuietIntervalMs = 16;
 
  private:
   bool mayGoOn() const { return !m_closing && !m_stopRequested; }
