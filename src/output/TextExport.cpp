@@ -100,7 +100,10 @@ bool writeTxtExport(const Session& session, const std::string& path) {
   return writeFileAtomically(path, txtExportText(session));
 }
 
-std::string reportText(const Session& session, bool includeLog) {
+namespace {
+
+/// The report with the event log's lines 1..lastLogLine when includeLog is set.
+std::string reportWithLogLines(const Session& session, bool includeLog, int lastLogLine) {
   const std::string heading = "Puzzle Number" + num(session.collection.CurrentPuzzleNumber);
   std::string out;
   addLine(out, heading);
@@ -110,10 +113,7 @@ std::string reportText(const Session& session, bool includeLog) {
   if (includeLog) {
     addLine(out, "");
     addLine(out, "EVENT LOG");
-    // Bounded by the recorded line count, not by the lines held: only a hint
-    // sets that count and every solve resets it, so after a plain solve the
-    // heading stands alone.
-    int last = std::min(session.log.RecordedLineCount, session.log.TotalLines());
+    const int last = std::min(lastLogLine, session.log.TotalLines());
     for (int n = 1; n <= last; ++n) {
       const std::string& stored = session.log.line(n);
       addLine(out, stored.size() > 2 ? std::string_view(stored).substr(2) : std::string_view());
@@ -128,6 +128,19 @@ std::string reportText(const Session& session, bool includeLog) {
   addLine(out, "");
   addLine(out, std::string("Tessaly Puzzle Solution and Creation - version ") + kProgramVersion);
   return out;
+}
+
+}  // namespace
+
+std::string reportText(const Session& session, bool includeLog) {
+  // Bounded by the recorded line count, not by the lines held: only a hint
+  // sets that count and every solve resets it, so after a plain solve the
+  // heading stands alone.
+  return reportWithLogLines(session, includeLog, session.log.RecordedLineCount);
+}
+
+std::string printerReportText(const Session& session, bool includeLog) {
+  return reportWithLogLines(session, includeLog, session.log.TotalLines());
 }
 
 std::string reportFileName(int puzzleNumber, const TimeOfDay& time) {

@@ -27,6 +27,9 @@ bool writeTxtExport(const Session& session, const std::string& path);
 /// The report: puzzle grid, optionally the event log up to its recorded line
 /// count, the solution grid and the closing line.
 std::string reportText(const Session& session, bool includeLog);
+/// The report as the printer gets it: the same, but with the whole event log as
+/// it stands (every line held, whatever the recorded line count).
+std::string printerReportText(const Session& session, bool includeLog);
 /// "P#" + number + "@" + hh-mm-ss + ".txt", e.g. P#12@14-05-33.txt.
 std::string reportFileName(int puzzleNumber, const TimeOfDay& time);
 

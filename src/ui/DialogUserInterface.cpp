@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -61,7 +62,23 @@ std::string DialogUserInterface::chooseFile(const FileRequest& request) {
     // The core asks before it overwrites a file that is not empty.
     path = QFileDialog::getSaveFileName(m_parent, qt(request.title), qt(request.startDir), filter, nullptr,
                                         QFileDialog::DontConfirmOverwrite);
-  return path.toStdString();
+  if (path.isEmpty() || request.mode == FileRequest::Mode::Open) return path.toStdString();
+  // Every save asks here, so a bare name typed for any kind of file is
+  // completed in this one place, before the core looks for a file to replace.
+  return withExtension(request, path.toStdString());
+}
+
+std::string DialogUserInterface::withExtension(const FileRequest& request, const std::string& path) {
+  // The first pattern of a list such as "*.sud *.txt" names the extension.
+  const QString pattern = qt(request.pattern).section(' ', 0, 0);
+  const QString extension = pattern.startsWith("*.") ? pattern.mid(2) : QString();
+  if (extension.isEmpty() || extension.contains('*') || extension.contains('?')) return path;
+  const QString name = QFileInfo(qt(path)).fileName();
+  if (name.isEmpty()) return path;
+  if (name.endsWith('.')) return path + extension.toStdString();
+  // A dot further on than the first character begins an extension.
+  if (name.lastIndexOf('.') > 0) return path;
+  return path + "." + extension.toStdString();
 }
 
 void DialogUserInterface::setBusy(bool busy) {

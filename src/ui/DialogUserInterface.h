@@ -19,8 +19,12 @@ class DialogUserInterface : public UserInterface {
   bool question(const std::string& text) override;
   std::optional<std::string> textInput(const std::string& title, const std::string& prompt,
                                        const std::string& defaultAnswer) override;
-  /// `FNDialog`: the file chooser, filtered by the request's pattern.
+  /// `FNDialog`: the file chooser, filtered by the request's pattern. A name
+  /// chosen for saving gets the pattern's extension when it has none.
   std::string chooseFile(const FileRequest& request) override;
+  /// `path` with the extension of the request's pattern ("*.csv" gives ".csv")
+  /// added when its file name has none; a name with any extension is kept.
+  static std::string withExtension(const FileRequest& request, const std::string& path);
   void setBusy(bool busy) override;
 
  private:

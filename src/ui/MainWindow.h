@@ -74,6 +74,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   /// How Print asks for a printer; the default is the print dialog. The chooser
   /// sets the printer up and returns false to cancel.
   void setPrinterChooser(std::function<bool(QPrinter&)> chooser) { m_choosePrinter = std::move(chooser); }
+  /// How Print makes the printer it offers the chooser; the default is a
+  /// high-resolution printer of the system's.
+  void setPrinterFactory(std::function<std::unique_ptr<QPrinter>()> factory) { m_makePrinter = std::move(factory); }
   /// The "Save this puzzle" menu command (`mnuSave2InFile`); nothing happens
   /// while it is empty.
   std::function<void()> saveThisPuzzleCommand;
@@ -157,6 +160,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::unique_ptr<WindowPacer> m_pacer;
   QTimer m_refreshTimer;
   std::function<bool(QPrinter&)> m_choosePrinter;
+  std::function<std::unique_ptr<QPrinter>()> m_makePrinter;
   std::unique_ptr<QSettings> m_settings;
 
   int m_commandDepth = 0;                 ///< commands on the stack (one, or none)

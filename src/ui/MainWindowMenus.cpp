@@ -101,12 +101,15 @@ void MainWindow::createHelpMenu() {
 }
 
 void MainWindow::printReport(bool includeLog) {
-  QPrinter printer(QPrinter::HighResolution);
+  std::unique_ptr<QPrinter> made = m_makePrinter ? m_makePrinter() : nullptr;
+  if (!made) made = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  QPrinter& printer = *made;
   printer.setDocName("Tessaly");
   if (!m_choosePrinter || !m_choosePrinter(printer)) return;
   const QString file = QFileInfo(QString::fromStdString(m_session.collection.CurrentFile)).fileName();
   const QString header = QString("Tessaly   %1   %2").arg(file, QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm"));
-  if (!ReportPrinter::print(printer, header, QString::fromStdString(reportText(m_session, includeLog))))
+  // The printed log is the whole log as it stands, unlike the report file's.
+  if (!ReportPrinter::print(printer, header, QString::fromStdString(printerReportText(m_session, includeLog))))
     m_session.message("The report could not be printed");
 }
 
