@@ -14,6 +14,7 @@
 #include "ui/MainWindow.h"
 #include "ui/ManualPage.h"
 #include "ui/ManualTab.h"
+#include "ui/ReplayController.h"
 
 namespace tessaly {
 
@@ -21,6 +22,8 @@ namespace {
 constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
 constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
 constexpr int kTickMs = 15;
+/// How many lines before the newest the replay picture goes back.
+constexpr int kLinesBack = 12;
 
 /// Saves the picture and quits; the exit status is 2 when the tab shown needs
 /// more room than the screen has.
@@ -70,12 +73,15 @@ void scheduleScreenshot(MainWindow& window, Session& session, const std::string&
         }
       saveAndQuit(window, file);
     } else {
+      // "autosolve", or "replay": the same stepped run with a past line shown.
+      const bool replay = tab == "replay";
       window.readPuzzleFile(collection, kPuzzle);
       auto* ticks = new QTimer(&window);
       auto count = std::make_shared<int>(0);
-      QObject::connect(ticks, &QTimer::timeout, &window, [&window, &session, file, ticks, count] {
+      QObject::connect(ticks, &QTimer::timeout, &window, [&window, &session, file, ticks, count, replay] {
         if (++*count > kNextClicks) {
           ticks->stop();
+          if (replay) window.replay()->showLine(session.log.TotalLines() - kLinesBack);
           saveAndQuit(window, file);
           return;
         }
