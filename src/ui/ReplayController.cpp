@@ -107,7 +107,7 @@ ReplayController::ReplayController(const Session& session, CellBoard& board, Eve
 }
 
 QWidget* ReplayController::createStrip(QWidget* parent) {
-  auto* strip = new QWidget(parent);
+  auto* strip = m_strip = new QWidget(parent);
   auto* layout = new QHBoxLayout(strip);
   layout->setContentsMargins(0, 0, 0, 0);
   m_slider = new QSlider(Qt::Horizontal, strip);
@@ -221,7 +221,11 @@ void ReplayController::updateSlider() {
 }
 
 bool ReplayController::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != &m_log || event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+  if (watched != &m_log) return QObject::eventFilter(watched, event);
+  // The strip goes with the log when a creation hides it.
+  if ((event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) && m_strip)
+    m_strip->setHidden(m_log.isHidden());
+  if (event->type() != QEvent::KeyPress) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
   if (key->modifiers() & ~Qt::KeypadModifier) return false;
   const bool allowed = !m_allowed || m_allowed();

@@ -84,6 +84,7 @@ class ReplayController : public QObject {
   const Session& m_session;
   CellBoard& m_board;
   EventLogView& m_log;
+  QWidget* m_strip = nullptr;
   QSlider* m_slider = nullptr;
   QLabel* m_label = nullptr;
   QShortcut* m_escape = nullptr;

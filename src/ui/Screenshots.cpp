@@ -22,8 +22,18 @@ namespace {
 constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
 constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
 constexpr int kTickMs = 15;
-/// How many lines before the newest the replay picture goes back.
-constexpr int kLinesBack = 12;
+/// How many lines before the newest the replay picture goes back at least.
+constexpr int kLinesBack = 8;
+
+/// A line well before the newest that removes a choice, so the picture shows
+/// its cell and area highlighted.
+int lineToReplay(const Session& session) {
+  const int newest = session.log.TotalLines();
+  const auto& findings = session.run.findings;
+  for (auto f = findings.rbegin(); f != findings.rend(); ++f)
+    if (f->kind == FindingKind::RuleRemoval && f->logLine <= newest - kLinesBack) return f->logLine;
+  return std::max(1, newest - kLinesBack);
+}
 
 /// Saves the picture and quits; the exit status is 2 when the tab shown needs
 /// more room than the screen has.
@@ -81,7 +91,7 @@ void scheduleScreenshot(MainWindow& window, Session& session, const std::string&
       QObject::connect(ticks, &QTimer::timeout, &window, [&window, &session, file, ticks, count, replay] {
         if (++*count > kNextClicks) {
           ticks->stop();
-          if (replay) window.replay()->showLine(session.log.TotalLines() - kLinesBack);
+          if (replay) window.replay()->showLine(lineToReplay(session));
           saveAndQuit(window, file);
           return;
         }
