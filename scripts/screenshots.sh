@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Makes the README's pictures of the window (docs/*.png) on a virtual display:
 # a stepped solve in progress, a new puzzle on the Create tab, and a puzzle
-# partly played by hand. Run it after ./run or ./test has built the program.
+# partly played by hand; and the help page's picture of an earlier line of the
+# log shown on the board (data/replay.png, shipped beside the help page). Run it after ./run or ./test has built the program.
 # The virtual screen is 1366x768, a small laptop's: the script fails when a tab
 # needs more room than that.
 #
@@ -21,9 +22,11 @@ mkdir -p "$place" "$top/docs"
 cp "$program" "$place/"
 (cd "$top/data" && cp Puzzles.sud Permu.txt SuDoKu.htm ./*.sch "$place/")
 
-for tab in autosolve create manual; do
+for tab in autosolve create manual replay; do
+  picture="docs/$tab.png"
+  [ "$tab" = replay ] && picture="data/$tab.png"
   # Each picture starts from the shipped state: no configuration left by the one before.
   rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
-  (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "$tab" "$top/docs/$tab.png")
-  echo "docs/$tab.png"
+  (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "$tab" "$top/$picture")
+  echo "$picture"
 done

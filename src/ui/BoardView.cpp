@@ -64,6 +64,12 @@ void BoardView::setHorizontalAlignment(Qt::Alignment alignment) {
   update();
 }
 
+void BoardView::setFrameColour(const QColor& colour) {
+  if (colour == m_frameColour) return;
+  m_frameColour = colour;
+  update(m_boardRect);
+}
+
 QSize BoardView::boardSize(int side) const {
   const int boxes = kSide * boxSide(side) + (kSide - 1) * boxSpacing(side);
   const int counts = m_kind == Kind::Candidates ? kSide * countWidth(side) : 0;
@@ -158,6 +164,12 @@ void BoardView::paintEvent(QPaintEvent* event) {
     for (int b = 0; b < int(m_counts.size()); ++b)
       if (m_countRects[std::size_t(b)].intersects(dirty))
         painter.drawText(m_countRects[std::size_t(b)], Qt::AlignCenter, m_counts[std::size_t(b)]);
+  }
+  if (m_frameColour.isValid()) {
+    // Drawn in the margin around the boxes, where the focus frame also goes.
+    painter.setPen(QPen(m_frameColour, kMargin, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(m_boardRect).adjusted(kMargin / 2.0, kMargin / 2.0, -kMargin / 2.0, -kMargin / 2.0));
   }
   if (hasFocus()) {
     QPen pen(palette().color(QPalette::Highlight), 1, Qt::DashLine);

@@ -63,6 +63,10 @@ class BoardView : public QWidget {
   /// Which side of the widget the board keeps to when the widget is wider than it.
   void setHorizontalAlignment(Qt::Alignment alignment);
 
+  /// A frame drawn around the whole board in this colour; invalid for none.
+  void setFrameColour(const QColor& colour);
+  QColor frameColour() const { return m_frameColour; }
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -119,6 +123,7 @@ class BoardView : public QWidget {
   int m_pressed = -1;  ///< the cell a button went down on, -1 for none
   int m_pressedBox = -1;  ///< the box frame a button went down on, -1 for none
   int m_hovered = -1;
+  QColor m_frameColour;
 };
 
 }  // namespace tessaly

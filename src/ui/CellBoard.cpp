@@ -33,7 +33,6 @@ int numberIn(const QString& name, const char* pattern) {
 
 CellBoard::CellBoard(const Session& session, const ColourScheme& scheme, QWidget* parent)
     : QWidget(parent), m_session(session), m_scheme(scheme) {
-  m_paints.fill(CellPaint::Normal);
   m_grid = new BoardView(BoardView::Kind::Values, this);
   m_grid->setObjectName(names::Grid);
   // The two boards keep together in the middle when the window is wider than they need.
@@ -122,25 +121,26 @@ BoardCell CellBoard::cellAt(const QString& name) const {
 
 // --- paints and highlights
 
-void CellBoard::setPaint(int cell, CellPaint paint) {
-  if (isCell(cell)) m_paints[std::size_t(cell - 1)] = paint;
+bool BoardMarks::inArea(int c) const {
+  return (row && CellRow[c] == row) || (col && CellCol[c] == col) || (box && CellBox[c] == box);
 }
 
-void CellBoard::clearPaints() { m_paints.fill(CellPaint::Normal); }
+void CellBoard::setPaint(int cell, CellPaint paint) {
+  if (isCell(cell)) m_marks.paints[std::size_t(cell - 1)] = paint;
+}
+
+void CellBoard::clearPaints() { m_marks.paints.fill(CellPaint::Normal); }
 
 void CellBoard::highlightArea(int cell, int row, int col, int box) {
-  m_highlightRow = std::max(0, row);
-  m_highlightCol = std::max(0, col);
-  m_highlightBox = std::max(0, box);
-  m_highlightCell = cell;
+  m_marks.row = std::max(0, row);
+  m_marks.col = std::max(0, col);
+  m_marks.box = std::max(0, box);
+  m_marks.cell = cell;
 }
 
-void CellBoard::restoreHighlight() { m_highlightRow = m_highlightCol = m_highlightBox = m_highlightCell = 0; }
+void CellBoard::restoreHighlight() { m_marks.row = m_marks.col = m_marks.box = m_marks.cell = 0; }
 
-bool CellBoard::isAreaHighlighted(int cell) const {
-  return (m_highlightRow && CellRow[cell] == m_highlightRow) || (m_highlightCol && CellCol[cell] == m_highlightCol) ||
-         (m_highlightBox && CellBox[cell] == m_highlightBox);
-}
+bool CellBoard::isAreaHighlighted(int cell) const { return m_marks.inArea(cell); }
 
 void CellBoard::setOverlayColours(int cell, QColor back, QColor text) {
   if (isCell(cell)) m_overlays[std::size_t(cell - 1)] = {QString(), back, text, false};
@@ -153,14 +153,15 @@ void CellBoard::clearOverlayColours(int cell) {
 // The scheme leaves the highlight colours to the program; these pairs keep the
 // text readable with the defaults and with every scheme. A cell the solver
 // marks (placed, dead end, re-try) shows it on the grid and among the choices alike.
-CellBoard::Colours CellBoard::valueBoxColours(int cell) const {
+CellBoard::Colours CellBoard::valueBoxColours(const PuzzleGrid& grid, const BoardMarks& marks, bool overlays,
+                                              int cell) const {
   const ColourScheme& s = m_scheme;
-  const Cell& c = m_session.grid[cell];
+  const Cell& c = grid[cell];
   const Colours ordinary = c.given ? Colours{{}, qcolor(s.givenBack), qcolor(s.givenText)}
                                    : Colours{{}, kValueBoxBack, qcolor(s.candidateText)};
-  if (const Colours& overlay = m_overlays[std::size_t(cell - 1)]; overlay.back.isValid())
+  if (const Colours& overlay = m_overlays[std::size_t(cell - 1)]; overlays && overlay.back.isValid())
     return {{}, overlay.back, overlay.fore.isValid() ? overlay.fore : ordinary.fore};
-  switch (paint(cell)) {
+  switch (marks.paints[std::size_t(cell - 1)]) {
     case CellPaint::Placed: return {{}, qcolor(s.highlightRed), qcolor(s.colour[5])};
     case CellPaint::Dead: return {{}, qcolor(s.colour[6]), qcolor(s.colour[14])};
     case CellPaint::Retry: return {{}, qcolor(s.highlightGreen), qcolor(s.colour[5])};
@@ -170,43 +171,65 @@ CellBoard::Colours CellBoard::valueBoxColours(int cell) const {
   return ordinary;
 }
 
-CellBoard::Colours CellBoard::candidateColours(int cell) const {
+CellBoard::Colours CellBoard::candidateColours(const PuzzleGrid& grid, const BoardMarks& marks, int cell) const {
   const ColourScheme& s = m_scheme;
-  if (cell == m_highlightCell) return {{}, qcolor(s.colour[13]), qcolor(s.colour[8])};
+  if (cell == marks.cell) return {{}, qcolor(s.colour[13]), qcolor(s.colour[8])};
   Colours base;
-  switch (paint(cell)) {
+  switch (marks.paints[std::size_t(cell - 1)]) {
     case CellPaint::Placed: base = {{}, qcolor(s.highlightRed), qcolor(s.colour[5])}; break;
     case CellPaint::Dead: base = {{}, qcolor(s.colour[6]), qcolor(s.colour[14])}; break;
     case CellPaint::Retry: base = {{}, qcolor(s.highlightGreen), qcolor(s.colour[5])}; break;
     case CellPaint::Given: base = {{}, qcolor(s.givenBack), qcolor(s.givenText)}; break;
     case CellPaint::Normal:
-      base = m_session.grid.isSingle(cell) ? Colours{{}, qcolor(s.givenBack), qcolor(s.givenText)}
+      base = grid.isSingle(cell) ? Colours{{}, qcolor(s.givenBack), qcolor(s.givenText)}
                                            : Colours{{}, qcolor(s.candidateBack), qcolor(s.candidateText)};
       break;
   }
-  if (isAreaHighlighted(cell)) base.back = qcolor(s.colour[9]);
+  if (marks.inArea(cell)) base.back = qcolor(s.colour[9]);
   return base;
 }
 
 void CellBoard::refreshFromSession() {
-  const PuzzleGrid& grid = m_session.grid;
+  if (m_snapshot)
+    draw(m_snapshot->grid, m_snapshot->boxMissing, m_snapshot->marks, false);
+  else
+    draw(m_session.grid, m_session.BoxMissingCount, m_marks, true);
+}
+
+void CellBoard::showSnapshot(const PastBoard& snapshot, const QColor& frame) {
+  m_snapshot = snapshot;
+  m_grid->setFrameColour(frame);
+  m_candidateView->setFrameColour(frame);
+  refreshFromSession();
+}
+
+void CellBoard::showPresent() {
+  if (!m_snapshot) return;
+  m_snapshot.reset();
+  m_grid->setFrameColour(QColor());
+  m_candidateView->setFrameColour(QColor());
+  refreshFromSession();
+}
+
+void CellBoard::draw(const PuzzleGrid& grid, const std::array<int, 9>& boxMissing, const BoardMarks& marks,
+                     bool overlays) {
   paintBackground(m_grid, m_scheme.candidateBack);
   m_grid->setAutoFillBackground(false);  // the view fills the board alone
   paintBackground(m_candidates, m_scheme.candidateFrameBack);
   for (int cell = 1; cell <= kCells; ++cell) {
     const Cell& c = grid[cell];
-    Colours value = valueBoxColours(cell);
+    Colours value = valueBoxColours(grid, marks, overlays, cell);
     value.text = c.value ? QString::number(c.value) : QString();
     value.bold = c.given;
     m_grid->setCell(cell - 1, value);
-    Colours choices = candidateColours(cell);
+    Colours choices = candidateColours(grid, marks, cell);
     choices.text = QString::fromStdString(c.candidates.text());
     m_candidateView->setCell(cell - 1, choices);
   }
   const bool anyValue = grid.filledCount() > 0;
   for (int box = 1; box <= GridSize; ++box)
     m_candidateView->setCount(box - 1,
-                              anyValue ? QString::number(m_session.BoxMissingCount[std::size_t(box - 1)]) : QString());
+                              anyValue ? QString::number(boxMissing[std::size_t(box - 1)]) : QString());
 }
 
 }  // namespace tessaly

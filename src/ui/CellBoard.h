@@ -13,8 +13,10 @@
 #include <QString>
 #include <QWidget>
 #include <array>
+#include <optional>
 
 #include "model/Interfaces.h"
+#include "model/PuzzleGrid.h"
 #include "ui/BoardView.h"
 
 class QGroupBox;
@@ -34,6 +36,22 @@ struct BoardCell {
   QRect rect;                   ///< in the coordinates of `view`
   BoardView* view = nullptr;    ///< the view that draws it; null for an unknown name
   bool valid() const { return view != nullptr; }
+};
+
+/// How the solver asked the cells to be drawn: each cell's paint and the
+/// highlighted area (row, column and box numbers, 0 for none) with its cell.
+struct BoardMarks {
+  std::array<CellPaint, 81> paints{};  ///< entry c-1 for cell c
+  int cell = 0, row = 0, col = 0, box = 0;
+  bool inArea(int c) const;
+};
+
+/// A board drawn instead of the session's: the cells, box counts and marks as
+/// they stood at some earlier moment. Drawing it never touches the session.
+struct PastBoard {
+  PuzzleGrid grid;
+  std::array<int, 9> boxMissing{};  ///< entry b-1 for box b
+  BoardMarks marks;
 };
 
 class CellBoard : public QWidget {
@@ -62,14 +80,14 @@ class CellBoard : public QWidget {
 
   // --- what the solver asks for (through the window's Display)
   void setPaint(int cell, CellPaint paint);
-  CellPaint paint(int cell) const { return m_paints.at(std::size_t(cell - 1)); }
+  CellPaint paint(int cell) const { return m_marks.paints.at(std::size_t(cell - 1)); }
   /// Every cell back to its ordinary colours (singles still stand out).
   void clearPaints();
   /// Colours the area given by a non-zero row, column or box, and the cell.
   void highlightArea(int cell, int row, int col, int box);
   void restoreHighlight();
   bool isAreaHighlighted(int cell) const;
-  int highlightedCell() const { return m_highlightCell; }
+  int highlightedCell() const { return m_marks.cell; }
 
   /// Colours laid over a value cell by manual play (selection, refused marker,
   /// area highlight); an invalid text colour keeps the ordinary one.
@@ -77,8 +95,17 @@ class CellBoard : public QWidget {
   void clearOverlayColours(int cell);
 
   /// Redraws values, candidates, box counts and colours from the session; only
-  /// the cells whose looks changed are painted again.
+  /// the cells whose looks changed are painted again. While a snapshot is
+  /// shown, it is drawn instead.
   void refreshFromSession();
+
+  // --- a board from the past
+  /// Draws the snapshot, framed in `frame`, until showPresent; the session's
+  /// grid, paints and highlights stay as they are meanwhile.
+  void showSnapshot(const PastBoard& snapshot, const QColor& frame);
+  /// Back to drawing the session.
+  void showPresent();
+  bool showsSnapshot() const { return m_snapshot.has_value(); }
 
  signals:
   void valueBoxClicked(int cell, Qt::MouseButton button);
@@ -96,8 +123,9 @@ class CellBoard : public QWidget {
   using Colours = BoardView::Look;
 
   QGroupBox* createCandidateDisplay();
-  Colours valueBoxColours(int cell) const;
-  Colours candidateColours(int cell) const;
+  Colours valueBoxColours(const PuzzleGrid& grid, const BoardMarks& marks, bool overlays, int cell) const;
+  Colours candidateColours(const PuzzleGrid& grid, const BoardMarks& marks, int cell) const;
+  void draw(const PuzzleGrid& grid, const std::array<int, 9>& boxMissing, const BoardMarks& marks, bool overlays);
   static BoardCell describe(BoardView* view, const QString& name, const BoardView::Look& look, const QRect& rect,
                             const QString& toolTip);
 
@@ -106,10 +134,9 @@ class CellBoard : public QWidget {
   BoardView* m_grid = nullptr;
   BoardView* m_candidateView = nullptr;
   QGroupBox* m_candidates = nullptr;
-  std::array<CellPaint, 81> m_paints{};
+  BoardMarks m_marks;
   std::array<Colours, 81> m_overlays{};  ///< back invalid: no overlay
-  // The area highlight: row, column and box numbers (0 for none) and the cell.
-  int m_highlightRow = 0, m_highlightCol = 0, m_highlightBox = 0, m_highlightCell = 0;
+  std::optional<PastBoard> m_snapshot;
   int m_selectedCell = 0;  ///< the value cell last pressed, 0 before any
 };
 

@@ -185,6 +185,7 @@ void EventLogView::mousePressEvent(QMouseEvent* event) {
   if (!(event->modifiers() & Qt::ShiftModifier) || m_selectionAnchor < 0) m_selectionAnchor = line;
   m_selectionEnd = line;
   viewport()->update();
+  if (line >= 0 && !(event->modifiers() & Qt::ShiftModifier)) emit lineClicked(line + 1);
 }
 
 void EventLogView::mouseMoveEvent(QMouseEvent* event) {
@@ -207,6 +208,36 @@ void EventLogView::selectAll() {
   m_selectionAnchor = 0;
   m_selectionEnd = int(m_lines.size()) - 1;
   viewport()->update();
+}
+
+int EventLogView::firstRow(int index) const {
+  const auto row = std::lower_bound(m_rows.begin(), m_rows.end(), index,
+                                    [](const Row& r, int line) { return r.line < line; });
+  return int(row - m_rows.begin());
+}
+
+void EventLogView::selectLine(int n) {
+  if (n < 1 || n > TotalLines()) {
+    m_selectionAnchor = m_selectionEnd = -1;
+    viewport()->update();
+    return;
+  }
+  m_selectionAnchor = m_selectionEnd = n - 1;
+  QScrollBar* bar = verticalScrollBar();
+  const int top = firstRow(n - 1), bottom = firstRow(n);
+  if (top < bar->value())
+    bar->setValue(top);
+  else if (bottom > bar->value() + LinesPerPage())
+    bar->setValue(bottom - LinesPerPage());
+  viewport()->update();
+}
+
+QRect EventLogView::lineRect(int n) const {
+  const int row = firstRow(n - 1);
+  if (n < 1 || row >= int(m_rows.size())) return {};
+  const int visibleRow = row - verticalScrollBar()->value();
+  if (visibleRow < 0 || visibleRow >= LinesPerPage()) return {};
+  return QRect(0, visibleRow * rowHeight(), viewport()->width(), rowHeight());
 }
 
 void EventLogView::copy() {

@@ -46,7 +46,16 @@ class EventLogView : public QAbstractScrollArea {
   void selectAll();
   /// Puts the selected lines (all lines when none is selected) on the clipboard.
   void copy();
+  /// Selects line n (1-based) alone and scrolls it into view; 0 selects nothing.
+  void selectLine(int n);
+  /// Where the first row of line n is drawn in the viewport; empty when off screen.
+  QRect lineRect(int n) const;
 
+ signals:
+  /// A plain left click on line n (1-based).
+  void lineClicked(int n);
+
+ public:
   /// The colour of a log style: the classic 16-colour palette (0 black, 1 blue,
   /// ... 15 white); other numbers draw black.
   static QColor styleColour(int style);
@@ -85,6 +94,8 @@ class EventLogView : public QAbstractScrollArea {
   int wrapWidth() const;
   /// Index of the line under a viewport point, clamped to the lines there are.
   int lineAt(const QPoint& point) const;
+  /// Index of the first row of the line with that index (m_rows.size() when there is none).
+  int firstRow(int index) const;
 
   const EventLog& m_log;
   std::vector<Line> m_lines;

@@ -31,6 +31,7 @@
 #include "ui/ManualPage.h"
 #include "ui/ObjectNames.h"
 #include "ui/PuzzleFrame.h"
+#include "ui/ReplayController.h"
 #include "ui/WidgetColours.h"
 #include "ui/WindowDisplay.h"
 #include "ui/WindowPacer.h"
@@ -139,6 +140,10 @@ QWidget* MainWindow::createCentralWidget() {
   m_log = new EventLogView(m_session.log, bottom);
   m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kLogMinimumLines);
   bottomLayout->addWidget(m_log, 1);
+  m_replay = new ReplayController(m_session, *m_board, *m_log, this);
+  // The past can be looked at while nothing runs, or while a run waits for Next.
+  m_replay->setAllowed([this] { return m_commandDepth == 0 || (m_pacer && m_pacer->waiting()); });
+  bottomLayout->addWidget(m_replay->createStrip(bottom));
 
   auto* logSplitter = new QSplitter(Qt::Vertical, central);
   logSplitter->setObjectName(names::LogSplitter);
@@ -302,6 +307,8 @@ void MainWindow::saveLayout() {
 
 void MainWindow::runCommand(std::function<void()> command) {
   if (m_closing || !command) return;
+  // Commands act on the present board, never on one shown from the log.
+  m_replay->returnToPresent();
   if (m_commandDepth > 0) {
     // Another command is on the stack below this click (a run waiting for Next,
     // or solving): stop it, and do this one once it has unwound.
@@ -321,6 +328,7 @@ void MainWindow::runCommand(std::function<void()> command) {
 }
 
 void MainWindow::releasePause() {
+  m_replay->returnToPresent();
   refresh(false);
   m_pacer->wake();
 }
@@ -398,6 +406,7 @@ void MainWindow::refresh(bool verifyLog) {
   m_log->setVisible(views);
   m_status->setText(QString::fromStdString(m_session.statusText));
   m_log->syncWithLog(verifyLog);
+  m_replay->logChanged();
 }
 
 void MainWindow::tabSelected(int index) {

@@ -8,7 +8,8 @@
 // frame for AutoSolve); beside them, across a splitter (`BoardSplitter`), the
 // progress bar `pb1`, the grid `Grid` and the candidate display, which grow
 // with the window; under everything, across a second splitter (`LogSplitter`),
-// the status label `MesLab` and the event log `EventLogx`.
+// the status label `MesLab`, the event log `EventLogx` and the strip that
+// steps through the log's boards (`ReplaySlider`, `ReplayLabel`).
 
 #include <QMainWindow>
 #include <QPointer>
@@ -37,6 +38,7 @@ class AutoSolveTab;
 class CellBoard;
 class HelpWindow;
 class PuzzleFrame;
+class ReplayController;
 class TabPage;
 class WindowDisplay;
 class WindowPacer;
@@ -86,6 +88,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   CellBoard* board() const { return m_board; }
   const ColourScheme& colourScheme() const { return m_scheme; }
   EventLogView* eventLogView() const { return m_log; }
+  /// Showing the board as it stood at a line of the log.
+  ReplayController* replay() const { return m_replay; }
   AutoSolveTab* autoSolvePage() const { return m_autoSolve; }
   /// The page of a tab; the pages stand in the order of `ctlTabs`.
   TabPage* page(Tab tab) const { return m_pages.at(std::size_t(tab) - 1); }
@@ -153,6 +157,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   QProgressBar* m_progress = nullptr;
   QLabel* m_status = nullptr;
   EventLogView* m_log = nullptr;
+  ReplayController* m_replay = nullptr;
   QPointer<HelpWindow> m_help;
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
 

@@ -13,6 +13,7 @@
 #include "ui/CreatePage.h"
 #include "ui/MainWindow.h"
 #include "ui/ManualPage.h"
+#include "ui/ReplayController.h"
 
 namespace tessaly {
 
@@ -20,6 +21,18 @@ namespace {
 constexpr int kPuzzle = 40;       ///< a medium puzzle of the shipped collection
 constexpr int kNextClicks = 60;   ///< how far the stepped run goes before the picture
 constexpr int kTickMs = 15;
+/// How many lines before the newest the replay picture goes back at least.
+constexpr int kLinesBack = 8;
+
+/// A line well before the newest that removes a choice, so the picture shows
+/// its cell and area highlighted.
+int lineToReplay(const Session& session) {
+  const int newest = session.log.TotalLines();
+  const auto& findings = session.run.findings;
+  for (auto f = findings.rbegin(); f != findings.rend(); ++f)
+    if (f->kind == FindingKind::RuleRemoval && f->logLine <= newest - kLinesBack) return f->logLine;
+  return std::max(1, newest - kLinesBack);
+}
 
 /// Saves the picture and quits; the exit status is 2 when the tab shown needs
 /// more room than the screen has.
@@ -69,12 +82,15 @@ void scheduleScreenshot(MainWindow& window, Session& session, const std::string&
         }
       saveAndQuit(window, file);
     } else {
+      // "autosolve", or "replay": the same stepped run with a past line shown.
+      const bool replay = tab == "replay";
       window.readPuzzleFile(collection, kPuzzle);
       auto* ticks = new QTimer(&window);
       auto count = std::make_shared<int>(0);
-      QObject::connect(ticks, &QTimer::timeout, &window, [&window, &session, file, ticks, count] {
+      QObject::connect(ticks, &QTimer::timeout, &window, [&window, &session, file, ticks, count, replay] {
         if (++*count > kNextClicks) {
           ticks->stop();
+          if (replay) window.replay()->showLine(lineToReplay(session));
           saveAndQuit(window, file);
           return;
         }

@@ -67,8 +67,8 @@ int main(int argc, char** argv) {
   tessaly::Session session;
   session.folders = folders;
   tessaly::MainWindow window(session);
-  // tessaly --screenshot autosolve|create|manual FILE: saves a picture of the
-  // window in that state and quits (for the README's pictures). The picture
+  // tessaly --screenshot autosolve|create|manual|replay FILE: saves a picture of
+  // the window in that state and quits (for the README's and help's pictures). The picture
   // shows the window as it first opens, whatever a user's last run left.
   const bool screenshot = args.size() == 4 && args[1] == "--screenshot";
   // The window's size and splitters are kept between runs. The organisation is

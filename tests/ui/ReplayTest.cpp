@@ -1,0 +1,272 @@
+// Stepping back through the log: a clicked line, the keys on the log and the
+// slider show the board the core's history holds for that line, without
+// touching the session; every command brings the present back first.
+
+#include <QSlider>
+#include <deque>
+#include <regex>
+#include <set>
+
+#include "solver/BoardHistory.h"
+#include "solver/Narrator.h"
+#include "ui/HelpWindow.h"
+#include "ui/ReplayController.h"
+#include "ui/WidgetColours.h"
+#include "UiSupport.h"
+
+namespace tessaly::testing {
+namespace {
+
+class ReplayTest : public WindowFixture {
+ protected:
+  ReplayController& replay() const { return *window->replay(); }
+  QLabel* label() const { return child<QLabel>("ReplayLabel"); }
+
+  void clickLine(int n) {
+    logView()->selectLine(n);  // scrolls it into view
+    const QRect rect = logView()->lineRect(n);
+    ASSERT_FALSE(rect.isEmpty()) << n;
+    QTest::mouseClick(logView()->viewport(), Qt::LeftButton, {}, rect.center());
+  }
+  void key(int k) { QTest::keyClick(logView(), Qt::Key(k)); }
+
+  /// The painted board against a board: values, choices and box counts, as
+  /// `--board-at` prints the first two.
+  void expectBoard(const PuzzleGrid& board, const std::string& where) const {
+    SCOPED_TRACE(where);
+    std::string values, shownValues, choices, shownChoices;
+    for (int c = 1; c <= kCells; ++c) {
+      values += char('0' + board[c].value);
+      const QString text = window->board()->valueCell(c).text;
+      shownValues += text.isEmpty() ? '0' : text.toStdString()[0];
+      choices += board[c].candidates.text() + ' ';
+      shownChoices += window->board()->candidateCell(c).text.toStdString() + ' ';
+    }
+    EXPECT_EQ(shownValues, values);
+    EXPECT_EQ(shownChoices, choices);
+    for (int b = 1; b <= GridSize; ++b) {
+      std::set<int> present;
+      for (int c : areaCells(AreaKind::Box, b))
+        if (board[c].value) present.insert(board[c].value);
+      const QString expected = board.filledCount() ? QString::number(9 - int(present.size())) : QString();
+      EXPECT_EQ(window->board()->boxCount(b).text, expected) << "box " << b;
+    }
+  }
+  /// The past line n is shown: its board, the label, the frame; the session untouched.
+  void expectLine(int n, const std::string& sessionGrid) const {
+    const int total = session.log.TotalLines();
+    EXPECT_EQ(replay().shownLine(), n);
+    expectBoard(boardAtLine(session.run.history, n), "line " + std::to_string(n) + ": " + std::string(session.log.text(n)));
+    EXPECT_TRUE(label()->isVisible());
+    EXPECT_EQ(label()->text(), replayLabelText(n, total));
+    EXPECT_EQ(window->board()->grid()->frameColour(), ReplayController::kPastFrame);
+    EXPECT_EQ(child<QSlider>("ReplaySlider")->value(), n);
+    EXPECT_EQ(logView()->selectedText(), QString::fromStdString(std::string(session.log.text(n))));
+    EXPECT_EQ(session.grid.valueCode(), sessionGrid);
+  }
+  void expectPresent() const {
+    EXPECT_EQ(replay().shownLine(), 0);
+    expectBoard(session.grid, "present");
+    EXPECT_FALSE(label()->isVisible());
+    EXPECT_FALSE(window->board()->grid()->frameColour().isValid());
+    EXPECT_EQ(child<QSlider>("ReplaySlider")->value(), session.log.TotalLines() + 1);
+  }
+  /// The line of the first finding of a kind.
+  int lineOf(FindingKind kind) const {
+    for (const Finding& f : session.run.findings)
+      if (f.kind == kind) return f.logLine;
+    ADD_FAILURE() << "no finding of kind " << int(kind);
+    return 1;
+  }
+};
+
+TEST(ReplayLabel, CountsWithThousandsSeparators) {
+  EXPECT_EQ(replayLabelText(412, 1296), QString::fromUtf8("Showing line 412 of 1,296 \u2014 Esc to return"));
+  EXPECT_EQ(replayLabelText(1, 5), QString::fromUtf8("Showing line 1 of 5 \u2014 Esc to return"));
+}
+
+TEST(ReplayHelp, TheHelpPagesPicturesShipBesideIt) {
+  const std::string page = readFile(std::string(TESSALY_DATA_DIR) + "/SuDoKu.htm");
+  const std::regex image(R"re(<img src="([^"]+)")re");
+  std::vector<std::string> pictures;
+  for (auto m = std::sregex_iterator(page.begin(), page.end(), image); m != std::sregex_iterator(); ++m)
+    pictures.push_back((*m)[1]);
+  EXPECT_NE(std::find(pictures.begin(), pictures.end(), "replay.png"), pictures.end());
+  // The help window finds each picture beside the page it shows.
+  HelpWindow help;
+  ASSERT_TRUE(help.showPage(QString(TESSALY_DATA_DIR) + "/SuDoKu.htm"));
+  for (const std::string& picture : pictures) {
+    const QVariant data = help.browser()->loadResource(QTextDocument::ImageResource, QUrl(QString::fromStdString(picture)));
+    EXPECT_FALSE(QImage::fromData(data.toByteArray()).isNull()) << picture;
+  }
+}
+
+TEST_F(ReplayTest, ClickedLinesShowTheBoardTheHistoryHolds) {
+  start(7);  // a puzzle that needs the rules beyond Rule 1
+  click("Solveit");
+  const std::string solved = session.grid.valueCode();
+  const int total = session.log.TotalLines();
+  ASSERT_GT(total, 50);
+  const int placement = lineOf(FindingKind::Placement);
+  const int removal = lineOf(FindingKind::DuplicateRemoved);
+  ASSERT_EQ(std::string(session.log.text(removal)).rfind("Remove ", 0), 0u) << session.log.text(removal);
+  const int ruleRemoval = lineOf(FindingKind::RuleRemoval);
+  for (int n : {1, 6, placement, removal, ruleRemoval, total / 2, total}) {
+    clickLine(n);
+    expectLine(n, solved);
+  }
+
+  // The line's marks in the scheme's colours: a placement's cell, a removal's cell and area.
+  const ColourScheme& scheme = window->colourScheme();
+  const Finding& placed = *std::find_if(session.run.findings.begin(), session.run.findings.end(),
+                                        [&](const Finding& f) { return f.logLine == placement; });
+  clickLine(placement);
+  EXPECT_EQ(window->board()->valueCell(placed.cell).back, qcolor(scheme.highlightRed));
+  const Finding& removed = *std::find_if(session.run.findings.begin(), session.run.findings.end(),
+                                         [&](const Finding& f) { return f.logLine == removal; });
+  clickLine(removal);
+  EXPECT_EQ(window->board()->candidateCell(removed.cell).back, qcolor(scheme.colour[13]));
+  const int peer = *std::find_if(areaCells(removed.areaKind, removed.area).begin(),
+                                 areaCells(removed.areaKind, removed.area).end(),
+                                 [&](int c) { return c != removed.cell; });
+  EXPECT_EQ(window->board()->candidateCell(peer).back, qcolor(scheme.colour[9]));
+}
+
+TEST_F(ReplayTest, KeysOnTheLogStepThroughTheLines) {
+  start(1);
+  click("Solveit");
+  const std::string solved = session.grid.valueCode();
+  const int total = session.log.TotalLines();
+  std::vector<int> pauses;
+  for (const Finding& f : session.run.findings)
+    if (narrationWaits(f.kind)) pauses.push_back(f.logLine);
+  clickLine(40);
+  logView()->setFocus();
+  // {key, line shown after it; 0 the present}
+  const std::pair<int, int> steps[] = {
+      {Qt::Key_Up, 39},   {Qt::Key_Down, 40},      {Qt::Key_Down, 41},     {Qt::Key_Home, 1},
+      {Qt::Key_Up, 1},    {Qt::Key_End, 0},        {Qt::Key_Up, total},    {Qt::Key_Down, 0},
+      {Qt::Key_Down, 0},  {Qt::Key_Home, 1},       {Qt::Key_Escape, 0},    {Qt::Key_Up, total},
+      {Qt::Key_Escape, 0}};
+  for (const auto& [k, line] : steps) {
+    key(k);
+    SCOPED_TRACE(QKeySequence(k).toString().toStdString() + " to " + std::to_string(line));
+    if (line)
+      expectLine(line, solved);
+    else
+      expectPresent();
+  }
+  // PgDn and PgUp go from one pause point to the next.
+  key(Qt::Key_Home);
+  std::vector<int> visited;
+  for (int i = 0; i < 4; ++i) {
+    key(Qt::Key_PageDown);
+    visited.push_back(replay().shownLine());
+  }
+  ASSERT_GE(pauses.size(), 4u);
+  EXPECT_TRUE(std::is_sorted(visited.begin(), visited.end())) << visited[3];
+  for (int line : visited) EXPECT_TRUE(std::count(pauses.begin(), pauses.end(), line)) << line;
+  key(Qt::Key_PageUp);
+  EXPECT_EQ(replay().shownLine(), visited[2]);
+  expectLine(visited[2], solved);
+}
+
+TEST_F(ReplayTest, TheSliderPicksALineAndItsRightEndIsThePresent) {
+  start(1);
+  click("Solveit");
+  const std::string solved = session.grid.valueCode();
+  auto* slider = child<QSlider>("ReplaySlider");
+  EXPECT_EQ(slider->maximum(), session.log.TotalLines() + 1);
+  slider->setValue(25);
+  expectLine(25, solved);
+  slider->setValue(slider->maximum());
+  expectPresent();
+}
+
+TEST_F(ReplayTest, ACommandWhileThePastIsShownActsOnThePresent) {
+  start(1);
+  const std::string givens = session.grid.valueCode();
+  clickLine(6);  // "Click Start to commence": the givens, as now
+  expectLine(6, givens);
+  click("Solveit");
+  expectPresent();
+  EXPECT_EQ(session.grid.filledCount(), kCells);
+  const std::string solved = session.grid.valueCode();
+  clickLine(6);
+  expectLine(6, solved);
+  EXPECT_EQ(blanksShown(), 49);
+  click("ClearCommand");  // back to the givens, read again
+  expectPresent();
+  EXPECT_EQ(session.grid.valueCode(), givens);
+
+  // A digit on ManualSolve: the present board takes it, and shows it.
+  window->readPuzzleFile(appDir() + "Puzzles.sud", 1);
+  selectTab(Tab::ManualSolve);
+  click("Grid_0");
+  clickLine(2);
+  ASSERT_TRUE(replay().showsPast());
+  window->board()->grid()->setFocus();
+  QTest::keyClick(child("Grid"), Qt::Key_4);  // cell 1 has the choices 45 and the solution 4
+  expectPresent();
+  EXPECT_EQ(session.grid[1].value, 4);
+  EXPECT_EQ(cell("Grid_0").text, "4");
+
+  // Reading another puzzle empties the log: the past shown before is gone.
+  clickLine(3);
+  window->readPuzzleFile(appDir() + "Puzzles.sud", 2);
+  expectPresent();
+}
+
+/// Acts on the window at the next pause points of a stepping run, one action
+/// a pause point; the run blocks the test, so the actions come from a timer.
+class AtPausePoints {
+ public:
+  AtPausePoints(MainWindow& window, std::deque<std::function<void()>> actions) : m_actions(std::move(actions)) {
+    QObject::connect(&m_timer, &QTimer::timeout, [this, w = QPointer(&window)] {
+      if (!w || !w->isWaiting() || m_actions.empty() || w->pauseWaits() == m_lastWait) return;
+      m_lastWait = w->pauseWaits();
+      auto action = std::move(m_actions.front());
+      m_actions.pop_front();
+      action();
+    });
+    m_timer.start(2);
+    QTimer::singleShot(30000, &m_timer, [w = QPointer(&window)] { if (w) w->close(); });
+  }
+  bool done() const { return m_actions.empty(); }
+
+ private:
+  std::deque<std::function<void()>> m_actions;
+  QTimer m_timer;
+  int m_lastWait = 0;
+};
+
+TEST_F(ReplayTest, APausedRunShowsItsPastAndNextReturnsToThePresent) {
+  start(1);
+  int shownWhilePaused = 0;
+  const auto next = [&] { click("NextStepCommand"); };
+  const auto lookBack = [&] {
+    const std::string now = session.grid.valueCode();
+    const int total = session.log.TotalLines();
+    for (int n : {1, total / 2, total}) {
+      clickLine(n);
+      expectLine(n, now);
+      ++shownWhilePaused;
+    }
+    click("NextStepCommand");
+    EXPECT_FALSE(replay().showsPast());
+  };
+  const auto lastLook = [&] {
+    clickLine(session.log.TotalLines() - 1);
+    ++shownWhilePaused;
+    click("Solveit");  // stops the stepping run, then solves the present
+  };
+  AtPausePoints script(*window, {next, next, lookBack, next, lookBack, lastLook});
+  click("StartCommand");
+  EXPECT_TRUE(script.done());
+  EXPECT_EQ(shownWhilePaused, 7);
+  expectPresent();
+  EXPECT_EQ(session.grid.filledCount(), kCells);
+}
+
+}  // namespace
+}  // namespace tessaly::testing
