@@ -70,6 +70,7 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
   connect(m_number, &QLineEdit::textEdited, this,
           [this](const QString& text) { m_session.PuzNumNow = m_shownNumber = text.toStdString(); });
   m_puzzleLoaded = m_session.puzzleLoaded.subscribe([this] { m_verdict = judgeGivens(m_session); });
+  if (m_session.givenCount() > 0) m_verdict = judgeGivens(m_session);
 }
 
 void PuzzleFrame::navigate(NavButton button, Qt::MouseButton mouseButton) {
