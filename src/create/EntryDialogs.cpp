@@ -1,5 +1,9 @@
 #include "create/EntryDialogs.h"
 
+#include <cctype>
+
+#include "create/PuzzleCheck.h"
+#include "model/CollectionFile.h"
 #include "model/GridTables.h"
 #include "model/Session.h"
 #include "solver/SolverEngine.h"
@@ -82,6 +86,38 @@ bool gridEntryOk(Session& session, std::string_view text) {
 }
 
 void gridEntryHelp(Session& session) { session.message(kGridEntryHelp); }
+
+// --- Paste puzzle
+
+std::string pasteRefusal(std::string_view text, std::string& digits) {
+  digits.clear();
+  const PuzzleTextParse parsed = parsePuzzleText(text);
+  if (!parsed.ok()) {
+    if (text.find_first_not_of(" \t\r\n\f") == std::string_view::npos) return kClipboardEmpty;
+    return kClipboardNotPuzzle + parsed.error;
+  }
+  std::string cells = parsed.puzzle;
+  for (char& ch : cells)
+    if (ch == '.') ch = '0';
+  std::string repeat = firstDuplicateArea(cells);
+  if (!repeat.empty()) {
+    repeat.front() = char(std::toupper(static_cast<unsigned char>(repeat.front())));
+    return kClipboardNotPuzzle + repeat + ".";
+  }
+  digits = std::move(cells);
+  return {};
+}
+
+bool pastePuzzle(Session& session, std::string_view text) {
+  std::string digits;
+  if (const std::string refusal = pasteRefusal(text, digits); !refusal.empty()) {
+    session.message(refusal);
+    return false;
+  }
+  if (!confirmPuzzle(session, digits)) return false;
+  applyGridEntry(session, digits);
+  return true;
+}
 
 std::string editGridText(const Session& session) {
   std::string text;

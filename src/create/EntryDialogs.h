@@ -53,6 +53,20 @@ void gridEntryHelp(Session& session);
 /// nine values, "." for a blank, rows joined by line breaks.
 std::string editGridText(const Session& session);
 
+// --- Paste puzzle
+
+inline constexpr const char* kClipboardEmpty = "The clipboard holds no puzzle to paste.";
+inline constexpr const char* kClipboardNotPuzzle = "The clipboard does not hold a puzzle. ";
+
+/// Why a pasted text is not a puzzle (one line of 81 cells or nine lines of
+/// nine, ".", "0" or "-" for a blank, no digit twice in an area); empty when
+/// it is one, and then `digits` holds its 81 digits, "0" for a blank.
+std::string pasteRefusal(std::string_view text, std::string& digits);
+/// Paste puzzle: a text that is not a puzzle is told and changes nothing;
+/// otherwise, once kept (the question as for a typed grid), it becomes the
+/// puzzle as an accepted grid entry does. True when it did.
+bool pastePuzzle(Session& session, std::string_view text);
+
 // --- blank template dialog (TemplateDialog)
 
 /// The template the dialog starts with: nine lines "XXXXXXXXX".

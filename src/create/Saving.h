@@ -1,7 +1,8 @@
 #pragma once
 // Saving puzzles into the current collection (`CurrentFile`). All three
 // operations write through saveGridToFile, so what lands in the file is always
-// the puzzle's givens under the next "#" number of the file.
+// the puzzle's givens under the next "#" number of the file (in a one-per-line
+// file: one more line of 81 cells).
 
 #include <functional>
 #include <string>

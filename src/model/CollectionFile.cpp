@@ -350,10 +350,35 @@ PuzzleRowsRead readPuzzleRows(const std::string& path, int n) {
   return result;
 }
 
+namespace {
+// The line end the file already uses: that of its first line, else LF.
+std::string_view lineEndOf(std::string_view content) {
+  const auto at = content.find_first_of("\r\n");
+  if (at == std::string_view::npos || content[at] == '\n') return "\n";
+  return at + 1 < content.size() && content[at + 1] == '\n' ? "\r\n" : "\r";
+}
+
+// A one-per-line file takes the puzzle as one more line of 81 cells, so it
+// keeps its form and the new puzzle is its last.
+std::optional<int> appendPuzzleLine(const std::string& path, const CollectionScan& scan, const std::string& text) {
+  auto content = readWholeFile(path);
+  if (!content) return std::nullopt;
+  const std::string_view lineEnd = lineEndOf(*content);
+  if (!content->empty() && content->back() != '\n' && content->back() != '\r') *content += lineEnd;
+  *content += text.substr(0, std::size_t(kCells));
+  *content += lineEnd;
+  if (!writeFileAtomically(path, *content)) return std::nullopt;
+  return scan.puzzles + 1;
+}
+}  // namespace
+
 std::optional<int> appendPuzzle(const std::string& path, const std::string& text) {
   int count = 0;
   std::string out;
   if (fileLength(path) > 0) {
+    const CollectionScan scan = scanCollection(path);
+    if (scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine)
+      return appendPuzzleLine(path, scan, text);
     count = countPuzzles(path);
     out += "\r\n";
   }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -77,6 +78,10 @@ struct Collection {
   /// puzzle was created or typed in, until it is saved or a puzzle is read.
   bool boardFromFile = false;
   std::string boardAsRead;  ///< the values of that puzzle as read or saved (PuzzleGrid::valueCode)
+  /// Per file read: the count and first line of the lines skipped as not
+  /// puzzles when the user was last told of them, so that reading another of
+  /// its puzzles does not tell them again (a change to the file does).
+  std::map<std::string, std::pair<int, int>> toldSkippedLines;
 };
 
 /// Where the interfaces come from. Any left null gets a do-nothing one.

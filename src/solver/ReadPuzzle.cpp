@@ -1,7 +1,5 @@
 #include "solver/ReadPuzzle.h"
 
-#include <map>
-#include <mutex>
 #include <utility>
 
 #include "model/CollectionFile.h"
@@ -36,12 +34,9 @@ int fillGridFromRows(Session& s, const std::vector<std::string>& rows) {
 }
 // Skipped lines are told once for each file, not again at every read of
 // another of its puzzles; a change to the file tells them anew.
-bool firstTimeTold(const std::string& path, const CollectionScan& scan) {
-  static std::mutex guard;
-  static std::map<std::string, std::pair<int, int>> told;
-  const std::lock_guard<std::mutex> lock(guard);
+bool firstTimeTold(Session& s, const std::string& path, const CollectionScan& scan) {
   const std::pair<int, int> now{scan.badLines, scan.firstBadLine};
-  auto [it, inserted] = told.emplace(path, now);
+  auto [it, inserted] = s.collection.toldSkippedLines.emplace(path, now);
   if (inserted) return true;
   if (it->second == now) return false;
   it->second = now;
@@ -62,7 +57,7 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
       s.message(collectionProblemText(scan, path));
       return false;
     }
-    if (scan.badLines > 0 && firstTimeTold(path, scan)) s.message(collectionProblemText(scan, path));
+    if (scan.badLines > 0 && firstTimeTold(s, path, scan)) s.message(collectionProblemText(scan, path));
     if (total == 0) {
       s.message(path + " does not appear to have any puzzles");
       return false;

@@ -1,5 +1,7 @@
 #include "ui/CreatePage.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGridLayout>
@@ -14,6 +16,7 @@
 #include "create/Saving.h"
 #include "model/Interfaces.h"
 #include "model/Session.h"
+#include "solver/Grader.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
 #include "ui/Metrics.h"
@@ -92,6 +95,20 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   reserveLines(m_hint, 3);
   options->addWidget(m_hint);
 
+  // What a new puzzle must be.
+  m_unique = new QCheckBox("Only puzzles with one solution", this);
+  m_unique->setObjectName(names::UniqueCheck);
+  m_unique->setChecked(true);
+  m_unique->setToolTip("Blanks that would let the puzzle have a second solution are filled again");
+  auto* gradeLabel = new QLabel("Grade", this);
+  m_targetGrade = new QComboBox(this);
+  m_targetGrade->setObjectName(names::TargetGradeBox);
+  m_targetGrade->addItem("Any", 0);
+  for (int grade = 1; grade <= kGradeCount; ++grade)
+    m_targetGrade->addItem(QString("%1 %2").arg(grade).arg(qt(std::string(gradeName(grade)))), grade);
+  m_targetGrade->setToolTip(QString("Create until the puzzle has this grade (at most %1 tries)").arg(kDefaultGradeTries));
+  gradeLabel->setBuddy(m_targetGrade);
+
   // The commands.
   m_create = new QPushButton("Create", this);
   m_create->setObjectName(names::CreateCommand);
@@ -112,12 +129,15 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   layout->addWidget(blanksLabel, 0, 0);
   layout->addWidget(m_totBlanks, 0, 1);
   layout->addWidget(m_distributionFrame, 1, 0, 1, 2);
-  layout->addWidget(m_create, 2, 0, 1, 2);
-  layout->addWidget(m_saveNew, 3, 0, 1, 2);
-  layout->addWidget(batchLabel, 4, 0);
-  layout->addWidget(m_numCreate, 4, 1);
-  layout->addWidget(m_autoSave, 5, 0, 1, 2);
-  layout->setRowStretch(6, 1);
+  layout->addWidget(m_unique, 2, 0, 1, 2);
+  layout->addWidget(gradeLabel, 3, 0);
+  layout->addWidget(m_targetGrade, 3, 1);
+  layout->addWidget(m_create, 4, 0, 1, 2);
+  layout->addWidget(m_saveNew, 5, 0, 1, 2);
+  layout->addWidget(batchLabel, 6, 0);
+  layout->addWidget(m_numCreate, 6, 1);
+  layout->addWidget(m_autoSave, 7, 0, 1, 2);
+  layout->setRowStretch(8, 1);
 
   connect(m_create, &QPushButton::clicked, this, &CreatePage::createCommand);
   // Saving answers the release of a mouse button over the button.
@@ -131,6 +151,8 @@ CreateSettings CreatePage::settings() const {
   CreateSettings settings;
   settings.TotBlanks = m_totBlanks->text().toStdString();
   settings.distribution = selectedDistribution();
+  settings.uniqueOnly = m_unique->isChecked();
+  if (const int grade = m_targetGrade->currentData().toInt(); grade > 0) settings.targetGrade = grade;
   return settings;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The controls of the Create tab: the number of blanks (`TotBlanks`), the
-// "Distribution of Blank Cells" options, Create, Save new, and the batch that
+// "Distribution of Blank Cells" options, "Only puzzles with one solution"
+// (`UniqueCheck`), the grade to create (`TargetGradeBox`), Create, Save new, and the batch that
 // creates and saves `NumCreate` puzzles. The page reads its controls into the
 // core's CreateSettings, runs the core's commands and shows what they hand
 // back. It is the Create tab's page: its commands run through the window's
@@ -14,6 +15,8 @@
 #include "create/Creation.h"
 #include "ui/TabPage.h"
 
+class QCheckBox;
+class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -69,6 +72,8 @@ class CreatePage : public TabPage {
   QGroupBox* m_distributionFrame = nullptr;
   std::array<QRadioButton*, 4> m_options{};
   QLabel* m_hint = nullptr;
+  QCheckBox* m_unique = nullptr;
+  QComboBox* m_targetGrade = nullptr;
   QPushButton* m_create = nullptr;
   RightClickButton* m_saveNew = nullptr;
   RightClickButton* m_autoSave = nullptr;

@@ -56,6 +56,8 @@ void EntryDialog::okCommand() {
     m_ui.message(result.refusal);
     return;
   }
+  if (const std::string question = keepQuestion(result.accepted); !question.empty() && !m_ui.question(question))
+    return;
   accepted(result.accepted);
   m_answer = "Y";
   accept();

@@ -37,6 +37,9 @@ class EntryDialog : public QDialog {
   EntryDialog(UserInterface& ui, const char* textBoxName, char sample, QWidget* parent);
   /// The core's check of the typed text.
   virtual EntryCheck check(const std::string& text) const = 0;
+  /// A question to ask before an accepted entry is kept ("" for none); "No"
+  /// leaves the dialog open with the text as typed.
+  virtual std::string keepQuestion(const std::string&) const { return {}; }
   /// What an accepted entry does beyond closing the dialog.
   virtual void accepted(const std::string&) {}
   virtual const char* helpText() const = 0;

@@ -1,5 +1,6 @@
 #include "ui/GridEntryDialog.h"
 
+#include "create/PuzzleCheck.h"
 #include "model/Session.h"
 #include "ui/ObjectNames.h"
 
@@ -11,6 +12,8 @@ GridEntryDialog::GridEntryDialog(Session& session, UserInterface& ui, QWidget* p
   setWindowTitle("Enter a puzzle");
   setText(editGridText(session));
 }
+
+std::string GridEntryDialog::keepQuestion(const std::string& digits) const { return keepAnywayQuestion(digits); }
 
 void GridEntryDialog::accepted(const std::string& digits) {
   applyGridEntry(m_session, digits);

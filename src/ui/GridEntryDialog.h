@@ -1,7 +1,8 @@
 #pragma once
 // The grid entry dialog: the user types a puzzle as nine lines of digits, with
 // a blank, "." or "/" (or 0) for an empty cell. An accepted grid becomes the new
-// puzzle and the answer is "Y".
+// puzzle and the answer is "Y"; one without exactly one solution only once the
+// user has said to keep it.
 
 #include "ui/EntryDialog.h"
 
@@ -22,6 +23,8 @@ class GridEntryDialog : public EntryDialog {
 
  protected:
   EntryCheck check(const std::string& text) const override { return checkGridEntry(text); }
+  /// A grid with no solution or several is kept only when the user says so.
+  std::string keepQuestion(const std::string& digits) const override;
   void accepted(const std::string& digits) override;
   const char* helpText() const override { return kGridEntryHelp; }
 

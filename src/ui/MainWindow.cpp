@@ -1,8 +1,13 @@
 #include "ui/MainWindow.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressBar>
@@ -14,7 +19,9 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "create/EntryDialogs.h"
 #include "create/Saving.h"
+#include "model/CollectionFile.h"
 #include "model/Configuration.h"
 #include "model/Startup.h"
 #include "solver/ReadPuzzle.h"
@@ -76,6 +83,7 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
 
   applyColours();
   fitToScreen();
+  setAcceptDrops(true);
 }
 
 MainWindow::~MainWindow() {
@@ -338,6 +346,40 @@ void MainWindow::readPuzzleFile(const std::string& path, int n) {
     m_session.collection.CurrentFile = path;
     readPuzzle(m_session, path, n);
   });
+}
+
+void MainWindow::pastePuzzle() {
+  const QClipboard* clipboard = QApplication::clipboard();
+  const std::string text = clipboard ? clipboard->text().toStdString() : std::string();
+  runCommand([this, text] { tessaly::pastePuzzle(m_session, text); });
+}
+
+void MainWindow::copyPuzzle() {
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus && (focus == m_log || m_log->isAncestorOf(focus))) return m_log->copy();
+  if (QClipboard* clipboard = QApplication::clipboard())
+    clipboard->setText(QString::fromStdString(givensText(m_session)));
+}
+
+namespace {
+// The first local file among the dragged URLs, or "".
+QString droppedFile(const QMimeData* mime) {
+  if (!mime || !mime->hasUrls()) return {};
+  for (const QUrl& url : mime->urls())
+    if (url.isLocalFile()) return url.toLocalFile();
+  return {};
+}
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!droppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = droppedFile(event->mimeData());
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  readPuzzleFile(path.toStdString(), 1);
 }
 
 void MainWindow::solve() {

@@ -69,6 +69,12 @@ class MainWindow : public QMainWindow, public CommandHost {
   // --- commands, for the menus and for programs that drive the window
   /// Reads puzzle n of a collection (as File > Open does for puzzle 1).
   void readPuzzleFile(const std::string& path, int n);
+  /// Edit > Paste puzzle: the clipboard's text becomes the puzzle, as an
+  /// accepted Edit would make it; text that is not a puzzle is told.
+  void pastePuzzle();
+  /// Edit > Copy puzzle: the givens on the clipboard as 81 characters ("."
+  /// for a blank); while the event log has the focus, its lines instead.
+  void copyPuzzle();
   /// The Solve command, as the `Solveit` button gives it.
   void solve();
   /// Applies entry 0..17 of the colour menu and writes the configuration.
@@ -109,10 +115,14 @@ class MainWindow : public QMainWindow, public CommandHost {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// A puzzle file dropped on the window is opened as File > Open would.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void createMenus();
   void createFileMenu();
+  void createEditMenu();
   void createOptionsMenu();
   void createHelpMenu();
   QWidget* createCentralWidget();

@@ -1,4 +1,4 @@
-// The menus of the main window: File, Options and Help.
+// The menus of the main window: File, Edit, Options and Help.
 
 #include <QActionGroup>
 #include <QDateTime>
@@ -30,6 +30,7 @@ QAction* addEntry(QMenu* menu, const char* objectName, const QString& text) {
 
 void MainWindow::createMenus() {
   createFileMenu();
+  createEditMenu();
   createOptionsMenu();
   createHelpMenu();
 }
@@ -67,6 +68,21 @@ void MainWindow::createFileMenu() {
   QAction* exit = addEntry(menu, "mnuexit", "E&xit");
   exit->setShortcut(QKeySequence::Quit);
   connect(exit, &QAction::triggered, this, [this] { exitProgram(); });
+}
+
+void MainWindow::createEditMenu() {
+  QMenu* menu = menuBar()->addMenu("&Edit");
+  menu->setObjectName(names::mnuEdit);
+  // The keys reach these entries unless the widget with the focus takes them
+  // (a text box copies and pastes its own text; the event log is handled in copyPuzzle).
+  QAction* copy = addEntry(menu, "mnuCopyPuzzle", "&Copy puzzle");
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setToolTip("Put the givens on the clipboard as one line of 81 characters");
+  connect(copy, &QAction::triggered, this, [this] { copyPuzzle(); });
+  QAction* paste = addEntry(menu, "mnuPastePuzzle", "&Paste puzzle");
+  paste->setShortcut(QKeySequence::Paste);
+  paste->setToolTip("Take a puzzle from the clipboard: one line of 81 cells or nine lines of nine");
+  connect(paste, &QAction::triggered, this, [this] { pastePuzzle(); });
 }
 
 void MainWindow::createOptionsMenu() {

@@ -35,6 +35,9 @@ inline constexpr const char Form1[] = "Form1";
 inline constexpr const char Form2[] = "Form2";
 inline constexpr const char Form3[] = "Form3";
 inline constexpr const char GetHint_N[] = "GetHint_%1";
+// The puzzle frame's verdict on the puzzle's givens: "One solution", "Several
+// solutions" or "No solution", and the grade; named for the tests that read them.
+inline constexpr const char GradeLabel[] = "GradeLabel";
 inline constexpr const char Grid[] = "Grid";
 inline constexpr const char Grid_N[] = "Grid_%1";
 inline constexpr const char HelpBrowser[] = "HelpBrowser";
@@ -50,6 +53,7 @@ inline constexpr const char MesLab[] = "MesLab";
 inline constexpr const char mnuChoices[] = "mnuChoices";
 inline constexpr const char mnuColx[] = "mnuColx";
 inline constexpr const char mnuColx_N[] = "mnuColx_%1";
+inline constexpr const char mnuEdit[] = "mnuEdit";
 inline constexpr const char mnuFile[] = "mnuFile";
 inline constexpr const char mnuHelp[] = "mnuHelp";
 inline constexpr const char mnuOptions[] = "mnuOptions";
@@ -72,9 +76,12 @@ inline constexpr const char ReplayLabel[] = "ReplayLabel";
 inline constexpr const char ReplaySlider[] = "ReplaySlider";
 inline constexpr const char SaveNewCommand[] = "SaveNewCommand";
 inline constexpr const char SolutionsFrame[] = "SolutionsFrame";
+inline constexpr const char SolutionsLabel[] = "SolutionsLabel";  // see GradeLabel
 inline constexpr const char Solveit[] = "Solveit";
 inline constexpr const char StartCommand[] = "StartCommand";
+inline constexpr const char TargetGradeBox[] = "TargetGradeBox";  // Create: the grade to create ("Any" or 1..5)
 inline constexpr const char TotBlanks[] = "TotBlanks";
+inline constexpr const char UniqueCheck[] = "UniqueCheck";  // Create: only puzzles with one solution
 inline constexpr const char UndoManual[] = "UndoManual";
 inline constexpr const char xc_N[] = "xc_%1";
 

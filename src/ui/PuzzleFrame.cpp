@@ -1,12 +1,14 @@
 #include "ui/PuzzleFrame.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
 #include "model/Session.h"
 #include "model/Text.h"
+#include "solver/Grader.h"
 #include "solver/ReadPuzzle.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
@@ -26,19 +28,31 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
   setObjectName(names::PuzNumber);
   auto* layout = new QGridLayout(this);
 
+  // Under the title, what the puzzle is like.
+  auto* verdict = new QHBoxLayout;
+  m_solutions = new QLabel(this);
+  m_solutions->setObjectName(names::SolutionsLabel);
+  m_grade = new QLabel(this);
+  m_grade->setObjectName(names::GradeLabel);
+  verdict->addWidget(m_solutions);
+  verdict->addSpacing(m_solutions->fontMetrics().averageCharWidth() * 2);
+  verdict->addWidget(m_grade);
+  verdict->addStretch(1);
+  layout->addLayout(verdict, 0, 0, 1, 5);
+
   m_file = new QLineEdit(this);
   m_file->setObjectName(names::FileNow);
   m_file->setReadOnly(true);
-  layout->addWidget(new QLabel("File", this), 0, 0);
-  layout->addWidget(m_file, 0, 1, 1, 4);
+  layout->addWidget(new QLabel("File", this), 1, 0);
+  layout->addWidget(m_file, 1, 1, 1, 4);
 
   m_number = new QLineEdit(this);
   m_number->setObjectName(names::PuzNumNow);
   m_number->setFixedWidth(numberBoxWidth(m_number, kNumberBoxDigits));
   m_number->setToolTip("Type a puzzle number and press Enter");
   m_number->installEventFilter(this);
-  layout->addWidget(new QLabel("Puzzle", this), 1, 0);
-  layout->addWidget(m_number, 1, 1);
+  layout->addWidget(new QLabel("Puzzle", this), 2, 0);
+  layout->addWidget(m_number, 2, 1);
 
   const std::array<const char*, 3> captions = {"Previous", "Next", "Random"};
   const std::array<const char*, 3> hints = {"Left button: the previous puzzle. Right button: the first puzzle",
@@ -48,13 +62,15 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
     auto* button = new RightClickButton(captions[std::size_t(i)], this);
     button->setObjectName(QString(names::NavButton_N).arg(i));
     button->setToolTip(hints[std::size_t(i)]);
-    layout->addWidget(button, 1, 2 + i);
+    layout->addWidget(button, 2, 2 + i);
     connect(button, &RightClickButton::released, this,
             [this, i](Qt::MouseButton mouseButton) { navigate(static_cast<NavButton>(i), mouseButton); });
     m_buttons[std::size_t(i)] = button;
   }
   connect(m_number, &QLineEdit::textEdited, this,
           [this](const QString& text) { m_session.PuzNumNow = m_shownNumber = text.toStdString(); });
+  m_puzzleLoaded = m_session.puzzleLoaded.subscribe([this] { m_verdict = judgeGivens(m_session); });
+  if (m_session.givenCount() > 0) m_verdict = judgeGivens(m_session);
 }
 
 void PuzzleFrame::navigate(NavButton button, Qt::MouseButton mouseButton) {
@@ -93,6 +109,11 @@ bool PuzzleFrame::eventFilter(QObject* watched, QEvent* event) {
 
 void PuzzleFrame::refreshFromSession() {
   setTitle(QString::fromStdString(m_session.PuzzleTitle));
+  if (m_verdict) {
+    m_solutions->setText(QString::fromStdString(solutionsCaption(m_verdict->solutions)));
+    m_grade->setText(QString::fromStdString(gradeCaption(m_verdict->grade)));
+    m_grade->setToolTip(QString::fromStdString(std::string(gradeMeaning(m_verdict->grade))));
+  }
   const QString file = QString::fromStdString(m_session.collection.CurrentFile);
   if (m_file->text() != file) {
     m_file->setText(file);

@@ -1,14 +1,19 @@
 #pragma once
-// The puzzle frame `PuzNumber`: its title is the PuzzleTitle; inside are the
-// collection file `FileNow`, the puzzle-number box `PuzNumNow` and the
-// previous / next / random buttons (NavButton_0..2).
+// The puzzle frame `PuzNumber`: its title is the PuzzleTitle; inside are
+// what the puzzle is like (`SolutionsLabel`: one solution, several or none;
+// `GradeLabel`: its grade), the collection file `FileNow`, the puzzle-number
+// box `PuzNumNow` and the previous / next / random buttons (NavButton_0..2).
 
 #include <QGroupBox>
 #include <array>
+#include <optional>
 #include <string>
 
+#include "create/PuzzleCheck.h"
 #include "model/CollectionFile.h"
+#include "model/Event.h"
 
+class QLabel;
 class QLineEdit;
 
 namespace tessaly {
@@ -38,6 +43,12 @@ class PuzzleFrame : public QGroupBox {
 
   Session& m_session;
   CommandHost& m_host;
+  QLabel* m_solutions = nullptr;
+  QLabel* m_grade = nullptr;
+  /// The givens' verdict, taken whenever another puzzle takes the board (the
+  /// givens then are the puzzle's: a Solve marks every digit a given later).
+  std::optional<PuzzleVerdict> m_verdict;
+  Event::Subscription m_puzzleLoaded;
   QLineEdit* m_file = nullptr;
   QLineEdit* m_number = nullptr;
   std::array<RightClickButton*, 3> m_buttons{};

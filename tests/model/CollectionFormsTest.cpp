@@ -102,6 +102,45 @@ TEST(CollectionForms, BinaryAndOversizedFilesAreRefusedWithAMessage) {
   EXPECT_EQ(readPuzzleRows(large, 1).status, PuzzleRowsRead::Status::Unreadable);
 }
 
+TEST(CollectionForms, SavingIntoAOnePerLineFileAddsALineInItsOwnLineEnds) {
+  struct Case {
+    const char* name;
+    std::string content;
+    std::string after;  // the file once kB was appended
+    int number;         // the number of the new puzzle
+  };
+  const Case cases[] = {
+      {"lf", "# list\n" + kA + "\n", "# list\n" + kA + "\n" + kB + "\n", 2},
+      {"crlf", kA + " 1 Easy\r\n" + kA + "\r\n", kA + " 1 Easy\r\n" + kA + "\r\n" + kB + "\r\n", 3},
+      {"no-final-end", kA, kA + "\n" + kB + "\n", 2},
+      {"bad-lines", kA + "\n" + kA.substr(1) + "\n", kA + "\n" + kA.substr(1) + "\n" + kB + "\n", 2},
+      {"numbered", "#1\r\n" + grid(kA, "\r\n"), "#1\r\n" + grid(kA, "\r\n") + "\r\n#2\r\n" + grid(kB, "\r\n"), 2},
+  };
+  TempDir dir;
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::string path = write(dir, c.name, c.content);
+    EXPECT_EQ(appendPuzzle(path, kB), c.number);
+    EXPECT_EQ(test::readFile(path), c.after);
+    EXPECT_EQ(countPuzzles(path), c.number);
+    EXPECT_EQ(rowsText(readPuzzleRows(path, c.number)), zeros(kB));
+  }
+}
+
+TEST(CollectionForms, SavingTheGridIntoAOnePerLineFileMakesItTheLastPuzzle) {
+  TempDir dir;
+  const std::string path = write(dir, "list.txt", kA + "\n" + kA + "\n");
+  test::TestSession t;
+  test::loadGivens(t.session, kB);
+  t.session.grid[2].value = 5;  // a digit placed by hand is not saved
+  ASSERT_TRUE(saveGridToFile(t.session, path));
+  EXPECT_EQ(test::readFile(path), kA + "\n" + kA + "\n" + kB + "\n");
+  EXPECT_EQ(t.session.collection.TotalPuzzles, 3);
+  EXPECT_EQ(t.session.collection.CurrentPuzzleNumber, 3);
+  EXPECT_EQ(t.session.PuzNumNow, "3");
+  EXPECT_EQ(t.session.PuzzleTitle, "Puzzle 3 of 3 (64 blanks)");
+}
+
 TEST(PuzzleText, OneLineOrNineLinesElseAReason) {
   const std::pair<std::string, std::string> cases[] = {  // text, puzzle or "!" + error
       {kA, kA},

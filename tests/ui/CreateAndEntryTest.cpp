@@ -18,6 +18,8 @@ class CreateTabTest : public WindowFixture {
   void SetUp() override {
     start();
     selectTab(Tab::Create);
+    // Without the one-solution check every blank asked for stays blank.
+    child<QCheckBox>("UniqueCheck")->setChecked(false);
   }
   QLineEdit* box(const char* name) { return child<QLineEdit>(name); }
   bool checked(int option) { return child<QRadioButton>(QString("Distribution_%1").arg(option))->isChecked(); }
