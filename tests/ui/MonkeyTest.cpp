@@ -41,6 +41,8 @@ constexpr unsigned kDefaultSeed = 20240601;
 constexpr std::size_t kHistory = 20;
 /// Steps taken in one entry dialog before it is cancelled.
 constexpr int kDialogSteps = 5;
+/// How long a button's mnemonic takes to click it (its animated click).
+constexpr int kMnemonicClickMs = 150;
 /// Answers given to one textInput loop (the rule order asks again after a refusal).
 constexpr int kPromptsPerAction = 3;
 
@@ -163,16 +165,28 @@ class MonkeyUserInterface : public UserInterface {
   int m_promptsInAction = 0;
 };
 
-/// The window's pacer, with a call before every yield of a run: the moment a
-/// user's click arrives while the run goes on.
+/// The window's pacer, with a call before every yield of a run (the moment a
+/// user's click arrives while the run goes on) and a count of the yields and
+/// waits under way: a run may also begin outside the monkey's own actions (a
+/// button's mnemonic clicks it a moment later).
 class YieldHook : public Pacer {
  public:
   YieldHook(Pacer& pacer, std::function<void()> beforeYield) : m_pacer(pacer), m_beforeYield(std::move(beforeYield)) {}
   bool processEvents() override {
     m_beforeYield();
-    return m_pacer.processEvents();
+    ++inside;
+    const bool goOn = m_pacer.processEvents();
+    --inside;
+    return goOn;
   }
-  bool waitWhilePaused(RunState& runMode) override { return m_pacer.waitWhilePaused(runMode); }
+  bool waitWhilePaused(RunState& runMode) override {
+    ++inside;
+    const bool goOn = m_pacer.waitWhilePaused(runMode);
+    --inside;
+    return goOn;
+  }
+  /// Yields and waits on the stack.
+  int inside = 0;
 
  private:
   Pacer& m_pacer;
@@ -249,7 +263,8 @@ class MonkeyTest : public ::testing::Test {
   }
 
   void tick() {
-    const bool top = m_depth == 0;
+    // At rest: no tick of the monkey's and no yield or wait of a run below this one.
+    const bool top = m_depth == 0 && (!m_hook || m_hook->inside == 0);
     if (top && (m_failed || m_given >= actions)) {
       m_loop.quit();
       return;
@@ -313,13 +328,17 @@ class MonkeyTest : public ::testing::Test {
     m_rng = main;
   }
 
-  /// Ends the wait at a pause point for good: Next with the right button, or Solve.
+  /// Ends the wait at a pause point for good: Next with the right button, or
+  /// Solve; when neither is enabled (a fault), the window is closed.
   void runOn() {
     auto* next = child<QAbstractButton>(names::NextStepCommand);
+    auto* solve = child<QAbstractButton>(names::Solveit);
     if (next->isEnabled())
       testing::click(next, Qt::RightButton);
+    else if (solve->isEnabled())
+      testing::click(solve);
     else
-      testing::click(child<QAbstractButton>(names::Solveit));
+      window->close();
   }
 
   // --- the actions
@@ -334,7 +353,7 @@ class MonkeyTest : public ::testing::Test {
     ++m_given;
     const char* where[] = {"rest", "pause", "run"};
     note(QString("%1 [%2] ").arg(m_given).arg(where[int(moment)]));
-    std::vector<int> weights = {30, 8, 16, 14, 8, 7, 4, 5, 2, 1, 0};
+    std::vector<int> weights = {30, 8, 16, 14, 8, 7, 4, 5, 2, 1, 3, 0};
     if (moment == Moment::Waiting) weights.back() = 60;  // Next, the usual answer at a pause point
     switch (weighted(rng, weights)) {
       case 0: return clickButton();
@@ -347,6 +366,7 @@ class MonkeyTest : public ::testing::Test {
       case 7: return clickList();
       case 8: return workEventLog();
       case 9: return closeOtherWindow();
+      case 10: return startSteppingRun();
       default: return clickNext();
     }
   }
@@ -384,6 +404,17 @@ class MonkeyTest : public ::testing::Test {
       testing::click(next, mouse);
     else
       clickButton();  // on another tab, or no pauses: anything else
+  }
+
+  /// To the AutoSolve tab, pauses on most of the time, and Start.
+  void startSteppingRun() {
+    auto* tabs = child<QTabBar>(names::ctlTabs);
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(Tab::AutoSolve) - 1).center());
+    auto* pauses = child<QCheckBox>(names::PauseCheck);
+    if (pauses->isChecked() && chance(*m_rng, 0.8)) testing::click(pauses);
+    auto* start = child<QAbstractButton>(names::StartCommand);
+    note(QString("Start with%1 pauses%2").arg(pauses->isChecked() ? "out" : "", start->isEnabled() ? "" : " (disabled)"));
+    if (start->isEnabled()) testing::click(start);
   }
 
   void switchTab() {
@@ -499,14 +530,18 @@ class MonkeyTest : public ::testing::Test {
     };
     const std::vector<Key> keys = {
         {Qt::Key_F5, {}},   {Qt::Key_F6, {}},   {Qt::Key_F7, {}},   {Qt::Key_F8, {}},
-        {Qt::Key_F1, {}},   {Qt::Key_S, Qt::AltModifier},           {Qt::Key_N, Qt::AltModifier},
-        {Qt::Key_L, Qt::AltModifier},           {Qt::Key_P, Qt::AltModifier},
-        {Qt::Key_C, Qt::AltModifier},           {Qt::Key_H, Qt::ControlModifier},
-        {Qt::Key_1, Qt::ControlModifier},       {Qt::Key_4, Qt::ControlModifier},
-        {Qt::Key_7, Qt::ControlModifier},       {Qt::Key_Q, Qt::ControlModifier}};
-    const Key key = pick(*m_rng, keys);
+        {Qt::Key_F1, {}},   {Qt::Key_H, Qt::ControlModifier},       {Qt::Key_1, Qt::ControlModifier},
+        {Qt::Key_4, Qt::ControlModifier},       {Qt::Key_7, Qt::ControlModifier},
+        {Qt::Key_Q, Qt::ControlModifier},       {Qt::Key_unknown, Qt::AltModifier}};
+    Key key = pick(*m_rng, keys);
+    // A button's underlined letter.
+    if (key.key == Qt::Key_unknown) key.key = pick(*m_rng, std::vector<Qt::Key>{Qt::Key_S, Qt::Key_N, Qt::Key_L,
+                                                                                 Qt::Key_P, Qt::Key_C, Qt::Key_A});
     note(QString("shortcut %1").arg(QKeySequence(QKeyCombination(key.modifiers, key.key)).toString()));
     QTest::keyClick(window.get(), key.key, key.modifiers);
+    // A mnemonic clicks its button a moment later: that click belongs to this
+    // action, whatever the clock.
+    if (key.modifiers == Qt::AltModifier) QTest::qWait(kMnemonicClickMs);
   }
 
   void clickList() {
@@ -553,6 +588,8 @@ class MonkeyTest : public ::testing::Test {
     for (QWidget* w : QApplication::topLevelWidgets())
       if (w != window.get() && w->isVisible() && !qobject_cast<QMenu*>(w)) others.push_back(w);
     if (others.empty()) return note("no other window");
+    // The application keeps its windows in no fixed order.
+    std::sort(others.begin(), others.end(), [](QWidget* a, QWidget* b) { return describe(a) < describe(b); });
     QWidget* other = pick(*m_rng, others);
     note(QString("Escape on %1").arg(describe(other)));
     QTest::keyClick(other, Qt::Key_Escape);
