@@ -162,6 +162,9 @@ void SolverEngine::nextCommand(bool secondaryButton) {
 
 void SolverEngine::setPauseCheck(bool checked) {
   s.controls.PauseCheck = checked;
+  // Solve and a creation never pause, whatever the box says: a Solve that
+  // waited would have no Next to go on with, and a creation must stay silent.
+  if (s.run.activity == RunActivity::Solving || s.run.activity == RunActivity::Creating) return;
   if (checked) {
     s.run.mode = RunState::NoPause;
   } else {

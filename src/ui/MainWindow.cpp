@@ -63,6 +63,9 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
     ui = m_ownUi.get();
   }
   m_previousServices = Services{&session.ui(), &session.display(), &session.pacer(), nullptr, nullptr};
+  // The pages keep the user interface they are built with (the Create page asks
+  // for templates through it): it must be this window's from the start.
+  session.setServices(Services{ui, nullptr, nullptr, nullptr, nullptr});
 
   setCentralWidget(createCentralWidget());
   createMenus();
