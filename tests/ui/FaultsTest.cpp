@@ -1,13 +1,12 @@
-// Faults once seen in the window, each driven through the real widgets: what is
-// printed and where files are said to be, the names given in the save
-// dialogs, the help page's names for the controls, and the run and board
-// states that once left a control dead or a question unasked.
+// Faults once seen in the window, driven through the real widgets: printing, file
+// paths, save names, the help page's control names, and run and board states.
 
 #include <QPaintEngine>
 #include <QPrinter>
 #include <QPrintEngine>
 #include <QProgressBar>
 #include <deque>
+#include <map>
 #include <regex>
 #include <set>
 
@@ -18,28 +17,17 @@
 namespace tessaly::testing {
 namespace {
 
-// --- a printer that keeps what is drawn on it
-
-/// The pages a RecordingPrinter was given: the text of each drawn row.
+/// A printer's engines that keep the text of each drawn row, page by page.
 struct PrintRecord {
-  static constexpr int kDpi = 72;
-  static constexpr int kWidth = 360;  ///< about 60 characters of the report's font
-  static constexpr int kHeight = 500;
+  static constexpr int kDpi = 72, kWidth = 360, kHeight = 500;  // about 60 characters of the report's font wide
   QList<QStringList> pages;
   QFont font;
   QPrinter::PrinterState state = QPrinter::Idle;
 
   struct Paint : QPaintEngine {
     explicit Paint(PrintRecord& r) : QPaintEngine(QPaintEngine::AllFeatures), record(r) {}
-    bool begin(QPaintDevice*) override {
-      record.pages = {QStringList()};
-      record.state = QPrinter::Active;
-      return true;
-    }
-    bool end() override {
-      record.state = QPrinter::Idle;
-      return true;
-    }
+    bool begin(QPaintDevice*) override { return record.pages = {QStringList()}, record.state = QPrinter::Active, true; }
+    bool end() override { return record.state = QPrinter::Idle, true; }
     void updateState(const QPaintEngineState&) override {}
     void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
     void drawTextItem(const QPointF&, const QTextItem& item) override {
@@ -54,31 +42,23 @@ struct PrintRecord {
     explicit Print(PrintRecord& r) : record(r) {}
     void setProperty(PrintEnginePropertyKey, const QVariant&) override {}
     QVariant property(PrintEnginePropertyKey) const override { return {}; }
-    bool newPage() override {
-      record.pages << QStringList();
-      return true;
-    }
+    bool newPage() override { return record.pages << QStringList(), true; }
     bool abort() override { return false; }
     int metric(QPaintDevice::PaintDeviceMetric metric) const override {
-      switch (metric) {
-        case QPaintDevice::PdmWidth: return kWidth;
-        case QPaintDevice::PdmHeight: return kHeight;
-        case QPaintDevice::PdmWidthMM: return kWidth * 254 / (10 * kDpi);
-        case QPaintDevice::PdmHeightMM: return kHeight * 254 / (10 * kDpi);
-        case QPaintDevice::PdmNumColors: return 256;
-        case QPaintDevice::PdmDepth: return 32;
-        case QPaintDevice::PdmDevicePixelRatio: return 1;
-        case QPaintDevice::PdmDevicePixelRatioScaled: return int(QPaintDevice::devicePixelRatioFScale());
-        default: return kDpi;
-      }
+      using D = QPaintDevice;
+      const std::map<int, int> values{{D::PdmWidth, kWidth}, {D::PdmHeight, kHeight},
+                                      {D::PdmWidthMM, kWidth * 254 / (10 * kDpi)},
+                                      {D::PdmHeightMM, kHeight * 254 / (10 * kDpi)}, {D::PdmNumColors, 256},
+                                      {D::PdmDepth, 32}, {D::PdmDevicePixelRatio, 1},
+                                      {D::PdmDevicePixelRatioScaled, int(D::devicePixelRatioFScale())}};
+      return values.count(metric) ? values.at(metric) : kDpi;
     }
     QPrinter::PrinterState printerState() const override { return record.state; }
     PrintRecord& record;
   } print{*this};
 };
 
-class RecordingPrinter : public QPrinter {
- public:
+struct RecordingPrinter : QPrinter {
   explicit RecordingPrinter(PrintRecord& record) { setEngines(&record.print, &record.paint); }
 };
 
@@ -87,7 +67,13 @@ QString solid(QString text) { return text.remove(QRegularExpression("\\s")); }
 
 class FaultsTest : public WindowFixture {
  protected:
-  /// Prints through File > Print puzzle and event log... on a recording printer.
+  /// Starts the window on the application directory as it is; `own` lets it use its own dialogs.
+  void open(bool own = false) {
+    window = std::make_unique<MainWindow>(session, own ? nullptr : &ui);
+    window->startUp(appDir());
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  }
   const PrintRecord& printWithLog() {
     window->setPrinterFactory([this] { return std::make_unique<RecordingPrinter>(m_print); });
     window->setPrinterChooser([](QPrinter&) { return true; });
@@ -103,7 +89,7 @@ class FaultsTest : public WindowFixture {
     timer.start(1);
     click("StartCommand");
   }
-  /// Answers the grid entry dialog of Edit with puzzle 1 of pe96 less its first given.
+  /// Edit, answered with puzzle 1 of pe96 less its first given.
   void editAPuzzle() {
     answerDialog("OKButton", [](EntryDialog& d) {
       d.setText("....2.6..\n9..3.5..1\n..18.64..\n..81.29..\n7.......8\n..67.82..\n..26.95..\n8..2.3..9\n..5.1.3..");
@@ -115,22 +101,16 @@ class FaultsTest : public WindowFixture {
   PrintRecord m_print;
 };
 
-// The printer gets the whole log as it stands after a Solve and after a
-// stepped run (whose recorded line count is 0), every row fits the page, and
-// nothing of a long line is lost: put together, the rows give the report file's
-// text with the log's lines where its heading stands.
+// After a Solve and after a stepped run, the rows printed give the report with the
+// whole log under its heading, and every row, long lines wrapped, fits the page.
 TEST_F(FaultsTest, PrintingWithTheLogPrintsEveryLineOfTheLogWrappedAtThePageEdge) {
   for (const bool stepped : {false, true}) {
     SCOPED_TRACE(stepped ? "Start" : "Solve");
     start(1);
-    if (stepped)
-      stepToTheEnd(Qt::RightButton);
-    else
-      click("Solveit");
+    stepped ? stepToTheEnd(Qt::RightButton) : click("Solveit");
     ASSERT_EQ(session.grid.filledCount(), kCells);
     ASSERT_EQ(session.log.RecordedLineCount, 0);
-    std::string expected = reportText(session, true);
-    std::string log;
+    std::string expected = reportText(session, true), log;
     for (int n = 1; n <= session.log.TotalLines(); ++n) log += std::string(session.log.text(n)) + "\r\n";
     expected.insert(expected.find("EVENT LOG\r\n") + 11, log);
 
@@ -154,7 +134,6 @@ TEST_F(FaultsTest, PrintingWithTheLogPrintsEveryLineOfTheLogWrappedAtThePageEdge
   }
 }
 
-// "Printed to:" and a failed Eventlog.txt name the file with its folder.
 TEST_F(FaultsTest, ThePathMessagesNameTheFolderAndTheFile) {
   start(1);
   click("Solveit");
@@ -172,71 +151,49 @@ TEST_F(FaultsTest, ThePathMessagesNameTheFolderAndTheFile) {
             (std::vector<std::string>{"Could not write file: " + appDir() + "gone/Eventlog.txt", "Done"}));
 }
 
-// --- the save dialogs, answered as a user would
-
-/// Answers each modal box as it opens: a message or question with its default
-/// button (noting its text), a file dialog with the name given.
-class ModalAnswers {
- public:
-  explicit ModalAnswers(std::deque<QString> names) : m_names(std::move(names)) {
-    QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
-    m_timer.start(5);
-  }
+TEST_F(FaultsTest, ASaveDialogAddsTheExtensionOfItsKindToABareName) {
+  std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
+  open(true);
+  window->readPuzzleFile(appDir() + "Puzzles.sud", 1);
+  const std::tuple<const char*, QString, std::string> cases[] = {
+      {"mnusavecsv", "mine", "mine.csv"},        {"mnusavetxt", "mine", "mine.txt"},
+      {"mnusavexls", "mine", "mine.xls"},        {"mnusavecsv", "other.", "other.csv"},
+      {"mnusavecsv", "notes.TXT", "notes.TXT"}, {"mnusavetxt", "board.v2", "board.v2"}};
+  std::deque<QString> names;
+  for (const auto& c : cases) names.push_back(std::get<1>(c));
+  // Each modal box as it opens: a message or question gets its default button
+  // (its text noted), a file dialog the next name, typed.
   std::vector<std::string> texts;
-
- private:
-  void answer() {
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
     QWidget* modal = QApplication::activeModalWidget();
     if (auto* box = qobject_cast<QMessageBox*>(modal)) {
       texts.push_back(box->text().toStdString());
       box->button(box->standardButtons().testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok)->click();
     } else if (auto* files = qobject_cast<QFileDialog*>(modal)) {
       auto* name = files->findChild<QLineEdit*>("fileNameEdit");
-      if (!name || m_names.empty()) return files->reject();
+      if (!name || names.empty()) return files->reject();
       name->clear();
-      QTest::keyClicks(name, m_names.front());
-      m_names.pop_front();
+      QTest::keyClicks(name, names.front());
+      names.pop_front();
       QTest::keyClick(name, Qt::Key_Return);
     }
-  }
-  std::deque<QString> m_names;
-  QTimer m_timer;
-};
-
-TEST_F(FaultsTest, ASaveDialogAddsTheExtensionOfItsKindToABareName) {
-  std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
-  window = std::make_unique<MainWindow>(session);  // the window's own dialogs
-  window->startUp(appDir());
-  window->show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-  window->readPuzzleFile(appDir() + "Puzzles.sud", 1);
-  struct Case {
-    const char* action;
-    QString typed;
-    std::string written;
-  };
-  const Case cases[] = {{"mnusavecsv", "mine", "mine.csv"},        {"mnusavetxt", "mine", "mine.txt"},
-                        {"mnusavexls", "mine", "mine.xls"},        {"mnusavecsv", "other.", "other.csv"},
-                        {"mnusavecsv", "notes.TXT", "notes.TXT"}, {"mnusavetxt", "board.v2", "board.v2"}};
-  std::deque<QString> names;
-  for (const Case& c : cases) names.push_back(c.typed);
-  ModalAnswers answers(names);
+  });
+  timer.start(5);
   click("Solveit");
-  for (const Case& c : cases) {
-    answers.texts.clear();
-    action(c.action)->trigger();
-    EXPECT_EQ(answers.texts, std::vector<std::string>{"Puzzle and its solution saved in file: " + appDir() + c.written})
-        << c.typed.toStdString();
-    EXPECT_GT(fileLength(appDir() + c.written), 0) << c.written;
+  for (const auto& [menu, typed, written] : cases) {
+    texts.clear();
+    action(menu)->trigger();
+    EXPECT_EQ(texts, std::vector<std::string>{"Puzzle and its solution saved in file: " + appDir() + written})
+        << typed.toStdString();
+    EXPECT_GT(fileLength(appDir() + written), 0) << written;
   }
   EXPECT_FALSE(std::filesystem::exists(appDir() + "mine"));
 }
 
-// --- the help page
-
-/// Every caption the window shows: buttons, check boxes, options, group boxes,
-/// labels, tabs, menus and their entries, without their "&" marks.
-std::set<std::string> captions(const QWidget* window) {
+TEST_F(FaultsTest, TheHelpPageNamesEachControlByItsCaption) {
+  start();
+  // Every caption shown, "&" marks taken out: buttons, group boxes, labels, menus, actions, tabs.
   QStringList texts;
   for (const auto* button : window->findChildren<QAbstractButton*>()) texts << button->text();
   for (const auto* group : window->findChildren<QGroupBox*>()) texts << group->title();
@@ -245,14 +202,9 @@ std::set<std::string> captions(const QWidget* window) {
   for (const auto* action : window->findChildren<QAction*>()) texts << action->text();
   for (const auto* tabs : window->findChildren<QTabBar*>())
     for (int i = 0; i < tabs->count(); ++i) texts << tabs->tabText(i);
-  std::set<std::string> set;
-  for (QString text : texts) set.insert(text.remove('&').toStdString());
-  return set;
-}
+  std::set<std::string> shown;
+  for (QString text : texts) shown.insert(text.remove('&').toStdString());
 
-TEST_F(FaultsTest, TheHelpPageNamesEachControlByItsCaption) {
-  start();
-  const std::set<std::string> shown = captions(window.get());
   const std::string page = readFile(std::string(TESSALY_DATA_DIR) + "/SuDoKu.htm");
   const std::regex quoted("<b class=\"control\">([^<]*)</b>");
   int names = 0;
@@ -263,9 +215,6 @@ TEST_F(FaultsTest, TheHelpPageNamesEachControlByItsCaption) {
   EXPECT_GT(names, 50);
 }
 
-// --- runs, boards and the controls they leave
-
-// A placement made by hand survives a visit to another tab: Undo takes it back.
 TEST_F(FaultsTest, MovesSurviveATabSwitchAndUndoTakesThemBack) {
   start(1);
   selectTab(Tab::ManualSolve);
@@ -280,12 +229,9 @@ TEST_F(FaultsTest, MovesSurviveATabSwitchAndUndoTakesThemBack) {
   EXPECT_TRUE(lines(child<QListWidget>("LogManual")).empty());
 }
 
-// A created puzzle, and one typed in with Edit when there is no collection at
-// all, can be run from the Solution frame; Edit re-enables Start after a run.
+// With no collection at all, a typed and a created puzzle can still be run; Edit re-enables Start.
 TEST_F(FaultsTest, CreatedAndTypedPuzzlesCanBeRunAndEditReenablesStart) {
-  window = std::make_unique<MainWindow>(session, &ui);  // no Puzzles.sud
-  window->startUp(appDir());
-  window->show();
+  open();  // no Puzzles.sud
   EXPECT_EQ(ui.messages, std::vector<std::string>{"Default puzzle file not found: " + appDir() + "Puzzles.sud"});
   EXPECT_TRUE(enabled("SolutionsFrame"));
   EXPECT_TRUE(enabled("EditCommand"));
@@ -302,14 +248,11 @@ TEST_F(FaultsTest, CreatedAndTypedPuzzlesCanBeRunAndEditReenablesStart) {
   click("CreateCommand");
   EXPECT_EQ(child<QProgressBar>("pb1")->value(), 0);  // not the silent run's count
   selectTab(Tab::AutoSolve);
-  EXPECT_TRUE(enabled("SolutionsFrame"));
-  EXPECT_TRUE(enabled("StartCommand"));
-  EXPECT_TRUE(child("PosValsFrame")->isVisible());
-  EXPECT_TRUE(child("EventLogx")->isVisible());
+  for (const char* name : {"SolutionsFrame", "StartCommand"}) EXPECT_TRUE(enabled(name)) << name;
+  for (const char* name : {"PosValsFrame", "EventLogx"}) EXPECT_TRUE(child(name)->isVisible()) << name;
 }
 
-// After Create or Edit the board holds a puzzle of no collection: Clear asks
-// before it reads the collection's puzzle again, and No keeps the board.
+// Clear asks before dropping a created or typed puzzle for puzzle 1 again; No keeps the board.
 TEST_F(FaultsTest, ClearAsksBeforeGivingUpACreatedOrTypedPuzzle) {
   const std::string question =
       "The puzzle on the board is not in a collection and will be lost. Clear it and read puzzle 1 again?";
@@ -337,9 +280,7 @@ TEST_F(FaultsTest, ClearAsksBeforeGivingUpACreatedOrTypedPuzzle) {
   }
 }
 
-// Ticking "No pauses" at a pause lets the run go on; clearing it again before
-// the run has gone on leaves it stepping: it stops at the next pause point,
-// where Next is enabled and goes on.
+// "No pauses" ticked and cleared again at a pause leaves the run stepping: the next pause has Next enabled.
 TEST_F(FaultsTest, ClearingNoPausesDuringARunWaitsAgainWithNextEnabled) {
   session.controls.PauseCheck = false;
   start(1);
@@ -348,13 +289,10 @@ TEST_F(FaultsTest, ClearingNoPausesDuringARunWaitsAgainWithNextEnabled) {
   QObject::connect(&timer, &QTimer::timeout, [&] {
     if (!window->isWaiting() || int(nextEnabledAtPause.size()) >= window->pauseWaits()) return;
     nextEnabledAtPause.push_back(enabled("NextStepCommand"));
-    if (nextEnabledAtPause.size() == 1) {
-      click("PauseCheck");  // runs on ...
-      click("PauseCheck");  // ... and steps again
-      EXPECT_FALSE(session.controls.PauseCheck);
-    } else {
-      click("NextStepCommand", Qt::RightButton);
-    }
+    if (nextEnabledAtPause.size() > 1) return click("NextStepCommand", Qt::RightButton);
+    click("PauseCheck");  // runs on ...
+    click("PauseCheck");  // ... and steps again
+    EXPECT_FALSE(session.controls.PauseCheck);
   });
   timer.start(2);
   click("StartCommand");
@@ -363,8 +301,6 @@ TEST_F(FaultsTest, ClearingNoPausesDuringARunWaitsAgainWithNextEnabled) {
   EXPECT_EQ(session.statusText, "Solved with no re-tries");
 }
 
-// A stepped run that gives up after MaxTries placements leaves Next disabled
-// and Start, Clear and Edit enabled.
 TEST_F(FaultsTest, AnAbortedRunLeavesNextDisabledAndStartEnabled) {
   start();
   window->readPuzzleFile(puzzleFile("top95.sud"), 1);  // the rules alone do not solve it

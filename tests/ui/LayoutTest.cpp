@@ -1,8 +1,5 @@
-// The window on a small screen and a large one: every tab and dialog fits
-// 1366x768 without clipping a control, the board grows with the window, the
-// window's size and splitters come back in the next run; keys reach the grid
-// only while it has the focus, the buttons' shortcuts work; and what the board
-// draws for box frames, explanations and the solver's dead ends.
+// The window on small and large screens: nothing clipped, the board grows, the size
+// and splitters come back; keys and shortcuts; what the board draws for frames and explanations.
 
 #include "model/GridTables.h"
 #include "play/Hints.h"
@@ -18,28 +15,23 @@ namespace {
 
 const QSize kSmallestWindow(1280, 720);
 
-/// What of `widget` lies outside the window or outside one of its ancestors
-/// (and so is cut off); empty when it is whole.
+template <class... T>
+bool isA(const QWidget* w) { return (qobject_cast<const T*>(w) || ...); }
+
+/// How `widget` is cut off: outside the window or one of its ancestors, or squeezed; empty when whole.
 QString clipping(const QWidget* widget) {
   const QWidget* window = widget->window();
   const QRect rect(widget->mapTo(window, QPoint(0, 0)), widget->size());
   for (const QWidget* p = widget->parentWidget(); p; p = p->parentWidget()) {
-    const QRect outer(p->mapTo(window, QPoint(0, 0)), p->size());
-    if (!outer.contains(rect))
-      return QString("%1 at (%2, %3) %4x%5 outside its %6")
-          .arg(widget->objectName())
-          .arg(rect.x())
-          .arg(rect.y())
-          .arg(rect.width())
-          .arg(rect.height())
-          .arg(p->metaObject()->className());
+    if (!QRect(p->mapTo(window, QPoint(0, 0)), p->size()).contains(rect))
+      return QString("%1 at (%2, %3) %4x%5 outside its %6").arg(widget->objectName()).arg(rect.x()).arg(rect.y())
+          .arg(rect.width()).arg(rect.height()).arg(p->metaObject()->className());
     if (p == window) break;
   }
   // A control squeezed below its smallest size cuts its own caption.
-  const bool control = qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
-                       qobject_cast<const QGroupBox*>(widget) || qobject_cast<const BoardView*>(widget);
   const QSize least = widget->minimumSizeHint();
-  if (control && (widget->width() < least.width() || widget->height() < least.height()))
+  if (isA<QAbstractButton, QLineEdit, QGroupBox, BoardView>(widget) &&
+      (widget->width() < least.width() || widget->height() < least.height()))
     return QString("%1 squeezed to %2x%3").arg(widget->objectName()).arg(widget->width()).arg(widget->height());
   return {};
 }
@@ -48,9 +40,7 @@ QString clipping(const QWidget* widget) {
 std::string clippedControls(const QWidget* window) {
   QStringList clipped;
   for (const QWidget* w : window->findChildren<QWidget*>()) {
-    const bool control = qobject_cast<const QAbstractButton*>(w) || qobject_cast<const QLabel*>(w) ||
-                         qobject_cast<const QLineEdit*>(w) || qobject_cast<const QAbstractItemView*>(w) ||
-                         qobject_cast<const QGroupBox*>(w) || qobject_cast<const BoardView*>(w);
+    const bool control = isA<QAbstractButton, QLabel, QLineEdit, QAbstractItemView, QGroupBox, BoardView>(w);
     if (control && w->isVisible() && w->window() == window && !w->objectName().startsWith("qt_"))
       if (const QString why = clipping(w); !why.isEmpty()) clipped << why;
   }
@@ -63,12 +53,7 @@ class LayoutTest : public WindowFixture {
     window->resize(size);
     QApplication::processEvents();
   }
-  void focusGrid() {
-    window->board()->grid()->setFocus();
-    QApplication::processEvents();
-  }
-  /// The scheme colour of a highlighted area, and the colours a cell has without one.
-  QColor areaColour() const { return qcolor(window->colourScheme().colour[9]); }
+  /// The colour a cell has outside a highlighted area.
   QColor ordinaryBack(int c) const {
     return session.grid[c].given ? qcolor(window->colourScheme().givenBack) : QColor(255, 255, 255);
   }
@@ -98,16 +83,15 @@ TEST_F(LayoutTest, TheDialogsFitASmallScreenAndEscapeClosesThem) {
   action("mnuHelpContents")->trigger();
   GridEntryDialog grid(session, ui, window.get());
   TemplateDialog pattern(ui, window.get());
-  for (QDialog* dialog : {static_cast<QDialog*>(&grid), static_cast<QDialog*>(&pattern),
-                          static_cast<QDialog*>(window->helpWindow())}) {
+  for (QDialog* dialog : std::initializer_list<QDialog*>{&grid, &pattern, window->helpWindow()}) {
+    SCOPED_TRACE(dialog->objectName().toStdString());
     dialog->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
-    EXPECT_LE(dialog->width(), kSmallestWindow.width()) << dialog->objectName().toStdString();
-    EXPECT_LE(dialog->height(), kSmallestWindow.height()) << dialog->objectName().toStdString();
+    EXPECT_LE(dialog->width(), kSmallestWindow.width());
+    EXPECT_LE(dialog->height(), kSmallestWindow.height());
     EXPECT_EQ(clippedControls(dialog), "");
-    QWidget* focus = dialog->focusWidget() ? dialog->focusWidget() : dialog;
-    QTest::keyClick(focus, Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible()) << dialog->objectName().toStdString();
+    QTest::keyClick(dialog->focusWidget() ? dialog->focusWidget() : dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
   }
   EXPECT_EQ(grid.answer(), "N");
   action("mnuAbout")->trigger();
@@ -161,7 +145,8 @@ TEST_F(LayoutTest, KeysPlaceDigitsOnlyWhileTheGridHasTheFocus) {
   // A digit typed in the puzzle-number box does not reach the selected cell.
   QTest::keyClicks(child("PuzNumNow"), "4");
   EXPECT_EQ(session.grid[1].value, 0);
-  focusGrid();
+  window->board()->grid()->setFocus();
+  QApplication::processEvents();
   // The digits of the numeric pad count as well as the main keyboard's.
   QTest::keyClick(child("Grid"), Qt::Key_4, Qt::KeypadModifier);
   EXPECT_EQ(cell("Grid_0").text, "4");
@@ -220,7 +205,8 @@ TEST_F(LayoutTest, AnExplanationHighlightsTheRowColumnAndBoxOfItsCellUntilTheNex
   click("PosVals_14");  // row 2, column 5, box 2
   for (int c = 1; c <= kCells; ++c) {
     const bool inArea = CellRow[c] == 2 || CellCol[c] == 5 || CellBox[c] == 2;
-    EXPECT_EQ(cell(QString("Grid_%1").arg(c - 1)).back, inArea ? areaColour() : ordinaryBack(c)) << c;
+    EXPECT_EQ(cell(QString("Grid_%1").arg(c - 1)).back, inArea ? qcolor(window->colourScheme().colour[9])
+                                                               : ordinaryBack(c)) << c;
   }
   click("Grid_80");  // a click on the grid ends it; the clicked cell is selected
   for (int c = 1; c < kCells; ++c) EXPECT_EQ(cell(QString("Grid_%1").arg(c - 1)).back, ordinaryBack(c)) << c;

@@ -1,7 +1,5 @@
-// What the puzzle frame tells of the puzzle (solutions and grade), Edit >
-// Copy and Paste puzzle with their keys, a file dropped on the window, the
-// Create tab's "one solution" and grade options, and the question the Edit
-// dialog asks of a puzzle without exactly one solution.
+// Puzzles in and out of the window: the frame's solutions and grade, Copy and Paste
+// puzzle, a dropped file, Create's options, and Edit's question on a puzzle without one solution.
 
 #include "create/EntryDialogs.h"
 #include "create/PuzzleCheck.h"
@@ -25,7 +23,6 @@ class PuzzleTransferTest : public WindowFixture {
   std::string solutionsShown() const { return child<QLabel>("SolutionsLabel")->text().toStdString(); }
   std::string gradeShown() const { return child<QLabel>("GradeLabel")->text().toStdString(); }
   std::string title() const { return child<QGroupBox>("PuzNumber")->title().toStdString(); }
-  static void setClipboard(const std::string& text) { QApplication::clipboard()->setText(QString::fromStdString(text)); }
   static std::string clipboard() { return QApplication::clipboard()->text().toStdString(); }
   /// Gives `widget` the keyboard in the active window, so the menu keys reach it.
   void focus(QWidget* widget) {
@@ -34,7 +31,7 @@ class PuzzleTransferTest : public WindowFixture {
     widget->setFocus(Qt::OtherFocusReason);
     QApplication::processEvents();
   }
-  /// Sends a drag of `mime` onto the window and drops it; whether the drag was taken.
+  /// Drags `mime` onto the window and drops it; whether the drag was taken.
   bool drop(QMimeData& mime) {
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     enter.setAccepted(false);
@@ -48,21 +45,16 @@ class PuzzleTransferTest : public WindowFixture {
 TEST_F(PuzzleTransferTest, TheFrameTellsTheSolutionsAndGradeOfEachPuzzleRead) {
   start();
   EXPECT_EQ(solutionsShown(), "");
-  const std::string path = dataFile("puzzles/verdicts.txt");
   const std::tuple<int, const char*, const char*> cases[] = {
-      {1, "One solution", "Grade 1 \u00B7 Easy"},
-      {2, "One solution", "Grade 2 \u00B7 Moderate"},
-      {3, "Several solutions", "Grade 5 \u00B7 Diabolical"},
-      {4, "No solution", ""},
-      {1, "One solution", "Grade 1 \u00B7 Easy"},
-  };
+      {1, "One solution", "Grade 1 \u00B7 Easy"},     {2, "One solution", "Grade 2 \u00B7 Moderate"},
+      {3, "Several solutions", "Grade 5 \u00B7 Diabolical"}, {4, "No solution", ""},
+      {1, "One solution", "Grade 1 \u00B7 Easy"}};
   for (const auto& [n, solutions, grade] : cases) {
-    window->readPuzzleFile(path, n);
+    window->readPuzzleFile(dataFile("puzzles/verdicts.txt"), n);
     EXPECT_EQ(solutionsShown(), solutions) << n;
     EXPECT_EQ(gradeShown(), grade) << n;
   }
-  // A solve marks every digit a given; the frame keeps telling of the puzzle.
-  click("Solveit");
+  click("Solveit");  // every digit is then a given; the frame still tells of the puzzle
   EXPECT_EQ(session.grid.filledCount(), kCells);
   EXPECT_EQ(gradeShown(), "Grade 1 \u00B7 Easy");
 }
@@ -81,8 +73,7 @@ TEST_F(PuzzleTransferTest, CopyThenPasteGivesTheSameGivensAndTheLogKeepsItsOwnCo
   EXPECT_EQ(solutionsShown(), "One solution");
   EXPECT_TRUE(child("Solveit")->isEnabled());
   EXPECT_TRUE(ui.messages.empty());
-  // With the event log focused, the key copies its lines.
-  focus(logView());
+  focus(logView());  // the event log's key copies its lines
   QTest::keyClick(logView(), Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(clipboard(), logView()->selectedText().toStdString());
   EXPECT_NE(clipboard().find(logView()->lineText(1).toStdString()), std::string::npos);
@@ -91,10 +82,9 @@ TEST_F(PuzzleTransferTest, CopyThenPasteGivesTheSameGivensAndTheLogKeepsItsOwnCo
 TEST_F(PuzzleTransferTest, PastingWhatIsNotAPuzzleTellsWhyAndLeavesTheBoard) {
   start(1);
   const std::string before = session.grid.valueCode(), titleBefore = title();
-  const std::string texts[] = {"", "  \n", kUnique.substr(1), kUnique + "5", "a" + kUnique.substr(1),
-                               "3" + kUnique.substr(1)};
+  const std::string texts[] = {"", "  \n", kUnique.substr(1), kUnique + "5", "a" + kUnique.substr(1), "3" + kUnique.substr(1)};
   for (const std::string& text : texts) {
-    setClipboard(text);
+    QApplication::clipboard()->setText(QString::fromStdString(text));
     ui.messages.clear();
     action("mnuPastePuzzle")->trigger();
     std::string digits;
@@ -112,12 +102,10 @@ TEST_F(PuzzleTransferTest, ADroppedFileOpensAsFileOpenWould) {
   std::string rows = "3.. ... ...\n........1\n";
   for (int r = 3; r <= 9; ++r) rows += ".........\n";
   writeFile(grid, rows);
-  const std::string sud = appDir() + "Puzzles.sud", list = dataFile("puzzles/verdicts.txt");
   const std::tuple<std::string, const char*, const char*> cases[] = {
-      {list, "Puzzle 1 of 4 (49 blanks)", "One solution"},
-      {sud, "Puzzle 1 of 50 (49 blanks)", "One solution"},
-      {grid, "Puzzle 1 of 1 (79 blanks)", "Several solutions"},
-  };
+      {dataFile("puzzles/verdicts.txt"), "Puzzle 1 of 4 (49 blanks)", "One solution"},
+      {appDir() + "Puzzles.sud", "Puzzle 1 of 50 (49 blanks)", "One solution"},
+      {grid, "Puzzle 1 of 1 (79 blanks)", "Several solutions"}};
   for (const auto& [path, shownTitle, solutions] : cases) {
     QMimeData mime;
     mime.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
@@ -159,38 +147,30 @@ TEST_F(PuzzleTransferTest, CreateMakesPuzzlesWithOneSolutionOfTheGradeChosen) {
 
 TEST_F(PuzzleTransferTest, EditAsksBeforeKeepingAPuzzleWithoutOneSolution) {
   start(1);
-  struct Case {
-    std::string typed;
-    bool answer;
-    const char* question;  // "" for none
-    bool kept;
-  };
-  const Case cases[] = {
+  const std::tuple<std::string, bool, const char*, bool> cases[] = {  // {typed, answer, question or "", kept}
       {kSeveral, true, kSeveralSolutionsQuestion, true},
       {kNone, false, kNoSolutionQuestion, false},
       {kNone, true, kNoSolutionQuestion, true},
-      {kUnique, false, "", true},
-  };
-  for (const Case& c : cases) {
+      {kUnique, false, "", true}};
+  for (const auto& [typed, answer, question, kept] : cases) {
     const std::string before = givensText(session);
     ui.questions.clear();
-    ui.answers = {c.answer};
+    ui.answers = {answer};
     bool openAfterOk = false;
-    QTimer::singleShot(0, [&] {
+    QTimer::singleShot(0, [&, &typed = typed] {
       auto* dialog = qobject_cast<EntryDialog*>(QApplication::activeModalWidget());
       ASSERT_NE(dialog, nullptr);
-      dialog->setText(c.typed);
+      dialog->setText(typed);
       testing::click(dialog, "OKButton");
-      openAfterOk = dialog->isVisible();
-      if (openAfterOk) {
-        EXPECT_EQ(dialog->text(), c.typed);
+      if ((openAfterOk = dialog->isVisible())) {
+        EXPECT_EQ(dialog->text(), typed);
         dialog->reject();
       }
     });
     click("EditCommand");
-    EXPECT_EQ(ui.questions, *c.question ? std::vector<std::string>{c.question} : std::vector<std::string>{});
-    EXPECT_EQ(openAfterOk, !c.kept);
-    EXPECT_EQ(givensText(session), c.kept ? c.typed : before);
+    EXPECT_EQ(ui.questions, *question ? std::vector<std::string>{question} : std::vector<std::string>{});
+    EXPECT_EQ(openAfterOk, !kept);
+    EXPECT_EQ(givensText(session), kept ? typed : before);
     EXPECT_EQ(solutionsShown(), solutionsCaption(countSolutions(givensText(session))));
   }
   EXPECT_TRUE(ui.messages.empty());

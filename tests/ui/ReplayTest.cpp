@@ -1,6 +1,6 @@
-// Stepping back through the log: a clicked line, the keys on the log and the
-// slider show the board the core's history holds for that line, without
-// touching the session; every command brings the present back first.
+// Stepping back through the log: a clicked line, the log's keys and the slider show
+// the board the history holds for that line, leaving the session alone; a command
+// brings the present back first.
 
 #include <QSlider>
 #include <deque>
@@ -21,7 +21,13 @@ class ReplayTest : public WindowFixture {
  protected:
   ReplayController& replay() const { return *window->replay(); }
   QLabel* label() const { return child<QLabel>("ReplayLabel"); }
-
+  QSlider* slider() const { return child<QSlider>("ReplaySlider"); }
+  /// Solves puzzle n; the board solved.
+  std::string solve(int n) {
+    start(n);
+    click("Solveit");
+    return session.grid.valueCode();
+  }
   void clickLine(int n) {
     logView()->selectLine(n);  // scrolls it into view
     const QRect rect = logView()->lineRect(n);
@@ -30,19 +36,17 @@ class ReplayTest : public WindowFixture {
   }
   void key(int k) { QTest::keyClick(logView(), Qt::Key(k)); }
 
-  /// The painted board against a board: values, choices and box counts, as
-  /// `--board-at` prints the first two.
+  /// The painted board against a board: values and choices, as `--board-at` prints them, and box counts.
   void expectBoard(const PuzzleGrid& board, const std::string& where) const {
     SCOPED_TRACE(where);
-    std::string values, shownValues, choices, shownChoices;
+    std::string shownValues, choices, shownChoices;
     for (int c = 1; c <= kCells; ++c) {
-      values += char('0' + board[c].value);
       const QString text = window->board()->valueCell(c).text;
       shownValues += text.isEmpty() ? '0' : text.toStdString()[0];
       choices += board[c].candidates.text() + ' ';
       shownChoices += window->board()->candidateCell(c).text.toStdString() + ' ';
     }
-    EXPECT_EQ(shownValues, values);
+    EXPECT_EQ(shownValues, board.valueCode());
     EXPECT_EQ(shownChoices, choices);
     for (int b = 1; b <= GridSize; ++b) {
       std::set<int> present;
@@ -54,14 +58,14 @@ class ReplayTest : public WindowFixture {
   }
   /// The past line n is shown: its board, the label, the frame; the session untouched.
   void expectLine(int n, const std::string& sessionGrid) const {
-    const int total = session.log.TotalLines();
     EXPECT_EQ(replay().shownLine(), n);
-    expectBoard(boardAtLine(session.run.history, n), "line " + std::to_string(n) + ": " + std::string(session.log.text(n)));
+    const std::string text(session.log.text(n));
+    expectBoard(boardAtLine(session.run.history, n), "line " + std::to_string(n) + ": " + text);
     EXPECT_TRUE(label()->isVisible());
-    EXPECT_EQ(label()->text(), replayLabelText(n, total));
+    EXPECT_EQ(label()->text(), replayLabelText(n, session.log.TotalLines()));
     EXPECT_EQ(window->board()->grid()->frameColour(), ReplayController::kPastFrame);
-    EXPECT_EQ(child<QSlider>("ReplaySlider")->value(), n);
-    EXPECT_EQ(logView()->selectedText(), QString::fromStdString(std::string(session.log.text(n))));
+    EXPECT_EQ(slider()->value(), n);
+    EXPECT_EQ(logView()->selectedText(), QString::fromStdString(text));
     EXPECT_EQ(session.grid.valueCode(), sessionGrid);
   }
   void expectPresent() const {
@@ -69,15 +73,17 @@ class ReplayTest : public WindowFixture {
     expectBoard(session.grid, "present");
     EXPECT_FALSE(label()->isVisible());
     EXPECT_FALSE(window->board()->grid()->frameColour().isValid());
-    EXPECT_EQ(child<QSlider>("ReplaySlider")->value(), session.log.TotalLines() + 1);
+    EXPECT_EQ(slider()->value(), session.log.TotalLines() + 1);
   }
-  /// The line of the first finding of a kind.
-  int lineOf(FindingKind kind) const {
-    for (const Finding& f : session.run.findings)
-      if (f.kind == kind) return f.logLine;
-    ADD_FAILURE() << "no finding of kind " << int(kind);
-    return 1;
+  /// The first finding of a kind, or the first on a line.
+  const Finding& finding(const std::function<bool(const Finding&)>& which) const {
+    const auto& all = session.run.findings;
+    const auto it = std::find_if(all.begin(), all.end(), which);
+    EXPECT_NE(it, all.end());
+    return it == all.end() ? all.front() : *it;
   }
+  int lineOf(FindingKind kind) const { return finding([&](const Finding& f) { return f.kind == kind; }).logLine; }
+  const Finding& at(int line) const { return finding([&](const Finding& f) { return f.logLine == line; }); }
 };
 
 TEST(ReplayLabel, CountsWithThousandsSeparators) {
@@ -85,6 +91,7 @@ TEST(ReplayLabel, CountsWithThousandsSeparators) {
   EXPECT_EQ(replayLabelText(1, 5), QString::fromUtf8("Showing line 1 of 5 \u2014 Esc to return"));
 }
 
+// The page shows replay.png, and the help window finds each picture beside the page.
 TEST(ReplayHelp, TheHelpPagesPicturesShipBesideIt) {
   const std::string page = readFile(std::string(TESSALY_DATA_DIR) + "/SuDoKu.htm");
   const std::regex image(R"re(<img src="([^"]+)")re");
@@ -92,7 +99,6 @@ TEST(ReplayHelp, TheHelpPagesPicturesShipBesideIt) {
   for (auto m = std::sregex_iterator(page.begin(), page.end(), image); m != std::sregex_iterator(); ++m)
     pictures.push_back((*m)[1]);
   EXPECT_NE(std::find(pictures.begin(), pictures.end(), "replay.png"), pictures.end());
-  // The help window finds each picture beside the page it shows.
   HelpWindow help;
   ASSERT_TRUE(help.showPage(QString(TESSALY_DATA_DIR) + "/SuDoKu.htm"));
   for (const std::string& picture : pictures) {
@@ -102,40 +108,29 @@ TEST(ReplayHelp, TheHelpPagesPicturesShipBesideIt) {
 }
 
 TEST_F(ReplayTest, ClickedLinesShowTheBoardTheHistoryHolds) {
-  start(7);  // a puzzle that needs the rules beyond Rule 1
-  click("Solveit");
-  const std::string solved = session.grid.valueCode();
+  const std::string solved = solve(7);  // a puzzle that needs the rules beyond Rule 1
   const int total = session.log.TotalLines();
   ASSERT_GT(total, 50);
-  const int placement = lineOf(FindingKind::Placement);
-  const int removal = lineOf(FindingKind::DuplicateRemoved);
+  const int placement = lineOf(FindingKind::Placement), removal = lineOf(FindingKind::DuplicateRemoved);
   ASSERT_EQ(std::string(session.log.text(removal)).rfind("Remove ", 0), 0u) << session.log.text(removal);
-  const int ruleRemoval = lineOf(FindingKind::RuleRemoval);
-  for (int n : {1, 6, placement, removal, ruleRemoval, total / 2, total}) {
+  for (int n : {1, 6, placement, removal, lineOf(FindingKind::RuleRemoval), total / 2, total}) {
     clickLine(n);
     expectLine(n, solved);
   }
-
   // The line's marks in the scheme's colours: a placement's cell, a removal's cell and area.
   const ColourScheme& scheme = window->colourScheme();
-  const Finding& placed = *std::find_if(session.run.findings.begin(), session.run.findings.end(),
-                                        [&](const Finding& f) { return f.logLine == placement; });
   clickLine(placement);
-  EXPECT_EQ(window->board()->valueCell(placed.cell).back, qcolor(scheme.highlightRed));
-  const Finding& removed = *std::find_if(session.run.findings.begin(), session.run.findings.end(),
-                                         [&](const Finding& f) { return f.logLine == removal; });
+  EXPECT_EQ(window->board()->valueCell(at(placement).cell).back, qcolor(scheme.highlightRed));
+  const Finding& removed = at(removal);
   clickLine(removal);
   EXPECT_EQ(window->board()->candidateCell(removed.cell).back, qcolor(scheme.colour[13]));
-  const int peer = *std::find_if(areaCells(removed.areaKind, removed.area).begin(),
-                                 areaCells(removed.areaKind, removed.area).end(),
-                                 [&](int c) { return c != removed.cell; });
+  const auto& area = areaCells(removed.areaKind, removed.area);
+  const int peer = *std::find_if(area.begin(), area.end(), [&](int c) { return c != removed.cell; });
   EXPECT_EQ(window->board()->candidateCell(peer).back, qcolor(scheme.colour[9]));
 }
 
 TEST_F(ReplayTest, KeysOnTheLogStepThroughTheLines) {
-  start(1);
-  click("Solveit");
-  const std::string solved = session.grid.valueCode();
+  const std::string solved = solve(1);
   const int total = session.log.TotalLines();
   std::vector<int> pauses;
   for (const Finding& f : session.run.findings)
@@ -151,10 +146,7 @@ TEST_F(ReplayTest, KeysOnTheLogStepThroughTheLines) {
   for (const auto& [k, line] : steps) {
     key(k);
     SCOPED_TRACE(QKeySequence(k).toString().toStdString() + " to " + std::to_string(line));
-    if (line)
-      expectLine(line, solved);
-    else
-      expectPresent();
+    line ? expectLine(line, solved) : expectPresent();
   }
   // PgDn and PgUp go from one pause point to the next.
   key(Qt::Key_Home);
@@ -172,14 +164,11 @@ TEST_F(ReplayTest, KeysOnTheLogStepThroughTheLines) {
 }
 
 TEST_F(ReplayTest, TheSliderPicksALineAndItsRightEndIsThePresent) {
-  start(1);
-  click("Solveit");
-  const std::string solved = session.grid.valueCode();
-  auto* slider = child<QSlider>("ReplaySlider");
-  EXPECT_EQ(slider->maximum(), session.log.TotalLines() + 1);
-  slider->setValue(25);
+  const std::string solved = solve(1);
+  EXPECT_EQ(slider()->maximum(), session.log.TotalLines() + 1);
+  slider()->setValue(25);
   expectLine(25, solved);
-  slider->setValue(slider->maximum());
+  slider()->setValue(slider()->maximum());
   expectPresent();
 }
 
@@ -217,37 +206,13 @@ TEST_F(ReplayTest, ACommandWhileThePastIsShownActsOnThePresent) {
   expectPresent();
 }
 
-/// Acts on the window at the next pause points of a stepping run, one action
-/// a pause point; the run blocks the test, so the actions come from a timer.
-class AtPausePoints {
- public:
-  AtPausePoints(MainWindow& window, std::deque<std::function<void()>> actions) : m_actions(std::move(actions)) {
-    QObject::connect(&m_timer, &QTimer::timeout, [this, w = QPointer(&window)] {
-      if (!w || !w->isWaiting() || m_actions.empty() || w->pauseWaits() == m_lastWait) return;
-      m_lastWait = w->pauseWaits();
-      auto action = std::move(m_actions.front());
-      m_actions.pop_front();
-      action();
-    });
-    m_timer.start(2);
-    QTimer::singleShot(30000, &m_timer, [w = QPointer(&window)] { if (w) w->close(); });
-  }
-  bool done() const { return m_actions.empty(); }
-
- private:
-  std::deque<std::function<void()>> m_actions;
-  QTimer m_timer;
-  int m_lastWait = 0;
-};
-
 TEST_F(ReplayTest, APausedRunShowsItsPastAndNextReturnsToThePresent) {
   start(1);
   int shownWhilePaused = 0;
   const auto next = [&] { click("NextStepCommand"); };
   const auto lookBack = [&] {
     const std::string now = session.grid.valueCode();
-    const int total = session.log.TotalLines();
-    for (int n : {1, total / 2, total}) {
+    for (int n : {1, session.log.TotalLines() / 2, session.log.TotalLines()}) {
       clickLine(n);
       expectLine(n, now);
       ++shownWhilePaused;
@@ -260,9 +225,21 @@ TEST_F(ReplayTest, APausedRunShowsItsPastAndNextReturnsToThePresent) {
     ++shownWhilePaused;
     click("Solveit");  // stops the stepping run, then solves the present
   };
-  AtPausePoints script(*window, {next, next, lookBack, next, lookBack, lastLook});
+  // One action at each new pause point, from a timer since the run blocks the test.
+  std::deque<std::function<void()>> actions{next, next, lookBack, next, lookBack, lastLook};
+  int lastWait = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
+    if (!window->isWaiting() || actions.empty() || window->pauseWaits() == lastWait) return;
+    lastWait = window->pauseWaits();
+    auto action = std::move(actions.front());
+    actions.pop_front();
+    action();
+  });
+  timer.start(2);
+  QTimer::singleShot(30000, &timer, [this] { window->close(); });
   click("StartCommand");
-  EXPECT_TRUE(script.done());
+  EXPECT_TRUE(actions.empty());
   EXPECT_EQ(shownWhilePaused, 7);
   expectPresent();
   EXPECT_EQ(session.grid.filledCount(), kCells);
