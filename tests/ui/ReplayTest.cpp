@@ -129,7 +129,7 @@ TEST_F(ReplayTest, ClickedLinesShowTheBoardTheHistoryHolds) {
   EXPECT_EQ(window->board()->candidateCell(peer).back, qcolor(scheme.colour[9]));
 }
 
-TEST_F(ReplayTest, KeysOnTheLogStepThroughTheLines) {
+TEST_F(ReplayTest, KeysOnTheLogAndTheSliderStepThroughTheLines) {
   const std::string solved = solve(1);
   const int total = session.log.TotalLines();
   std::vector<int> pauses;
@@ -161,11 +161,8 @@ TEST_F(ReplayTest, KeysOnTheLogStepThroughTheLines) {
   key(Qt::Key_PageUp);
   EXPECT_EQ(replay().shownLine(), visited[2]);
   expectLine(visited[2], solved);
-}
-
-TEST_F(ReplayTest, TheSliderPicksALineAndItsRightEndIsThePresent) {
-  const std::string solved = solve(1);
-  EXPECT_EQ(slider()->maximum(), session.log.TotalLines() + 1);
+  // The slider picks a line; its right end is the present.
+  EXPECT_EQ(slider()->maximum(), total + 1);
   slider()->setValue(25);
   expectLine(25, solved);
   slider()->setValue(slider()->maximum());
