@@ -163,11 +163,15 @@ snapshot >"$tmp/before"
   XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM=offscreen \
   timeout 30 "$usr/bin/tessaly" --paths) >"$tmp/paths" 2>"$log"
 status=$?
-# The window itself, offscreen: it starts up on the installed collection,
+# The window itself, offscreen on a small laptop's screen (the offscreen
+# platform's own is 800x800): it starts up on the installed collection,
 # creates a puzzle (appended to the user's PuzTemp.sud), saves a picture of
-# itself and quits.
+# itself and quits; it fails when the tab needs more room than the screen has.
+screen="$tmp/screen.json"
+echo '{ "screens": [ { "name": "laptop", "x": 0, "y": 0, "width": 1366, "height": 768, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] }' >"$screen"
+chmod a+r "$screen"
 (cd "$home/work" && "${as_user[@]}" env -i PATH=/usr/bin:/bin LANG=C.UTF-8 HOME="$home" \
-  XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM=offscreen \
+  XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM="offscreen:configfile=$screen" \
   timeout 60 "$usr/bin/tessaly" --screenshot create "$home/work/window.png") >"$log.window" 2>&1
 window_status=$?
 snapshot >"$tmp/after"
