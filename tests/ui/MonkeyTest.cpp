@@ -284,12 +284,9 @@ class MonkeyTest : public ::testing::Test {
   void runOn() {
     auto* next = child<QAbstractButton>(names::NextStepCommand);
     auto* solve = child<QAbstractButton>(names::Solveit);
-    if (next->isEnabled())
-      testing::click(next, Qt::RightButton);
-    else if (solve->isEnabled())
-      testing::click(solve);
-    else
-      window->close();
+    if (next->isEnabled()) return testing::click(next, Qt::RightButton);
+    if (solve->isEnabled()) return testing::click(solve);
+    window->close();
   }
 
   // --- the actions
@@ -344,10 +341,8 @@ class MonkeyTest : public ::testing::Test {
     QAbstractButton* next = child<QAbstractButton>(names::NextStepCommand);
     const Qt::MouseButton mouse = chance(*m_rng, 0.85) ? Qt::LeftButton : Qt::RightButton;
     note(QString("click NextStepCommand %1%2").arg(buttonName(mouse), next->isEnabled() ? "" : " (disabled)"));
-    if (next->isVisible() && next->isEnabled())
-      testing::click(next, mouse);
-    else
-      clickButton();  // on another tab, or no pauses: anything else
+    if (!next->isVisible() || !next->isEnabled()) return clickButton();  // on another tab, or no pauses: anything else
+    testing::click(next, mouse);
   }
 
   /// To the AutoSolve tab, pauses on most of the time, and Start.
@@ -597,11 +592,10 @@ class MonkeyTest : public ::testing::Test {
       return fail("a run is still under way after the action: activity " + std::to_string(int(session->run.activity)));
     if (window->isWaiting()) return fail("the window still waits for Next after the action");
     const CommandStates expected = commandStates(*session);
-    const std::pair<const char*, bool> buttons[] = {{names::StartCommand, expected.start},
-                                                    {names::NextStepCommand, expected.next},
-                                                    {names::Solveit, expected.solve},
-                                                    {names::ClearCommand, expected.clear},
-                                                    {names::EditCommand, expected.edit}};
+    const std::pair<const char*, bool> buttons[] = {
+        {names::StartCommand, expected.start}, {names::NextStepCommand, expected.next},
+        {names::Solveit, expected.solve},      {names::ClearCommand, expected.clear},
+        {names::EditCommand, expected.edit}};
     for (const auto& [name, enabled] : buttons)
       if (child(name)->isEnabled() != enabled)
         return fail(std::string(name) + (enabled ? " is disabled" : " is enabled") + " at rest");
@@ -617,7 +611,8 @@ class MonkeyTest : public ::testing::Test {
   std::string boardDifference() const {
     const CellBoard* board = window->board();
     const ReplayController* replay = window->replay();
-    const PuzzleGrid grid = replay->showsPast() ? boardAtLine(session->run.history, replay->shownLine()) : session->grid;
+    const PuzzleGrid grid =
+        replay->showsPast() ? boardAtLine(session->run.history, replay->shownLine()) : session->grid;
     for (int c = 1; c <= kCells; ++c) {
       const Cell& cell = grid[c];
       const QString value = cell.value ? QString::number(cell.value) : QString();
@@ -625,11 +620,8 @@ class MonkeyTest : public ::testing::Test {
       if (shown != value)
         return QString("Grid_%1 shows '%2', the grid holds '%3'").arg(c - 1).arg(shown, value).toStdString();
       const QString choices = QString::fromStdString(cell.candidates.text());
-      if (board->candidateCell(c).text != choices)
-        return QString("PosVals_%1 shows '%2', the grid holds '%3'")
-            .arg(c)
-            .arg(board->candidateCell(c).text, choices)
-            .toStdString();
+      if (const QString shownChoices = board->candidateCell(c).text; shownChoices != choices)
+        return QString("PosVals_%1 shows '%2', the grid holds '%3'").arg(c).arg(shownChoices, choices).toStdString();
     }
     return {};
   }
@@ -709,9 +701,8 @@ TEST(MonkeyFindings, TheTemplateDialogSpeaksThroughTheWindowsUserInterface) {
   EXPECT_EQ(ui.messages, (std::vector<std::string>{kTemplateHelp, checkTemplateEntry("X").refusal,
                                                    kTemplateNotAccepted}));
 }
-// "No pauses" switched off while Solve or a creation runs: the run goes on to
-// its end without waiting (Solve has no Next to go on with) and a creation
-// stays silent and makes its puzzle.
+// "No pauses" switched off while Solve or a creation runs: the run goes on to its end without waiting (Solve has
+// no Next to go on with) and a creation stays silent and makes its puzzle.
 class PauseBoxDuringARun : public WindowFixture, public ::testing::WithParamInterface<bool> {};
 
 TEST_P(PauseBoxDuringARun, LeavesTheRunGoingAsItWas) {
