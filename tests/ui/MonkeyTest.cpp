@@ -1,20 +1,8 @@
-// A monkey on the window: from a fixed seed, thousands of random actions a user
-// could take -- clicks on whatever button is enabled, tab switches, clicks and
-// keys on the painted board, numbers typed into the text boxes, every menu
-// entry, the entry dialogs and drop-downs answered at random -- given at rest,
-// at the pause points of a stepping run and while Solve or a creation runs.
-// After each action the window must still agree with the session: the painted
-// values and choices, the command buttons, no run left behind, no dialog left
-// open, a log within its capacity, the normal pointer back.
-//
-// TESSALY_MONKEY_ACTIONS and TESSALY_MONKEY_SEED change the count and the seed;
-// TESSALY_MONKEY_TRACE=1 prints every action as it is given. A failure names
-// the seed, the number of the action and the actions before it.
-//
-// The actions are drawn from the generator in order, and an action given while
-// Solve or a creation runs comes at a yield of the run counted from its start,
-// not at a moment of the clock: a seed replays the same run as long as the
-// program behaves the same.
+// A monkey on the window: from a fixed seed, thousands of random user actions (buttons, tabs, clicks and keys on
+// the board, text boxes, menus, shortcuts, lists, the event log, entry dialogs, drop-downs) at rest, at pause
+// points and while Solve or a creation runs; after each, the window must still agree with the session.
+// TESSALY_MONKEY_ACTIONS and TESSALY_MONKEY_SEED change the count and the seed; TESSALY_MONKEY_TRACE=1 prints each
+// action. An action during a run comes at a yield counted from the run's start, so a seed replays the same run.
 
 #include <QPrinter>
 #include <deque>
@@ -39,14 +27,10 @@ using Rng = std::mt19937;
 
 constexpr long long kDefaultActions = 5000;
 constexpr unsigned kDefaultSeed = 20240601;
-/// Actions kept for the report of a failure.
-constexpr std::size_t kHistory = 20;
-/// Steps taken in one entry dialog before it is cancelled.
-constexpr int kDialogSteps = 5;
-/// How long a button's mnemonic takes to click it (its animated click).
-constexpr int kMnemonicClickMs = 150;
-/// Answers given to one textInput loop (the rule order asks again after a refusal).
-constexpr int kPromptsPerAction = 3;
+constexpr std::size_t kHistory = 20;      ///< actions kept for the report of a failure
+constexpr int kDialogSteps = 5;           ///< steps in one entry dialog before it is cancelled
+constexpr int kMnemonicClickMs = 150;     ///< a mnemonic's animated click of its button
+constexpr int kPromptsPerAction = 3;      ///< answers to one text prompt loop (a refusal asks again)
 
 long long environmentNumber(const char* name, long long fallback) {
   bool ok = false;
@@ -61,7 +45,6 @@ const T& pick(Rng& rng, const std::vector<T>& items) {
   if (items.empty()) throw std::logic_error("nothing to pick from");
   return items[std::size_t(uniform(rng, 0, int(items.size()) - 1))];
 }
-/// Index drawn by weight.
 int weighted(Rng& rng, const std::vector<int>& weights) {
   return std::discrete_distribution<int>(weights.begin(), weights.end())(rng);
 }
@@ -76,7 +59,6 @@ QString describe(const QObject* object) {
   return name;
 }
 
-/// A text of `length` characters drawn from `alphabet`.
 std::string randomText(Rng& rng, const std::string& alphabet, int length) {
   std::string text;
   for (int i = 0; i < length; ++i) text += alphabet[std::size_t(uniform(rng, 0, int(alphabet.size()) - 1))];
@@ -90,22 +72,19 @@ std::string asLines(const std::string& cells) {
   return text;
 }
 
-/// The user at the keyboard when the core asks: questions answered yes or no,
-/// text answers valid or not, files chosen among those of a scratch folder.
+void clickTab(QWidget* window, int index) {
+  auto* tabs = named<QTabBar>(window, names::ctlTabs);
+  QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+}
+
+/// The user at the keyboard when the core asks: yes or no, text answers valid or not, files of a scratch folder.
 class MonkeyUserInterface : public UserInterface {
  public:
   MonkeyUserInterface(Rng*& rng, std::string folder) : m_rng(rng), m_folder(std::move(folder)) {}
 
-  void message(const std::string& text) override {
-    ++messages;
-    lastMessage = text;
-  }
-  bool question(const std::string&) override {
-    ++questions;
-    return chance(*m_rng, 0.5);
-  }
+  void message(const std::string&) override { ++messages; }
+  bool question(const std::string&) override { return ++questions, chance(*m_rng, 0.5); }
   std::optional<std::string> textInput(const std::string&, const std::string&, const std::string&) override {
-    ++prompts;
     if (++m_promptsInAction > kPromptsPerAction) return std::nullopt;
     Rng& rng = *m_rng;
     switch (uniform(rng, 0, 5)) {
@@ -117,80 +96,68 @@ class MonkeyUserInterface : public UserInterface {
         std::shuffle(order.begin(), order.end(), rng);
         return order.substr(0, std::size_t(uniform(rng, 1, 5)));
       }
-      default: return pick(rng, std::vector<std::string>{"7", "abc", "2x", "1", "99", " ", "23456789", "-2"});
+      default: return pick<std::string>(rng, {"7", "abc", "2x", "1", "99", " ", "23456789", "-2"});
     }
   }
   std::string chooseFile(const FileRequest& request) override {
-    ++fileRequests;
     Rng& rng = *m_rng;
-    if (request.mode == FileRequest::Mode::Open) {
-      switch (uniform(rng, 0, 9)) {
-        case 0: return {};
-        case 1: return m_folder + "Puzzles.sud";  // as the monkey left it
-        case 2: return m_folder + "missing.sud";
-        case 3: return m_folder.substr(0, m_folder.size() - 1);  // a folder
-        case 4: {
-          test::writeFile(m_folder + "garbage.sud",
-                          randomText(rng, "0123456789.#\n\n\n abcXY/", uniform(rng, 0, 400)));
-          return m_folder + "garbage.sud";
-        }
-        case 5: {
-          test::writeFile(m_folder + "empty.sud", "");
-          return m_folder + "empty.sud";
-        }
-        default: {
-          // A fresh copy of a small collection.
-          const std::string name = pick(rng, std::vector<std::string>{"pe96.sud", "singles.sud", "hardest.sud"});
-          std::filesystem::copy_file(test::puzzleFile(name), m_folder + name,
-                                     std::filesystem::copy_options::overwrite_existing);
-          return m_folder + name;
-        }
-      }
+    if (request.mode != FileRequest::Mode::Open) {
+      const std::string name = pick<std::string>(
+          rng, {"", "out.csv", "out.txt", "out.xls", "out.sud", "no-folder/out.csv", "Puzzles.sud", "hardest.sud"});
+      return name.empty() ? name : m_folder + name;
     }
-    const std::vector<std::string> names = {"", "out.csv", "out.txt", "out.xls", "out.sud", "no-folder/out.csv",
-                                            "Puzzles.sud", "hardest.sud"};
-    const std::string name = pick(rng, names);
-    return name.empty() ? name : m_folder + name;
+    switch (uniform(rng, 0, 9)) {
+      case 0: return {};
+      case 1: return m_folder + "Puzzles.sud";  // as the monkey left it
+      case 2: return m_folder + "missing.sud";
+      case 3: return m_folder.substr(0, m_folder.size() - 1);  // a folder
+      case 4: return written("garbage.sud", randomText(rng, "0123456789.#\n\n\n abcXY/", uniform(rng, 0, 400)));
+      case 5: return written("empty.sud", "");
+    }
+    const std::string name = pick<std::string>(rng, {"pe96.sud", "singles.sud", "hardest.sud"});  // a fresh copy
+    std::filesystem::copy_file(test::puzzleFile(name), m_folder + name,
+                               std::filesystem::copy_options::overwrite_existing);
+    return m_folder + name;
   }
   void setBusy(bool on) override { busy = on; }
 
   /// A new action: the dialogs it opens get their full number of answers.
   void newAction() { m_promptsInAction = 0; }
 
-  int messages = 0, questions = 0, prompts = 0, fileRequests = 0;
-  std::string lastMessage;
+  int messages = 0, questions = 0;
   bool busy = false;
 
  private:
+  std::string written(const std::string& name, const std::string& text) {
+    test::writeFile(m_folder + name, text);
+    return m_folder + name;
+  }
   Rng*& m_rng;
   std::string m_folder;
   int m_promptsInAction = 0;
 };
 
-/// The window's pacer, with a call before every yield of a run (the moment a
-/// user's click arrives while the run goes on) and a count of the yields and
-/// waits under way: a run may also begin outside the monkey's own actions (a
-/// button's mnemonic clicks it a moment later).
+/// The window's pacer, calling the monkey before every yield of a run (where a user's click arrives while it runs)
+/// and counting the yields and waits under way: a mnemonic may start a run outside the monkey's own actions.
 class YieldHook : public Pacer {
  public:
   YieldHook(Pacer& pacer, std::function<void()> beforeYield) : m_pacer(pacer), m_beforeYield(std::move(beforeYield)) {}
   bool processEvents() override {
     m_beforeYield();
-    ++inside;
-    const bool goOn = m_pacer.processEvents();
-    --inside;
-    return goOn;
+    return counted([&] { return m_pacer.processEvents(); });
   }
   bool waitWhilePaused(RunState& runMode) override {
+    return counted([&] { return m_pacer.waitWhilePaused(runMode); });
+  }
+  int inside = 0;  ///< yields and waits on the stack
+
+ private:
+  bool counted(const std::function<bool()>& call) {
     ++inside;
-    const bool goOn = m_pacer.waitWhilePaused(runMode);
+    const bool goOn = call();
     --inside;
     return goOn;
   }
-  /// Yields and waits on the stack.
-  int inside = 0;
-
- private:
   Pacer& m_pacer;
   std::function<void()> m_beforeYield;
 };
@@ -205,19 +172,16 @@ class MonkeyTest : public ::testing::Test {
     actions = environmentNumber("TESSALY_MONKEY_ACTIONS", kDefaultActions);
     trace = environmentNumber("TESSALY_MONKEY_TRACE", 0) != 0;
     m_main.seed(seed);
-    // The application folder: a small default collection, the colour schemes
-    // (two left out, so choosing them meets a missing file), the permutation
-    // table and the help page.
+    // The application folder: a small default collection, the colour schemes (two left out, so choosing them
+    // meets a missing file), the permutation table and the help page.
     std::filesystem::copy_file(test::puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
     for (const auto& entry : std::filesystem::directory_iterator(TESSALY_DATA_DIR)) {
       const std::string name = entry.path().filename().string();
       const bool wanted = entry.path().extension() == ".sch" || name == "Permu.txt" || name == "SuDoKu.htm";
       if (wanted && name != "rain.sch" && name != "egg.sch") std::filesystem::copy_file(entry.path(), appDir() + name);
     }
-    const std::string singles = test::readFile(test::kSingles);
-    for (const QString& line : QString::fromStdString(singles).split('\n')) {
+    for (const QString& line : QString::fromStdString(test::readFile(test::kSingles)).split('\n'))
       if (const QString row = line.trimmed(); row.size() == 9 && !row.startsWith('#')) m_rows.push_back(row.toStdString());
-    }
     ASSERT_FALSE(m_rows.empty());
   }
 
@@ -225,8 +189,7 @@ class MonkeyTest : public ::testing::Test {
 
   std::string appDir() const { return m_scratch.dir.dir(); }
 
-  /// Starts the program as its main does: a session of its own, the window
-  /// given the user interface.
+  /// Starts the program as its main does: a session of its own, the window given the user interface.
   void startProgram() {
     m_restarting = true;
     window.reset();
@@ -249,9 +212,8 @@ class MonkeyTest : public ::testing::Test {
     m_restarting = false;
   }
 
-  // --- the driver: one tick at a time, each scheduling the next first, so that
-  // the next tick comes inside whatever this one starts (a pause point's wait,
-  // a run's event handling, a modal dialog) as a user's next click would.
+  // --- the driver: each tick schedules the next first, so that the next comes inside whatever this one starts (a
+  // pause point's wait, a run's event handling, a modal dialog) as a user's next click would.
 
   void run() {
     startProgram();
@@ -267,51 +229,45 @@ class MonkeyTest : public ::testing::Test {
   void tick() {
     // At rest: no tick of the monkey's and no yield or wait of a run below this one.
     const bool top = m_depth == 0 && (!m_hook || m_hook->inside == 0);
-    if (top && (m_failed || m_given >= actions)) {
-      m_loop.quit();
-      return;
-    }
+    if (top && windingDown()) return m_loop.quit();
     QTimer::singleShot(0, &m_context, [this] { tick(); });
     if (m_restarting) return;
     ++m_depth;
+    guarded([&] { step(top); });
+    --m_depth;
+  }
+
+  void guarded(const std::function<void()>& action) {
     try {
-      step(top);
+      action();
     } catch (const std::exception& e) {
       fail(std::string("exception: ") + e.what());
     } catch (...) {
       fail("an exception of unknown type");
     }
-    --m_depth;
   }
 
   bool windingDown() const { return m_failed || m_given >= actions; }
 
   void step(bool top) {
     ui.newAction();
-    if (!window->isVisible()) {
-      // Exit closed the window; what ran under it stops on its own. The user
-      // starts the program again.
-      if (top) startProgram();
-      return;
-    }
+    // Exit closed the window; what ran under it stops on its own. The user starts the program again.
+    if (!window->isVisible()) return top ? startProgram() : void();
     if (QWidget* modal = QApplication::activeModalWidget()) return answerModal(modal);
     if (QWidget* popup = QApplication::activePopupWidget()) return answerPopup(popup);
     if (window->isWaiting()) {
       check(Moment::Waiting, "before");
       if (windingDown()) return runOn();
       ++m_atWaits;
-      give(Moment::Waiting);
-      return;
+      return give(Moment::Waiting);
     }
-    // Inside a run (or a batch) that lets events through: its actions come at
-    // its yields.
+    // Inside a run (or a batch) that lets events through: its actions come at its yields.
     if (!top) return check(Moment::Running, "during");
     give(Moment::Rest);
     if (window->isVisible()) check(Moment::Rest, "after");
   }
 
-  /// A run yields: the action drawn for it, if any, comes at the yield it was
-  /// planned for.
+  /// A run yields: the action drawn for it, if any, comes at the yield it was planned for.
   void beforeYield() {
     if (m_restarting || windingDown() || m_interruptAt == 0 || ++m_runYields < m_interruptAt) return;
     // With a modal dialog open (its OK may run the analysis) the window takes no clicks.
@@ -320,69 +276,52 @@ class MonkeyTest : public ::testing::Test {
     Rng planned(m_interruptSeed);
     Rng* const main = std::exchange(m_rng, &planned);
     ++m_interrupts;
-    try {
-      give(Moment::Running);
-    } catch (const std::exception& e) {
-      fail(std::string("exception: ") + e.what());
-    } catch (...) {
-      fail("an exception of unknown type");
-    }
+    guarded([&] { give(Moment::Running); });
     m_rng = main;
   }
 
-  /// Ends the wait at a pause point for good: Next with the right button, or
-  /// Solve; when neither is enabled (a fault), the window is closed.
+  /// Ends the wait at a pause point for good: Next with the right button, or Solve, or (a fault) closes the window.
   void runOn() {
     auto* next = child<QAbstractButton>(names::NextStepCommand);
     auto* solve = child<QAbstractButton>(names::Solveit);
-    if (next->isEnabled())
-      testing::click(next, Qt::RightButton);
-    else if (solve->isEnabled())
-      testing::click(solve);
-    else
-      window->close();
+    if (next->isEnabled()) return testing::click(next, Qt::RightButton);
+    if (solve->isEnabled()) return testing::click(solve);
+    window->close();
   }
 
   // --- the actions
 
   void give(Moment moment) {
     Rng& rng = *m_rng;
-    // A run this action starts may be interrupted by an action of its own,
-    // drawn now so that the main sequence does not depend on the clock.
+    // A run this action starts may be interrupted by an action of its own, drawn now so that the main sequence
+    // does not depend on the clock.
     m_interruptAt = chance(rng, 0.3) ? uniform(rng, 1, 300) : 0;
     m_interruptSeed = unsigned(rng());
     m_runYields = 0;
-    ++m_given;
     const char* where[] = {"rest", "pause", "run"};
-    note(QString("%1 [%2] ").arg(m_given).arg(where[int(moment)]));
-    std::vector<int> weights = {30, 8, 16, 14, 8, 7, 4, 5, 2, 1, 3, 0};
-    if (moment == Moment::Waiting) weights.back() = 60;  // Next, the usual answer at a pause point
-    switch (weighted(rng, weights)) {
-      case 0: return clickButton();
-      case 1: return switchTab();
-      case 2: return clickBoard();
-      case 3: return keyOnGrid();
-      case 4: return typeIntoBox();
-      case 5: return chooseMenuEntry();
-      case 6: return pressShortcut();
-      case 7: return clickList();
-      case 8: return workEventLog();
-      case 9: return closeOtherWindow();
-      case 10: return startSteppingRun();
-      default: return clickNext();
-    }
+    begin(where[int(moment)]);
+    using M = MonkeyTest;
+    const std::pair<int, void (M::*)()> kinds[] = {
+        {30, &M::clickButton},     {8, &M::switchTab},       {16, &M::clickBoard},     {14, &M::keyOnGrid},
+        {8, &M::typeIntoBox},      {7, &M::chooseMenuEntry}, {4, &M::pressShortcut},   {5, &M::clickList},
+        {2, &M::workEventLog},     {1, &M::closeOtherWindow}, {3, &M::startSteppingRun},
+        {moment == Moment::Waiting ? 60 : 0, &M::clickNext}};  // Next, the usual answer at a pause point
+    std::vector<int> weights;
+    for (const auto& kind : kinds) weights.push_back(kind.first);
+    (this->*kinds[weighted(rng, weights)].second)();
   }
 
-  QWidget* child(const char* name) const { return named(window.get(), name); }
-  template <class T>
+  template <class T = QWidget>
   T* child(const char* name) const { return named<T>(window.get(), name); }
 
-  /// The widgets of type T a user can reach in the main window now.
+  /// The widgets of type T a user can reach in the main window now, and that `wanted` accepts.
   template <class T>
-  std::vector<T*> reachable() const {
+  std::vector<T*> reachable(const std::function<bool(T*)>& wanted = {}) const {
     std::vector<T*> found;
     for (T* w : window->findChildren<T*>())
-      if (w->isVisible() && w->isEnabled() && w->window() == window.get() && !w->rect().isEmpty()) found.push_back(w);
+      if (w->isVisible() && w->isEnabled() && w->window() == window.get() && !w->rect().isEmpty() &&
+          (!wanted || wanted(w)))
+        found.push_back(w);
     return found;
   }
 
@@ -402,16 +341,13 @@ class MonkeyTest : public ::testing::Test {
     QAbstractButton* next = child<QAbstractButton>(names::NextStepCommand);
     const Qt::MouseButton mouse = chance(*m_rng, 0.85) ? Qt::LeftButton : Qt::RightButton;
     note(QString("click NextStepCommand %1%2").arg(buttonName(mouse), next->isEnabled() ? "" : " (disabled)"));
-    if (next->isVisible() && next->isEnabled())
-      testing::click(next, mouse);
-    else
-      clickButton();  // on another tab, or no pauses: anything else
+    if (!next->isVisible() || !next->isEnabled()) return clickButton();  // on another tab, or no pauses: anything else
+    testing::click(next, mouse);
   }
 
   /// To the AutoSolve tab, pauses on most of the time, and Start.
   void startSteppingRun() {
-    auto* tabs = child<QTabBar>(names::ctlTabs);
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(Tab::AutoSolve) - 1).center());
+    clickTab(window.get(), int(Tab::AutoSolve) - 1);
     auto* pauses = child<QCheckBox>(names::PauseCheck);
     if (pauses->isChecked() && chance(*m_rng, 0.8)) testing::click(pauses);
     auto* start = child<QAbstractButton>(names::StartCommand);
@@ -420,10 +356,9 @@ class MonkeyTest : public ::testing::Test {
   }
 
   void switchTab() {
-    auto* tabs = child<QTabBar>(names::ctlTabs);
-    const int index = uniform(*m_rng, 0, tabs->count() - 1);
-    note(QString("tab %1").arg(tabs->tabText(index)));
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+    const int index = uniform(*m_rng, 0, child<QTabBar>(names::ctlTabs)->count() - 1);
+    note(QString("tab %1").arg(child<QTabBar>(names::ctlTabs)->tabText(index)));
+    clickTab(window.get(), index);
   }
 
   void clickBoard() {
@@ -431,25 +366,21 @@ class MonkeyTest : public ::testing::Test {
     CellBoard* board = window->board();
     const int cell = uniform(rng, 1, kCells);
     const int what = uniform(rng, 0, 9);
-    if (what <= 3) {
-      const Qt::MouseButton mouse = someButton();
-      note(QString("click Grid_%1 %2").arg(cell - 1).arg(buttonName(mouse)));
-      click(board->valueCell(cell), mouse);
-    } else if (what == 4) {
+    if (what == 4) {
       note(QString("double-click Grid_%1").arg(cell - 1));
       doubleClick(board->valueCell(cell));
-    } else if (what <= 7) {
-      const Qt::MouseButton mouse = someButton();
-      note(QString("click PosVals_%1 %2").arg(cell).arg(buttonName(mouse)));
-      click(board->candidateCell(cell), mouse);
     } else if (what == 8) {
       note(QString("hover PosVals_%1").arg(cell));
       hover(board->candidateCell(cell));
-    } else {
-      BoardView* grid = board->grid();
+    } else if (what == 9) {
       const int box = uniform(rng, 0, 8);
       note(QString("click frame of box %1").arg(box + 1));
-      QTest::mouseClick(grid, Qt::LeftButton, {}, grid->boxRect(box).topLeft() + QPoint(1, 1));
+      QTest::mouseClick(board->grid(), Qt::LeftButton, {}, board->grid()->boxRect(box).topLeft() + QPoint(1, 1));
+    } else {  // 0-3 a value, 5-7 the choices
+      const Qt::MouseButton mouse = someButton();
+      const QString name = what < 4 ? QString("Grid_%1").arg(cell - 1) : QString("PosVals_%1").arg(cell);
+      note(QString("click %1 %2").arg(name, buttonName(mouse)));
+      click(what < 4 ? board->valueCell(cell) : board->candidateCell(cell), mouse);
     }
   }
 
@@ -457,21 +388,17 @@ class MonkeyTest : public ::testing::Test {
     Rng& rng = *m_rng;
     BoardView* grid = window->board()->grid();
     grid->setFocus(Qt::OtherFocusReason);
-    Qt::Key key = Qt::Key_1;
-    Qt::KeyboardModifiers modifiers;
-    switch (weighted(rng, {40, 20, 10, 20, 10})) {
-      case 0: key = Qt::Key(Qt::Key_1 + uniform(rng, 0, 8)); break;
-      case 1:
-        key = Qt::Key(Qt::Key_1 + uniform(rng, 0, 8));
-        modifiers = Qt::KeypadModifier;
-        break;
-      case 2: key = Qt::Key_Delete; break;
-      case 3: key = pick(rng, std::vector<Qt::Key>{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}); break;
-      default:
-        key = pick(rng, std::vector<Qt::Key>{Qt::Key_0, Qt::Key_Backspace, Qt::Key_Space, Qt::Key_A, Qt::Key_Escape,
-                                             Qt::Key_Tab, Qt::Key_5});
-        if (chance(rng, 0.3)) modifiers = Qt::ShiftModifier;
-        break;
+    const int kind = weighted(rng, {40, 20, 10, 20, 10});  // digit, keypad digit, Delete, arrow, other
+    Qt::KeyboardModifiers modifiers = kind == 1 ? Qt::KeypadModifier : Qt::NoModifier;
+    Qt::Key key = Qt::Key_Delete;
+    if (kind <= 1) {
+      key = Qt::Key(Qt::Key_1 + uniform(rng, 0, 8));
+    } else if (kind == 3) {
+      key = pick<Qt::Key>(rng, {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down});
+    } else if (kind == 4) {
+      key = pick<Qt::Key>(rng, {Qt::Key_0, Qt::Key_Backspace, Qt::Key_Space, Qt::Key_A, Qt::Key_Escape, Qt::Key_Tab,
+                                Qt::Key_5});
+      if (chance(rng, 0.3)) modifiers = Qt::ShiftModifier;
     }
     note(QString("key %1 on Grid").arg(QKeySequence(QKeyCombination(modifiers, key)).toString()));
     QTest::keyClick(grid, key, modifiers);
@@ -479,22 +406,21 @@ class MonkeyTest : public ::testing::Test {
 
   void typeIntoBox() {
     Rng& rng = *m_rng;
-    std::vector<QLineEdit*> boxes;
-    for (QLineEdit* box : reachable<QLineEdit>())
-      if (!box->isReadOnly()) boxes.push_back(box);
+    const auto boxes = reachable<QLineEdit>([](QLineEdit* box) { return !box->isReadOnly(); });
     if (boxes.empty()) return note("no box to type into");
     QLineEdit* box = pick(rng, boxes);
     const QString name = box->objectName();
+    const int total = session->collection.TotalPuzzles;
     std::string text;
     if (name == names::PuzNumNow)
-      text = chance(rng, 0.7) ? std::to_string(uniform(rng, 1, std::max(1, session->collection.TotalPuzzles)))
-                              : pick(rng, std::vector<std::string>{"", "0", "abc", "-1", "999", "12x", " 7", "3.5",
-                                                                   std::to_string(session->collection.TotalPuzzles + 1)});
+      text = chance(rng, 0.7) ? std::to_string(uniform(rng, 1, std::max(1, total)))
+                              : pick<std::string>(rng, {"", "0", "abc", "-1", "999", "12x", " 7", "3.5",
+                                                        std::to_string(total + 1)});
     else if (name == names::TotBlanks)
       text = chance(rng, 0.7) ? std::to_string(uniform(rng, 17, 64))
-                              : pick(rng, std::vector<std::string>{"", "0", "8", "9", "72", "73", "81", "abc", "4x"});
+                              : pick<std::string>(rng, {"", "0", "8", "9", "72", "73", "81", "abc", "4x"});
     else if (name == names::NumCreate)  // a batch stays small
-      text = pick(rng, std::vector<std::string>{"0", "1", "1", "2", "", "abc", "-1"});
+      text = pick<std::string>(rng, {"0", "1", "1", "2", "", "abc", "-1"});
     else
       text = randomText(rng, "0123456789", uniform(rng, 0, 3));
     const bool enter = chance(rng, 0.8);
@@ -526,30 +452,23 @@ class MonkeyTest : public ::testing::Test {
   }
 
   void pressShortcut() {
-    struct Key {
-      Qt::Key key;
-      Qt::KeyboardModifiers modifiers;
-    };
-    const std::vector<Key> keys = {
-        {Qt::Key_F5, {}},   {Qt::Key_F6, {}},   {Qt::Key_F7, {}},   {Qt::Key_F8, {}},
-        {Qt::Key_F1, {}},   {Qt::Key_H, Qt::ControlModifier},       {Qt::Key_1, Qt::ControlModifier},
-        {Qt::Key_4, Qt::ControlModifier},       {Qt::Key_7, Qt::ControlModifier},
-        {Qt::Key_Q, Qt::ControlModifier},       {Qt::Key_unknown, Qt::AltModifier}};
-    Key key = pick(*m_rng, keys);
-    // A button's underlined letter.
-    if (key.key == Qt::Key_unknown) key.key = pick(*m_rng, std::vector<Qt::Key>{Qt::Key_S, Qt::Key_N, Qt::Key_L,
-                                                                                 Qt::Key_P, Qt::Key_C, Qt::Key_A});
-    note(QString("shortcut %1").arg(QKeySequence(QKeyCombination(key.modifiers, key.key)).toString()));
-    QTest::keyClick(window.get(), key.key, key.modifiers);
-    // A mnemonic clicks its button a moment later: that click belongs to this
-    // action, whatever the clock.
-    if (key.modifiers == Qt::AltModifier) QTest::qWait(kMnemonicClickMs);
+    const auto ctrl = Qt::ControlModifier;
+    const std::vector<QKeyCombination> keys = {
+        Qt::Key_F5,       Qt::Key_F6,       Qt::Key_F7,       Qt::Key_F8,       Qt::Key_F1,
+        ctrl | Qt::Key_H, ctrl | Qt::Key_1, ctrl | Qt::Key_4, ctrl | Qt::Key_7, ctrl | Qt::Key_Q,
+        Qt::AltModifier | Qt::Key_unknown};  // a button's underlined letter
+    QKeyCombination key = pick(*m_rng, keys);
+    if (key.key() == Qt::Key_unknown)
+      key = QKeyCombination(Qt::AltModifier,
+                            pick<Qt::Key>(*m_rng, {Qt::Key_S, Qt::Key_N, Qt::Key_L, Qt::Key_P, Qt::Key_C, Qt::Key_A}));
+    note(QString("shortcut %1").arg(QKeySequence(key).toString()));
+    QTest::keyClick(window.get(), key.key(), key.keyboardModifiers());
+    // A mnemonic clicks its button a moment later: that click belongs to this action, whatever the clock.
+    if (key.keyboardModifiers() == Qt::AltModifier) QTest::qWait(kMnemonicClickMs);
   }
 
   void clickList() {
-    std::vector<QListWidget*> lists;
-    for (QListWidget* list : reachable<QListWidget>())
-      if (list->count() > 0) lists.push_back(list);
+    const auto lists = reachable<QListWidget>([](QListWidget* list) { return list->count() > 0; });
     if (lists.empty()) return note("no list to click");
     QListWidget* list = pick(*m_rng, lists);
     const int row = uniform(*m_rng, 0, list->count() - 1);
@@ -564,24 +483,19 @@ class MonkeyTest : public ::testing::Test {
     EventLogView* log = window->eventLogView();
     if (!log->isVisible()) return note("event log hidden");
     const QPoint point(uniform(rng, 0, log->viewport()->width() - 1), uniform(rng, 0, log->viewport()->height() - 1));
-    switch (uniform(rng, 0, 3)) {
-      case 0:
-        note("click EventLogx");
-        QTest::mouseClick(log->viewport(), Qt::LeftButton, {}, point);
-        break;
-      case 1: {
-        note("context menu of EventLogx");
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, point, log->viewport()->mapToGlobal(point));
-        QCoreApplication::sendEvent(log->viewport(), &menu);
-        break;
-      }
-      default: {
-        const auto key = pick(rng, std::vector<QKeySequence>{QKeySequence::Copy, QKeySequence::SelectAll,
-                                                             QKeySequence(Qt::Key_PageUp), QKeySequence(Qt::Key_End),
-                                                             QKeySequence(Qt::Key_Up)});
-        note(QString("key %1 on EventLogx").arg(key.toString()));
-        QTest::keySequence(log, key);
-      }
+    const int what = uniform(rng, 0, 3);
+    if (what == 0) {
+      note("click EventLogx");
+      QTest::mouseClick(log->viewport(), Qt::LeftButton, {}, point);
+    } else if (what == 1) {
+      note("context menu of EventLogx");
+      QContextMenuEvent menu(QContextMenuEvent::Mouse, point, log->viewport()->mapToGlobal(point));
+      QCoreApplication::sendEvent(log->viewport(), &menu);
+    } else {
+      const auto key = pick<QKeySequence>(rng, {QKeySequence::Copy, QKeySequence::SelectAll, Qt::Key_PageUp,
+                                                Qt::Key_End, Qt::Key_Up});
+      note(QString("key %1 on EventLogx").arg(key.toString()));
+      QTest::keySequence(log, key);
     }
   }
 
@@ -602,78 +516,50 @@ class MonkeyTest : public ::testing::Test {
   void answerModal(QWidget* modal) {
     auto* dialog = qobject_cast<EntryDialog*>(modal);
     if (!dialog) {
-      // A box the program shows by itself would wait for a user the tests do
-      // not have: close it, and count it as a fault.
+      // A box the program shows by itself would wait for a user the tests do not have: close it, as a fault.
       ++m_rescues;
-      fail(QString("a modal %1 (%2, '%3') was left open").arg(modal->metaObject()->className(),
-                                                             modal->objectName(), modal->windowTitle()).toStdString());
-      if (auto* box = qobject_cast<QDialog*>(modal))
-        box->reject();
-      else
-        modal->close();
-      return;
+      fail(QString("a modal %1 (%2, '%3') was left open")
+               .arg(modal->metaObject()->className(), modal->objectName(), modal->windowTitle())
+               .toStdString());
+      if (auto* box = qobject_cast<QDialog*>(modal)) return box->reject();
+      return void(modal->close());
     }
     Rng& rng = *m_rng;
-    if (m_dialog != dialog) {
-      m_dialog = dialog;
-      m_stepsInDialog = 0;
-    }
+    if (m_dialog != dialog) m_dialog = dialog, m_stepsInDialog = 0;
     ++m_dialogSteps;
-    ++m_given;
-    note(QString("%1 [%2] ").arg(m_given).arg(dialog->objectName()));
+    begin(dialog->objectName());
     const bool grid = dialog->objectName() == names::Form2;
-    int what = uniform(rng, 0, 7);
+    int what = uniform(rng, 0, 7);  // 0-2 type, 3-4 OK, 5 Cancel, 6 Help, 7 Escape
     if (windingDown() || ++m_stepsInDialog > kDialogSteps) what = 5;
     const int messagesBefore = ui.messages;
     const int questionsBefore = ui.questions;
-    switch (what) {
-      case 0:
-      case 1:
-      case 2: {
-        std::string text;
-        if (what == 2)
-          text = randomText(rng, grid ? "0123456789./ \nx" : "X. \nxQ", uniform(rng, 0, 100));
-        else if (grid) {
-          std::string cells;
-          for (int r = 0; r < 9; ++r) cells += pick(rng, m_rows);
-          text = asLines(cells);  // rows of different puzzles: maybe no solution at all
-        } else {
-          text = asLines(randomText(rng, what == 0 ? "X." : "XXX.", kCells));
-        }
-        note("type a text of " + QString::number(text.size()) + " characters");
-        dialog->setText(text);
-        break;
-      }
-      case 3:
-      case 4:
-        note("click OKButton");
-        click(dialog, "OKButton");
-        // A refused text is told in a message; a puzzle without exactly one
-        // solution is asked about, and a No keeps the dialog open.
-        if (dialog->isVisible() && ui.messages == messagesBefore && ui.questions == questionsBefore)
-          fail("OK refused a text without saying why");
-        break;
-      case 5:
-        note("click CancelButton");
-        click(dialog, "CancelButton");
-        break;
-      case 6:
-        note("click HelpButton");
-        click(dialog, "HelpButton");
-        if (ui.messages == messagesBefore) fail("Help showed nothing");
-        break;
-      default:
-        note("Escape");
-        QTest::keyClick(dialog, Qt::Key_Escape);
-        break;
+    if (what <= 2) {
+      std::string cells;  // for a grid, rows of different puzzles: maybe no solution at all
+      for (int r = 0; r < 9 && what < 2 && grid; ++r) cells += pick(rng, m_rows);
+      const std::string text = what == 2 ? randomText(rng, grid ? "0123456789./ \nx" : "X. \nxQ", uniform(rng, 0, 100))
+                               : grid    ? asLines(cells)
+                                         : asLines(randomText(rng, what == 0 ? "X." : "XXX.", kCells));
+      note("type a text of " + QString::number(text.size()) + " characters");
+      dialog->setText(text);
+    } else if (what == 7) {
+      note("Escape");
+      QTest::keyClick(dialog, Qt::Key_Escape);
+    } else {
+      const char* button = what <= 4 ? "OKButton" : what == 5 ? "CancelButton" : "HelpButton";
+      note(QString("click ") + button);
+      click(dialog, button);
+      // A refused text is told in a message; a puzzle without exactly one solution is asked about, and a No keeps
+      // the dialog open.
+      if (what <= 4 && dialog->isVisible() && ui.messages == messagesBefore && ui.questions == questionsBefore)
+        fail("OK refused a text without saying why");
+      if (what == 6 && ui.messages == messagesBefore) fail("Help showed nothing");
     }
   }
 
   void answerPopup(QWidget* popup) {
     Rng& rng = *m_rng;
     ++m_popups;
-    ++m_given;
-    note(QString("%1 [popup %2] ").arg(m_given).arg(describe(popup)));
+    begin("popup " + describe(popup));
     auto* menu = qobject_cast<QMenu*>(popup);
     std::vector<QAction*> items;
     if (menu)
@@ -706,11 +592,10 @@ class MonkeyTest : public ::testing::Test {
       return fail("a run is still under way after the action: activity " + std::to_string(int(session->run.activity)));
     if (window->isWaiting()) return fail("the window still waits for Next after the action");
     const CommandStates expected = commandStates(*session);
-    const std::pair<const char*, bool> buttons[] = {{names::StartCommand, expected.start},
-                                                    {names::NextStepCommand, expected.next},
-                                                    {names::Solveit, expected.solve},
-                                                    {names::ClearCommand, expected.clear},
-                                                    {names::EditCommand, expected.edit}};
+    const std::pair<const char*, bool> buttons[] = {
+        {names::StartCommand, expected.start}, {names::NextStepCommand, expected.next},
+        {names::Solveit, expected.solve},      {names::ClearCommand, expected.clear},
+        {names::EditCommand, expected.edit}};
     for (const auto& [name, enabled] : buttons)
       if (child(name)->isEnabled() != enabled)
         return fail(std::string(name) + (enabled ? " is disabled" : " is enabled") + " at rest");
@@ -721,30 +606,30 @@ class MonkeyTest : public ::testing::Test {
     if (ui.busy) return fail("the busy pointer is still on at rest");
   }
 
-  /// The first cell whose painted value or choices differ from the session's,
-  /// or, while the board shows an earlier line of the log, from that line's.
+  /// The first cell whose painted value or choices differ from the session's, or, while the board shows an
+  /// earlier line of the log, from that line's.
   std::string boardDifference() const {
     const CellBoard* board = window->board();
     const ReplayController* replay = window->replay();
-    const PuzzleGrid past = replay->showsPast() ? boardAtLine(session->run.history, replay->shownLine()) : PuzzleGrid{};
-    const PuzzleGrid& shownGrid = replay->showsPast() ? past : session->grid;
+    const PuzzleGrid grid =
+        replay->showsPast() ? boardAtLine(session->run.history, replay->shownLine()) : session->grid;
     for (int c = 1; c <= kCells; ++c) {
-      const Cell& cell = shownGrid[c];
+      const Cell& cell = grid[c];
       const QString value = cell.value ? QString::number(cell.value) : QString();
       const QString shown = board->valueCell(c).text;
       if (shown != value)
         return QString("Grid_%1 shows '%2', the grid holds '%3'").arg(c - 1).arg(shown, value).toStdString();
       const QString choices = QString::fromStdString(cell.candidates.text());
-      if (board->candidateCell(c).text != choices)
-        return QString("PosVals_%1 shows '%2', the grid holds '%3'")
-            .arg(c)
-            .arg(board->candidateCell(c).text, choices)
-            .toStdString();
+      if (const QString shownChoices = board->candidateCell(c).text; shownChoices != choices)
+        return QString("PosVals_%1 shows '%2', the grid holds '%3'").arg(c).arg(shownChoices, choices).toStdString();
     }
     return {};
   }
 
   // --- the record
+
+  /// A new numbered action in the record.
+  void begin(const QString& where) { note(QString("%1 [%2] ").arg(++m_given).arg(where)); }
 
   void note(const QString& text) {
     if (text.front().isDigit() || m_history.empty())
@@ -772,52 +657,37 @@ class MonkeyTest : public ::testing::Test {
   unsigned seed = kDefaultSeed;
   long long actions = kDefaultActions;
   bool trace = false;
-
- private:
-  test::ScratchFolder m_scratch;  // made first, gone last
+  test::ScratchFolder m_scratch;  // made before the user interface and the window, gone last
   Rng m_main;
   Rng* m_rng = &m_main;  ///< the generator actions draw from
-
- protected:
   MonkeyUserInterface ui{m_rng, appDir()};
   std::unique_ptr<Session> session;
   std::unique_ptr<MainWindow> window;
-
- private:
   SeededRandom m_random{1};
   QObject m_context;
   QEventLoop m_loop;
   std::vector<std::string> m_rows;  ///< rows of real puzzles, for typed grids
   std::deque<std::string> m_history;
-  int m_depth = 0;
-  bool m_restarting = false;
-  bool m_failed = false;
-  long long m_given = 0;
   std::unique_ptr<YieldHook> m_hook;
-  int m_interruptAt = 0, m_runYields = 0;
-  unsigned m_interruptSeed = 0;
   QPointer<EntryDialog> m_dialog;
-  int m_stepsInDialog = 0;
-  long long m_atWaits = 0, m_interrupts = 0, m_dialogSteps = 0, m_popups = 0, m_starts = 0, m_rescues = 0;
-  int m_largestLog = 0;
+  bool m_restarting = false, m_failed = false;
+  unsigned m_interruptSeed = 0;
+  int m_depth = 0, m_interruptAt = 0, m_runYields = 0, m_stepsInDialog = 0, m_largestLog = 0;
+  long long m_given = 0, m_atWaits = 0, m_interrupts = 0, m_dialogSteps = 0, m_popups = 0, m_starts = 0, m_rescues = 0;
 };
 
-TEST_F(MonkeyTest, ThousandsOfRandomActionsLeaveTheWindowInStepWithTheSession) {
-  run();
-}
+TEST_F(MonkeyTest, ThousandsOfRandomActionsLeaveTheWindowInStepWithTheSession) { run(); }
 
 // What the monkey found, each kept as an ordinary case.
 
-// A session made without a user interface, as the program's main makes it: the
-// Create page's template dialog tells its help and refusals through the
-// window's, not through the silent one the session began with.
+// A session made without a user interface, as main makes it: the Create page's template dialog tells its help and
+// refusals through the window's user interface, not the silent one the session began with.
 TEST(MonkeyFindings, TheTemplateDialogSpeaksThroughTheWindowsUserInterface) {
   Session session;
   ScriptedUserInterface ui;
   MainWindow window(session, &ui);
   window.show();
-  auto* tabs = named<QTabBar>(&window, names::ctlTabs);
-  QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(Tab::Create) - 1).center());
+  clickTab(&window, int(Tab::Create) - 1);
   click(&window, QString(names::Distribution_N).arg(3));  // Manual
   QTimer::singleShot(0, [] {
     QWidget* dialog = QApplication::activeModalWidget();
@@ -828,15 +698,11 @@ TEST(MonkeyFindings, TheTemplateDialogSpeaksThroughTheWindowsUserInterface) {
     click(dialog, "CancelButton");
   });
   click(&window, names::CreateCommand);
-  ASSERT_EQ(ui.messages.size(), 3u);
-  EXPECT_EQ(ui.messages[0], kTemplateHelp);
-  EXPECT_EQ(ui.messages[1], checkTemplateEntry("X").refusal);
-  EXPECT_EQ(ui.messages[2], kTemplateNotAccepted);
+  EXPECT_EQ(ui.messages, (std::vector<std::string>{kTemplateHelp, checkTemplateEntry("X").refusal,
+                                                   kTemplateNotAccepted}));
 }
-
-// "No pauses" switched off while Solve or a creation runs: the run goes on to
-// its end without waiting (Solve has no Next to go on with) and a creation
-// stays silent and makes its puzzle.
+// "No pauses" switched off while Solve or a creation runs: the run goes on to its end without waiting (Solve has
+// no Next to go on with) and a creation stays silent and makes its puzzle.
 class PauseBoxDuringARun : public WindowFixture, public ::testing::WithParamInterface<bool> {};
 
 TEST_P(PauseBoxDuringARun, LeavesTheRunGoingAsItWas) {

@@ -1,7 +1,5 @@
-// Every command, given while a Start run waits, while Solve runs, while a puzzle
-// is being created and while nothing runs: afterwards no run is left half
-// alive, the buttons offer what can be done next, the views are shown, and the
-// next Solve works.
+// Every command, given at rest, while a Start run waits, while Solve runs and while a puzzle is being created:
+// afterwards no run is left half alive, the buttons offer what can be done next, and the next Solve works.
 
 #include <deque>
 
@@ -18,17 +16,15 @@ const char* const kCommands[] = {"Start",  "Next",    "Solve",          "Clear",
 
 class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<std::tuple<During, int>> {
  protected:
-  // Gives the command at the moment the state holds, as a user's click would
-  // arrive then: from a pause point, or from the events a run lets through.
-  // Returns the run under way when the command was given.
+  // Gives the command as a user's click would arrive in that state (at a pause point, or among the events a run
+  // lets through); returns the run under way when it was given.
   RunActivity giveDuring(During during, const std::function<void()>& command) {
     RunActivity seen = RunActivity::None;
     auto give = [&] {
       seen = session.run.activity;
       command();
     };
-    // Any later pause (Start given as the command starts a run of its own)
-    // is run on to the end with the right button, as a user would.
+    // Later pauses (a Start given as the command) are run on to the end with the right button.
     std::deque<std::function<void()>> actions;
     if (during == During::StartWaiting) actions.push_back(give);
     for (int i = 0; i < 3; ++i) actions.push_back([this] { click("NextStepCommand", Qt::RightButton); });
@@ -54,9 +50,8 @@ class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<
     return seen;
   }
 
-  // Acts at each pause point a waiting run reaches, once each; an action that
-  // left the run waiting where it was (its button was disabled) is followed
-  // by the next one.
+  // Acts once at each pause point a run reaches; if an action left the run waiting there (a disabled button), the
+  // next action follows.
   class PauseScript {
    public:
     PauseScript(MainWindow& window, std::deque<std::function<void()>> actions) : m_actions(std::move(actions)) {
@@ -81,8 +76,7 @@ class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<
 
   bool enabled(const char* name) const { return child(name)->isEnabled(); }
 
-  // Clicks a named widget unless it is disabled or hidden: what a user cannot
-  // click cannot be given.
+  // What a user cannot click (disabled or hidden) cannot be given.
   bool clickable(const char* name) const {
     QWidget* w = child(name);
     return w && w->isEnabled() && w->isVisible();
