@@ -1,8 +1,12 @@
-// The collection reader (.sud): counting, reading puzzle N, navigation and
+// The collection reader: counting, reading puzzle N, navigation and
 // appending. Input: byte 0 chooses the puzzle number, byte 1 the navigation
 // button and draw, the rest is the file.
 //
-// Invariants: the count is the number of lines beginning with "#"; a read
+// Invariants, for every file: a file refused as a whole (binary, too large)
+// counts no puzzle; a read either loads a puzzle or tells the user and leaves
+// the puzzle before it in place; navigation stays within 1..count. For the
+// numbered form (.sud) besides: the count is the number of lines beginning
+// with "#"; a read
 // either loads a puzzle whose givens are the file's digits or tells the user
 // and leaves the puzzle before it in place; navigation stays within 1..count;
 // an appended puzzle keeps the file's bytes before it and reads back as written.
@@ -75,6 +79,25 @@ void checkRead(const std::string& path, const Reference& ref, int n) {
   if (!ready) FUZZ_CHECK(!ui.messages.empty());
 }
 
+/// Any form: a read loads a puzzle, or tells why and keeps the one before.
+void checkReadAnyForm(const std::string& path, int n) {
+  ScriptedUserInterface ui;
+  FixedClock clock;
+  SeededRandom random{1};
+  Session s{Services{&ui, nullptr, nullptr, &clock, &random}};
+  s.writesConfiguration = false;
+  putGivens(s, kEasyPuzzle);
+  s.collection.CurrentPuzzleNumber = 3;
+  s.PuzNumNow = "3";
+  const GridSnapshot before(s);
+  const bool ready = readPuzzle(s, path, n);
+  if (s.collection.CurrentPuzzleNumber == 3 && GridSnapshot(s) == before) {
+    FUZZ_CHECK(!ready || n == 3);
+    if (!ready) FUZZ_CHECK(!ui.messages.empty());
+  }
+  FUZZ_CHECK(s.collection.TotalPuzzles == countPuzzles(path));
+}
+
 void checkAppend(const std::string& path, const std::string& original, const Reference& ref) {
   const std::string puzzle(kEasyPuzzle);
   const auto number = appendPuzzle(path, puzzle);
@@ -99,6 +122,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string content = bytesOf(data + 2, size - 2);
   const std::string path = scratchFolder() + "collection.sud";
   writeBytes(path, content);
+  const CollectionScan scan = scanCollection(path);
+  if (scan.problem != CollectionScan::Problem::None || scan.form != CollectionForm::Numbered) {
+    const int count = countPuzzles(path);
+    if (scan.problem != CollectionScan::Problem::None) FUZZ_CHECK(count == 0);
+    checkReadAnyForm(path, data[0] == 255 ? -1 : 1 + data[0] % (count + 1));
+    const int target = navigationTarget(NavButton(data[1] % 3), (data[1] & 4) != 0, 1, count, 0.5);
+    FUZZ_CHECK(count == 0 ? target == 0 : target >= 1 && target <= count);
+    return 0;
+  }
   const Reference ref(content);
 
   FUZZ_CHECK(countPuzzles(path) == ref.count);
