@@ -10,8 +10,9 @@
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "ui/ColourScheme.h"
-#include "ui/CommandStates.h"
 #include "ui/CommandHost.h"
+#include "ui/CommandStates.h"
+#include "ui/FrameBox.h"
 #include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
 #include "ui/Shortcuts.h"
@@ -23,7 +24,7 @@ AutoSolveTab::AutoSolveTab(Session& session, CommandHost& host, QWidget* parent)
   setObjectName(names::AutoSolveTab);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
-  m_frame = new QGroupBox("Solution", this);
+  m_frame = new FrameBox("Solution", this);
   m_frame->setObjectName(names::SolutionsFrame);
   outer->addWidget(m_frame);
   outer->addStretch();

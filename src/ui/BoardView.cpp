@@ -48,14 +48,25 @@ void BoardView::setCell(int index, const Look& look) {
   Look& shown = m_cells.at(std::size_t(index));
   if (shown == look) return;
   shown = look;
-  update(m_cellRects[std::size_t(index)]);
+  changed(m_cellRects[std::size_t(index)]);
+}
+
+void BoardView::changed(const QRect& rect) {
+  if (m_batches == 0) return update(rect);
+  m_changed |= rect;
+}
+
+BoardView::Batch::~Batch() {
+  if (--m_view.m_batches > 0 || m_view.m_changed.isEmpty()) return;
+  m_view.update(m_view.m_changed);
+  m_view.m_changed = QRect();
 }
 
 void BoardView::setCount(int box, const QString& text) {
   QString& shown = m_counts.at(std::size_t(box));
   if (shown == text) return;
   shown = text;
-  update(m_countRects[std::size_t(box)]);
+  changed(m_countRects[std::size_t(box)]);
 }
 
 void BoardView::setHorizontalAlignment(Qt::Alignment alignment) {

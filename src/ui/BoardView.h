@@ -41,6 +41,19 @@ class BoardView : public QWidget {
   Kind kind() const { return m_kind; }
   /// Sets what cell 0..80 shows; repaints it only when that changed.
   void setCell(int index, const Look& look);
+  /// While a Batch lives, the cells and counts that change are repainted
+  /// together when it ends: one update of the rectangle around them instead
+  /// of one per cell, whose regions the window would have to merge.
+  class Batch {
+   public:
+    explicit Batch(BoardView& view) : m_view(view) { ++m_view.m_batches; }
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+   private:
+    BoardView& m_view;
+  };
   const Look& cell(int index) const { return m_cells.at(std::size_t(index)); }
   /// Sets the count beside box 0..8 (candidate display only).
   void setCount(int box, const QString& text);
@@ -108,6 +121,8 @@ class BoardView : public QWidget {
   void drawCell(QPainter& painter, int index, const QString& cacheTag, qreal ratio) const;
   void drawLook(QPainter& painter, const QRect& rect, const Look& look) const;
   void drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const;
+  /// Repaints that part now, or when the last Batch ends.
+  void changed(const QRect& rect);
 
   Kind m_kind;
   Qt::Alignment m_alignment = Qt::AlignHCenter;
@@ -123,6 +138,8 @@ class BoardView : public QWidget {
   int m_pressed = -1;  ///< the cell a button went down on, -1 for none
   int m_pressedBox = -1;  ///< the box frame a button went down on, -1 for none
   int m_hovered = -1;
+  int m_batches = 0;  ///< open Batches
+  QRect m_changed;    ///< what changed while a Batch was open
   QColor m_frameColour;
 };
 

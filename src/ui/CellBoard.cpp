@@ -7,6 +7,7 @@
 
 #include "model/Session.h"
 #include "ui/ColourScheme.h"
+#include "ui/FrameBox.h"
 #include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/WidgetColours.h"
@@ -59,7 +60,7 @@ CellBoard::CellBoard(const Session& session, const ColourScheme& scheme, QWidget
 }
 
 QGroupBox* CellBoard::createCandidateDisplay() {
-  m_candidates = new QGroupBox("Choices for cells", this);
+  m_candidates = new FrameBox("Choices for cells", this);
   m_candidates->setObjectName(names::PosValsFrame);
   m_candidates->setAutoFillBackground(true);
   m_candidateView = new BoardView(BoardView::Kind::Candidates, m_candidates);
@@ -216,15 +217,16 @@ void CellBoard::draw(const PuzzleGrid& grid, const std::array<int, 9>& boxMissin
   paintBackground(m_grid, m_scheme.candidateBack);
   m_grid->setAutoFillBackground(false);  // the view fills the board alone
   paintBackground(m_candidates, m_scheme.candidateFrameBack);
+  const BoardView::Batch values(*m_grid), choices(*m_candidateView);
   for (int cell = 1; cell <= kCells; ++cell) {
     const Cell& c = grid[cell];
     Colours value = valueBoxColours(grid, marks, overlays, cell);
     value.text = c.value ? QString::number(c.value) : QString();
     value.bold = c.given;
     m_grid->setCell(cell - 1, value);
-    Colours choices = candidateColours(grid, marks, cell);
-    choices.text = QString::fromStdString(c.candidates.text());
-    m_candidateView->setCell(cell - 1, choices);
+    Colours candidates = candidateColours(grid, marks, cell);
+    candidates.text = QString::fromStdString(c.candidates.text());
+    m_candidateView->setCell(cell - 1, candidates);
   }
   const bool anyValue = grid.filledCount() > 0;
   for (int box = 1; box <= GridSize; ++box)

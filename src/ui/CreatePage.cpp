@@ -19,6 +19,7 @@
 #include "solver/Grader.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/FrameBox.h"
 #include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/RightClickButton.h"
@@ -74,7 +75,7 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   blanksLabel->setBuddy(m_totBlanks);
 
   // The distribution options.
-  m_distributionFrame = new QGroupBox("Distribution of Blank Cells", this);
+  m_distributionFrame = new FrameBox("Distribution of Blank Cells", this);
   m_distributionFrame->setObjectName(names::DistributionFrame);
   auto* options = new QVBoxLayout(m_distributionFrame);
   for (int i = 0; i < int(m_options.size()); ++i) {

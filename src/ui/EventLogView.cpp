@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <string_view>
 
 #include "model/EventLog.h"
 #include "model/Text.h"
@@ -41,6 +43,7 @@ EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScro
 void EventLogView::measureFont() {
   const QFontMetrics metrics = fontMetrics();
   for (std::size_t c = 0; c < m_asciiAdvance.size(); ++c) m_asciiAdvance[c] = metrics.horizontalAdvance(QChar(int(c)));
+  m_widestAscii = *std::max_element(m_asciiAdvance.begin(), m_asciiAdvance.end());
 }
 
 int EventLogView::advance(QChar ch) const {
@@ -76,27 +79,30 @@ void EventLogView::clearView() {
 }
 
 void EventLogView::appendLine(const std::string& raw) {
-  Line line;
-  line.raw = raw;
-  line.style = int(numericValue(std::string_view(raw).substr(0, kStylePrefix)));
-  line.text = raw.size() > kStylePrefix ? QString::fromStdString(raw.substr(kStylePrefix)) : QString();
-  m_lines.push_back(std::move(line));
+  m_lines.push_back(Line{raw, int(numericValue(std::string_view(raw).substr(0, kStylePrefix)))});
   wrapLine(int(m_lines.size()) - 1);
+}
+
+QString EventLogView::textOf(int index) const {
+  const std::string& raw = m_lines[std::size_t(index)].raw;
+  if (raw.size() <= std::size_t(kStylePrefix)) return QString();
+  return QString::fromUtf8(raw.data() + kStylePrefix, qsizetype(raw.size()) - kStylePrefix);
 }
 
 int EventLogView::wrapWidth() const { return std::max(1, viewport()->width() - 2 * kMargin); }
 
 int EventLogView::rowHeight() const { return std::max(1, fontMetrics().lineSpacing()); }
 
-void EventLogView::wrapLine(int index) {
-  const QString& text = m_lines[std::size_t(index)].text;
-  const int width = m_wrapWidth > 0 ? m_wrapWidth : wrapWidth();
-  // Greedy word wrap: break after the last blank that fits, or inside a word
-  // that is wider than the whole row. Most lines fit in one row.
-  int start = 0;
+namespace {
+
+// Greedy word wrap of `text` into rows of at most `width` pixels: break after
+// the last blank that fits, or inside a word that is wider than the whole row.
+// Calls row(start, length) for each row, in characters of `text`.
+template <typename Text, typename Advance, typename Row>
+void wrapText(const Text& text, int width, Advance advance, Row row) {
   const int length = int(text.size());
-  if (length == 0) m_rows.push_back(Row{index, 0, 0});
-  while (start < length) {
+  if (length == 0) return row(0, 0);
+  for (int start = 0; start < length;) {
     int end = start, lastBreak = -1, used = 0;
     for (int i = start; i < length; ++i) {
       used += advance(text[i]);
@@ -105,9 +111,25 @@ void EventLogView::wrapLine(int index) {
       if (text[i] == ' ') lastBreak = i + 1;
     }
     if (end < length && lastBreak > start) end = lastBreak;
-    m_rows.push_back(Row{index, start, end - start});
+    row(start, end - start);
     start = end;
   }
+}
+
+}  // namespace
+
+void EventLogView::wrapLine(int index) {
+  const std::string& raw = m_lines[std::size_t(index)].raw;
+  const std::string_view bytes =
+      raw.size() > std::size_t(kStylePrefix) ? std::string_view(raw).substr(kStylePrefix) : std::string_view();
+  const int width = m_wrapWidth > 0 ? m_wrapWidth : wrapWidth();
+  const auto row = [this, index](int start, int length) { m_rows.push_back(Row{index, start, length}); };
+  // The log is ASCII but for names the user chose; an ASCII line is measured
+  // byte by byte from the table, and most lines fit without measuring at all.
+  const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (unsigned char)c < 128; });
+  if (!ascii) return wrapText(textOf(index), width, [this](QChar c) { return advance(c); }, row);
+  if (std::int64_t(bytes.size()) * m_widestAscii <= width) return row(0, int(bytes.size()));
+  wrapText(bytes, width, [this](char c) { return m_asciiAdvance[std::size_t(c)]; }, row);
 }
 
 void EventLogView::rewrap() {
@@ -160,7 +182,7 @@ void EventLogView::paintEvent(QPaintEvent*) {
     } else {
       painter.setPen(styleColour(line.style));
     }
-    painter.drawText(kMargin, y + metrics.ascent(), line.text.mid(row.start, row.length));
+    painter.drawText(kMargin, y + metrics.ascent(), textOf(row.line).mid(row.start, row.length));
   }
 }
 
@@ -199,7 +221,7 @@ QString EventLogView::selectedText() const {
   const int first = std::max(0, std::min(m_selectionAnchor, m_selectionEnd));
   const int last = std::min(int(m_lines.size()) - 1, std::max(m_selectionAnchor, m_selectionEnd));
   QStringList texts;
-  for (int i = first; i <= last; ++i) texts << m_lines[std::size_t(i)].text;
+  for (int i = first; i <= last; ++i) texts << textOf(i);
   return texts.join('\n');
 }
 

@@ -32,7 +32,7 @@ class EventLogView : public QAbstractScrollArea {
   /// Lines shown (the log's TotalLines at the last sync).
   int TotalLines() const { return int(m_lines.size()); }
   /// The text of line n (1-based) as shown, without its style prefix.
-  QString lineText(int n) const { return m_lines[std::size_t(n - 1)].text; }
+  QString lineText(int n) const { return textOf(n - 1); }
   int lineStyle(int n) const { return m_lines[std::size_t(n - 1)].style; }
   /// Number of the first line with a row on screen (0 when empty).
   int firstVisibleLine() const;
@@ -70,9 +70,10 @@ class EventLogView : public QAbstractScrollArea {
   void changeEvent(QEvent* event) override;
 
  private:
+  /// A line as the log stores it; its text is made for the screen only when
+  /// it is drawn or copied, since most lines of a long run never are.
   struct Line {
-    std::string raw;  ///< the stored line with its prefix, to notice a cleared log
-    QString text;
+    std::string raw;  ///< with its style prefix, also to notice a cleared log
     int style = 0;
   };
   /// One display row: a piece of a line that fits the width.
@@ -85,6 +86,8 @@ class EventLogView : public QAbstractScrollArea {
   void clearView();
   void appendLine(const std::string& raw);
   void wrapLine(int index);
+  /// The text of the line with that index, without its style prefix.
+  QString textOf(int index) const;
   /// Width of a character in pixels: from a table for ASCII, measured otherwise.
   int advance(QChar ch) const;
   void measureFont();
@@ -104,6 +107,7 @@ class EventLogView : public QAbstractScrollArea {
   /// Advances of the ASCII characters in the view's font; measuring a whole
   /// line would shape it, which costs more than everything else an append does.
   std::array<int, 128> m_asciiAdvance{};
+  int m_widestAscii = 0;  ///< the largest of them: a line no wider than that many times its length fits
   int m_selectionAnchor = -1;  ///< line indexes, -1 when nothing is selected
   int m_selectionEnd = -1;
 };

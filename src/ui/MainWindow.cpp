@@ -10,7 +10,6 @@
 #include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressBar>
 #include <QScreen>
 #include <QSettings>
 #include <QSignalBlocker>
@@ -37,6 +36,7 @@
 #include "ui/HelpWindow.h"
 #include "ui/ManualPage.h"
 #include "ui/ObjectNames.h"
+#include "ui/ProgressColumn.h"
 #include "ui/PuzzleFrame.h"
 #include "ui/ReplayController.h"
 #include "ui/WidgetColours.h"
@@ -122,12 +122,10 @@ QWidget* MainWindow::createCentralWidget() {
   auto* right = new QWidget(central);
   auto* rightLayout = new QHBoxLayout(right);
   rightLayout->setContentsMargins(0, 0, 0, 0);
-  m_progress = new QProgressBar(right);
+  m_progress = new ProgressColumn(right);
   m_progress->setObjectName(names::pb1);
-  m_progress->setOrientation(Qt::Vertical);
   m_progress->setRange(0, kCells);
   m_progress->setValue(0);
-  m_progress->setTextVisible(false);
   rightLayout->addWidget(m_progress);
   m_board = new CellBoard(m_session, m_scheme, right);
   rightLayout->addWidget(m_board, 1);

@@ -26,6 +26,7 @@
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
+#include "ui/FrameBox.h"
 #include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 #include "ui/Shortcuts.h"
@@ -141,10 +142,10 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   // The row summaries stand one a line; the column summaries are narrow, so
   // that their digits (each followed by two blanks) wrap one a line under the
   // column number.
-  auto* rowFrame = new QGroupBox("Possible in rows", this);
+  auto* rowFrame = new FrameBox("Possible in rows", this);
   rowFrame->setObjectName(names::PossibleInRowFrame);
   auto* rowLayout = new QGridLayout(rowFrame);
-  auto* colFrame = new QGroupBox("Possible in columns", this);
+  auto* colFrame = new FrameBox("Possible in columns", this);
   colFrame->setObjectName(names::PossibleInColFrame);
   auto* colLayout = new QGridLayout(colFrame);
   const QFontMetrics metrics(fixed);
@@ -213,7 +214,7 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
 }
 
 QBoxLayout* ManualPage::buildHintColumn() {
-  auto* hintFrame = new QGroupBox("Hints", this);
+  auto* hintFrame = new FrameBox("Hints", this);
   hintFrame->setObjectName(names::HintFrame);
   auto* hintButtons = new QGridLayout;
   for (int k = 0; k < int(m_hintButtons.size()); ++k) {

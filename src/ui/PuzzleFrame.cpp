@@ -24,7 +24,7 @@ constexpr int kNumberBoxDigits = 6;  ///< the widest number the box is made for
 }
 
 PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
-    : QGroupBox(parent), m_session(session), m_host(host) {
+    : FrameBox(QString(), parent), m_session(session), m_host(host) {
   setObjectName(names::PuzNumber);
   auto* layout = new QGridLayout(this);
 
@@ -104,7 +104,7 @@ bool PuzzleFrame::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
   }
-  return QGroupBox::eventFilter(watched, event);
+  return FrameBox::eventFilter(watched, event);
 }
 
 void PuzzleFrame::refreshFromSession() {

@@ -4,7 +4,6 @@
 // `GradeLabel`: its grade), the collection file `FileNow`, the puzzle-number
 // box `PuzNumNow` and the previous / next / random buttons (NavButton_0..2).
 
-#include <QGroupBox>
 #include <array>
 #include <optional>
 #include <string>
@@ -12,6 +11,7 @@
 #include "create/PuzzleCheck.h"
 #include "model/CollectionFile.h"
 #include "model/Event.h"
+#include "ui/FrameBox.h"
 
 class QLabel;
 class QLineEdit;
@@ -23,7 +23,7 @@ class CommandHost;
 class RightClickButton;
 class Session;
 
-class PuzzleFrame : public QGroupBox {
+class PuzzleFrame : public FrameBox {
   Q_OBJECT
 
  public:
