@@ -7,7 +7,6 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmap>
-#include <QPixmapCache>
 #include <QToolTip>
 #include <qdrawutil.h>
 
@@ -159,16 +158,15 @@ void BoardView::paintEvent(QPaintEvent* event) {
   frame.setAlpha(160);
   for (const QRect& box : m_boxRects)
     if (box.intersects(dirty)) drawFrame(painter, box, frame);
-  // Every cell of one size, font and palette shares the drawings of its looks.
   const qreal ratio = devicePixelRatioF();
-  const QString cacheTag = QStringLiteral("BoardView|%1|%2|%3|%4|%5|")
-                               .arg(int(m_kind))
-                               .arg(m_cellSize)
-                               .arg(ratio)
-                               .arg(palette().cacheKey())
-                               .arg(m_cellFont.key());
+  const QString drawingsFor =
+      QStringLiteral("%1|%2|%3|%4").arg(m_cellSize).arg(ratio).arg(palette().cacheKey()).arg(m_cellFont.key());
+  if (drawingsFor != m_drawingsFor) {
+    m_drawings.clear();
+    m_drawingsFor = drawingsFor;
+  }
   for (int i = 0; i < int(m_cells.size()); ++i)
-    if (m_cellRects[std::size_t(i)].intersects(dirty)) drawCell(painter, i, cacheTag, ratio);
+    if (m_cellRects[std::size_t(i)].intersects(dirty)) drawCell(painter, i, ratio);
   if (m_kind == Kind::Candidates) {
     painter.setFont(m_countFont);
     painter.setPen(palette().color(QPalette::WindowText));
@@ -206,26 +204,25 @@ void BoardView::drawFrame(QPainter& painter, const QRect& box, const QColor& col
   }
 }
 
-void BoardView::drawCell(QPainter& painter, int index, const QString& cacheTag, qreal ratio) const {
+void BoardView::drawCell(QPainter& painter, int index, qreal ratio) const {
   const Look& look = m_cells[std::size_t(index)];
   const QRect rect = m_cellRects[std::size_t(index)];
-  // A cell with an opaque background covers its square whole: it is drawn
-  // once per look into a pixmap, and copied from there. Laying out its text
-  // costs many times the copy, and a board shows few looks over and over.
+  // A cell with an opaque background covers its square whole, so its drawing
+  // can be copied; a see-through one is drawn over what lies behind it.
   if (!look.back.isValid() || look.back.alpha() != 255) return drawLook(painter, rect, look);
-  const QString key = cacheTag + look.text + QLatin1Char('|') + QString::number(look.back.rgba()) + QLatin1Char('|') +
-                      QString::number(look.fore.isValid() ? look.fore.rgba() : 0) + QLatin1Char('|') +
-                      QLatin1Char(look.fore.isValid() ? 'f' : '-') + QLatin1Char(look.bold ? 'b' : '-');
-  QPixmap drawn;
-  if (!QPixmapCache::find(key, &drawn)) {
-    drawn = QPixmap(rect.size() * ratio);
-    drawn.setDevicePixelRatio(ratio);
-    QPainter cellPainter(&drawn);
+  auto drawn = m_drawings.constFind(look);
+  if (drawn == m_drawings.constEnd()) {
+    // A board shows few looks over and over; candidate texts can make many.
+    constexpr qsizetype kMostDrawings = 1024;
+    if (m_drawings.size() >= kMostDrawings) m_drawings.clear();
+    QPixmap pixmap(rect.size() * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    QPainter cellPainter(&pixmap);
     drawLook(cellPainter, QRect(QPoint(0, 0), rect.size()), look);
     cellPainter.end();
-    QPixmapCache::insert(key, drawn);
+    drawn = m_drawings.insert(look, pixmap);
   }
-  painter.drawPixmap(rect.topLeft(), drawn);
+  painter.drawPixmap(rect.topLeft(), *drawn);
 }
 
 void BoardView::drawLook(QPainter& painter, const QRect& rect, const Look& look) const {

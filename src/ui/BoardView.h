@@ -11,6 +11,8 @@
 
 #include <QColor>
 #include <QFont>
+#include <QHash>
+#include <QPixmap>
 #include <QRect>
 #include <QString>
 #include <QWidget>
@@ -32,6 +34,10 @@ class BoardView : public QWidget {
     QColor back, fore;  ///< back invalid: the view's own background
     bool bold = false;
     friend bool operator==(const Look&, const Look&) = default;
+    friend size_t qHash(const Look& look, size_t seed = 0) {
+      return qHashMulti(seed, look.text, look.back.rgba(), look.fore.isValid() ? look.fore.rgba() : 0u,
+                        look.fore.isValid(), look.bold);
+    }
   };
 
   static constexpr const char* kBoxCountHint = "The total number of choices in a box are shown on the right hand side";
@@ -117,8 +123,8 @@ class BoardView : public QWidget {
   void layOut();
   /// The outline of a box in a translucent colour.
   static void drawFrame(QPainter& painter, const QRect& box, const QColor& colour);
-  /// Draws cell 0..80; `cacheTag` names what its drawing depends on besides its look.
-  void drawCell(QPainter& painter, int index, const QString& cacheTag, qreal ratio) const;
+  /// Draws cell 0..80.
+  void drawCell(QPainter& painter, int index, qreal ratio) const;
   void drawLook(QPainter& painter, const QRect& rect, const Look& look) const;
   void drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const;
   /// Repaints that part now, or when the last Batch ends.
@@ -138,6 +144,11 @@ class BoardView : public QWidget {
   int m_pressed = -1;  ///< the cell a button went down on, -1 for none
   int m_pressedBox = -1;  ///< the box frame a button went down on, -1 for none
   int m_hovered = -1;
+  /// The drawings of the looks the cells had, each made once: laying out a
+  /// cell's text costs many times copying it. They hold for the cell size,
+  /// pixel ratio, palette and font named by m_drawingsFor.
+  mutable QHash<Look, QPixmap> m_drawings;
+  mutable QString m_drawingsFor;
   int m_batches = 0;  ///< open Batches
   QRect m_changed;    ///< what changed while a Batch was open
   QColor m_frameColour;

@@ -22,6 +22,9 @@ class FrameBox : public QGroupBox {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  /// Whether the box fills its background with one opaque colour.
+  bool opaqueBackground() const;
+
   QPixmap m_drawing;
   QString m_drawingKey;  ///< what m_drawing was drawn for
 };

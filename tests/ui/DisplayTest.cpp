@@ -95,7 +95,7 @@ TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourOnTheGridAndAmongTheCho
   }
 }
 
-TEST(FrameBoxPaint, DrawsWhatAPlainGroupBoxDrawsAfterEachChangeOfTitleSizeStateOrColours) {
+TEST(FrameBoxPaint, DrawsWhatAPlainGroupBoxDrawsAfterEachChangeOfTitleSizeStateColoursOrFont) {
   QWidget window;
   auto* kept = new FrameBox("Puzzle 1 of 125", &window);
   auto* plain = new QGroupBox("Puzzle 1 of 125", &window);
@@ -125,6 +125,7 @@ TEST(FrameBoxPaint, DrawsWhatAPlainGroupBoxDrawsAfterEachChangeOfTitleSizeStateO
         colours.setColor(QPalette::Window, Qt::yellow);
         box->setPalette(colours);
       },
+      [](QGroupBox* box) { box->setAutoFillBackground(true); },
       [](QGroupBox* box) { box->setFont(QFont("Arial", 15)); }};
   for (std::size_t i = 0; i < std::size(changes); ++i) {
     changes[i](kept);
