@@ -372,6 +372,18 @@ std::optional<int> appendPuzzleLine(const std::string& path, const CollectionSca
 }
 }  // namespace
 
+namespace {
+/// The numbered form's record of a puzzle: its "#" line and nine rows.
+std::string numberedRecord(int number, const std::string& text) {
+  std::string out = "#" + std::to_string(number) + "\r\n";
+  for (int r = 0; r < 9; ++r) {
+    out += text.substr(std::size_t(r) * 9, 9);
+    out += "\r\n";
+  }
+  return out;
+}
+}  // namespace
+
 std::optional<int> appendPuzzle(const std::string& path, const std::string& text) {
   int count = 0;
   std::string out;
@@ -379,17 +391,23 @@ std::optional<int> appendPuzzle(const std::string& path, const std::string& text
     const CollectionScan scan = scanCollection(path);
     if (scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine)
       return appendPuzzleLine(path, scan, text);
+    if (scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::SingleGrid &&
+        scan.puzzles == 1) {
+      // A second puzzle turns the grid into a numbered collection of two; a
+      // "#" record after the bare grid would hide the grid from every read.
+      const PuzzleRowsRead grid = readPuzzleRows(path, 1);
+      if (grid.status != PuzzleRowsRead::Status::Found) return std::nullopt;
+      std::string rows;
+      for (const std::string& row : grid.rows) rows += row;
+      std::replace(rows.begin(), rows.end(), '0', '.');
+      if (!writeFileAtomically(path, numberedRecord(1, rows) + "\r\n" + numberedRecord(2, text))) return std::nullopt;
+      return 2;
+    }
     count = countPuzzles(path);
     out += "\r\n";
   }
   ++count;
-  out += '#';
-  out += std::to_string(count);
-  out += "\r\n";
-  for (int r = 0; r < 9; ++r) {
-    out += text.substr(std::size_t(r) * 9, 9);
-    out += "\r\n";
-  }
+  out += numberedRecord(count, text);
   if (!appendFileAtomically(path, out)) return std::nullopt;
   return count;
 }

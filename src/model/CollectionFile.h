@@ -74,8 +74,9 @@ PuzzleRowsRead readPuzzleRows(const std::string& path, int n);
 /// Appends a puzzle of 81 characters (digits, "." for blanks) under the next
 /// number, with an empty line before it unless the file is missing or empty;
 /// to a one-per-line file, as one more line of the 81 characters, with the
-/// file's own line end. Returns the number of the new puzzle, or nothing when
-/// writing failed.
+/// file's own line end; a file of one bare grid is rewritten as a numbered
+/// collection of that grid and the new puzzle. Returns the number of the new
+/// puzzle, or nothing when writing failed.
 std::optional<int> appendPuzzle(const std::string& path, const std::string& text);
 
 /// The grid's givens as 81 characters: the digit of each given, "." elsewhere.

@@ -25,10 +25,11 @@
 
 class QAction;
 class QLabel;
+class QMessageBox;
 class QPrinter;
+class QProgressBar;
 class QSettings;
 class QSplitter;
-class QProgressBar;
 class QStackedWidget;
 class QTabBar;
 
@@ -169,6 +170,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   EventLogView* m_log = nullptr;
   ReplayController* m_replay = nullptr;
   QPointer<HelpWindow> m_help;
+  QPointer<QMessageBox> m_about;  ///< the About box while it is open
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
 
   std::unique_ptr<WindowDisplay> m_display;

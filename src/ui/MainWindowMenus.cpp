@@ -141,6 +141,12 @@ void MainWindow::showHelp() {
 }
 
 void MainWindow::showAbout() {
+  // One box at a time: asking again brings the open one to the front.
+  if (m_about) {
+    m_about->raise();
+    m_about->activateWindow();
+    return;
+  }
   auto* box = new QMessageBox(QMessageBox::Information, "About Tessaly",
                               QString("Tessaly %1\n\nSolves Sudoku puzzles step by step and explains each step; "
                                       "creates new puzzles and helps you solve them by hand.")
@@ -149,6 +155,7 @@ void MainWindow::showAbout() {
   box->setObjectName(names::AboutBox);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);
+  m_about = box;
   box->show();
 }
 
