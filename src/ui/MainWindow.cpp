@@ -7,6 +7,7 @@
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -86,7 +87,10 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
 
   applyColours();
   fitToScreen();
+  // A puzzle file dropped anywhere on the window opens, on a text box too: the
+  // boxes would take the file's name as text.
   setAcceptDrops(true);
+  for (QLineEdit* box : findChildren<QLineEdit*>()) box->setAcceptDrops(false);
 }
 
 MainWindow::~MainWindow() {

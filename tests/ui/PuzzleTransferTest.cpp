@@ -114,6 +114,12 @@ TEST_F(PuzzleTransferTest, ADroppedFileOpensAsFileOpenWould) {
     EXPECT_EQ(title(), shownTitle);
     EXPECT_EQ(solutionsShown(), solutions);
   }
+  // Over a text box the drop goes to the window all the same: no box takes drops.
+  for (QLineEdit* box : window->findChildren<QLineEdit*>()) {
+    QWidget* target = box;
+    while (target && !target->acceptDrops()) target = target->parentWidget();
+    EXPECT_EQ(target, window.get()) << box->objectName().toStdString();
+  }
   QMimeData text;  // text is no file: nothing happens
   text.setText(QString::fromStdString(kSeveral));
   EXPECT_FALSE(drop(text));
