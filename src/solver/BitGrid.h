@@ -58,6 +58,27 @@ constexpr std::uint16_t bitOf(int digit) { return std::uint16_t(1u << (digit - 1
 constexpr bool single(std::uint16_t set) { return set != 0 && (set & (set - 1)) == 0; }
 constexpr int count(std::uint16_t set) { return bitCount9(set); }
 
+/// Cells waiting to have their one candidate taken from their peers.
+struct SingleQueue {
+  std::array<std::uint8_t, kCellCount> cells;
+  int size = 0;
+  void push(int cell) { cells[std::size_t(size++)] = std::uint8_t(cell); }
+  int pop() { return cells[std::size_t(--size)]; }
+};
+
+/// Takes `bit` from every peer of `cell`, queueing the peers it leaves with
+/// one candidate; false when it leaves one with none.
+inline bool takeFromPeers(Cands& cand, int cell, std::uint16_t bit, SingleQueue& queue) {
+  for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
+    std::uint16_t& set = cand[peer];
+    if (!(set & bit)) continue;
+    set = std::uint16_t(set & ~bit);
+    if (set == 0) return false;
+    if (single(set)) queue.push(peer);
+  }
+  return true;
+}
+
 /// The givens of an 81-character puzzle ("1".."9" givens, anything else blank;
 /// missing characters blank), or nothing when a given repeats in an area.
 inline std::optional<std::array<std::uint8_t, kCellCount>> givens(std::string_view puzzle81) {

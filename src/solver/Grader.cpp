@@ -37,25 +37,17 @@ bool areasCovered(const Node& node) {
 // a removal never brings a candidate back. False when a cell is left without a
 // candidate.
 bool placeSingles(Node& node) {
-  std::array<std::uint8_t, kCellCount> queue;
-  int queued = 0;
+  SingleQueue queue;
   for (int c = 0; c < kCellCount; ++c) {
     const std::uint16_t set = node.cand[std::size_t(c)];
     if (set == 0) return false;
-    if (!node.placed[std::size_t(c)] && single(set)) queue[std::size_t(queued++)] = std::uint8_t(c);
+    if (!node.placed[std::size_t(c)] && single(set)) queue.push(c);
   }
-  while (queued > 0) {
-    const int cell = queue[std::size_t(--queued)];
-    const std::uint16_t bit = node.cand[std::size_t(cell)];
+  while (queue.size > 0) {
+    const int cell = queue.pop();
     node.placed[std::size_t(cell)] = true;
     --node.open;
-    for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
-      std::uint16_t& set = node.cand[peer];
-      if (!(set & bit)) continue;
-      set = std::uint16_t(set & ~bit);
-      if (set == 0) return false;
-      if (single(set)) queue[std::size_t(queued++)] = peer;
-    }
+    if (!takeFromPeers(node.cand, cell, node.cand[std::size_t(cell)], queue)) return false;
   }
   return true;
 }

@@ -26,19 +26,12 @@ class Search {
 
   // Places the queued singles, then the hidden singles, until nothing changes;
   // false on a contradiction.
-  bool settle(Node& node, std::array<std::uint8_t, kCellCount>& queue, int queued) {
+  bool settle(Node& node, SingleQueue& queue) {
     for (;;) {
-      while (queued > 0) {
-        const int cell = queue[std::size_t(--queued)];
-        const std::uint16_t bit = node.cand[std::size_t(cell)];
+      while (queue.size > 0) {
+        const int cell = queue.pop();
         ++node.placed;
-        for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
-          std::uint16_t& set = node.cand[peer];
-          if (!(set & bit)) continue;
-          set = std::uint16_t(set & ~bit);
-          if (set == 0) return false;
-          if (single(set)) queue[std::size_t(queued++)] = peer;
-        }
+        if (!takeFromPeers(node.cand, cell, node.cand[std::size_t(cell)], queue)) return false;
       }
       if (node.placed == kCellCount) return true;
       for (const auto& area : kAreas) {
@@ -57,10 +50,10 @@ class Search {
           if (!mine || single(set)) continue;
           if (!single(mine)) return false;  // two digits that each need this cell
           node.cand[cell] = mine;
-          queue[std::size_t(queued++)] = cell;
+          queue.push(cell);
         }
       }
-      if (queued == 0) return true;
+      if (queue.size == 0) return true;
     }
   }
 
@@ -88,9 +81,9 @@ class Search {
     for (std::uint16_t mask = node.cand[std::size_t(best)]; mask != 0 && m_found < m_limit; mask &= mask - 1) {
       Node child = node;
       child.cand[std::size_t(best)] = std::uint16_t(mask & (~mask + 1u));
-      std::array<std::uint8_t, kCellCount> queue;
-      queue[0] = std::uint8_t(best);
-      if (settle(child, queue, 1)) run(child);
+      SingleQueue queue;
+      queue.push(best);
+      if (settle(child, queue)) run(child);
     }
   }
 
@@ -109,15 +102,14 @@ int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolut
   const auto values = givens(puzzle81);
   if (!values) return 0;
   Node node;
-  std::array<std::uint8_t, kCellCount> queue;
-  int queued = 0;
+  SingleQueue queue;
   for (int c = 0; c < kCellCount; ++c) {
     const int v = (*values)[std::size_t(c)];
     node.cand[std::size_t(c)] = v ? bitOf(v) : kAll;
-    if (v) queue[std::size_t(queued++)] = std::uint8_t(c);
+    if (v) queue.push(c);
   }
   Search search(limit, firstSolution);
-  if (search.settle(node, queue, queued)) search.run(node);
+  if (search.settle(node, queue)) search.run(node);
   return search.found();
 }
 
