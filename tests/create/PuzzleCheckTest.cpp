@@ -26,21 +26,8 @@ std::string replaced(std::string text, char from, char to) {
   return text;
 }
 
-std::string rows(const std::string& cells, const char* lineEnd) {
-  std::string text;
-  for (int r = 0; r < 9; ++r) text += cells.substr(std::size_t(r) * 9, 9) + lineEnd;
-  return text;
-}
-
 TEST(PuzzleVerdict, SolutionsGradeAndTheQuestionForEachKindOfPuzzle) {
-  struct Case {
-    std::string puzzle;
-    int solutions;
-    int grade;
-    const char* solutionsText;
-    const char* gradeText;
-    const char* question;
-  };
+  struct Case { std::string puzzle; int solutions, grade; const char *solutionsText, *gradeText, *question; };
   const Case cases[] = {
       {kUnique, 1, 1, "One solution", "Grade 1 \u00B7 Easy", ""},
       {kTop95, 1, 2, "One solution", "Grade 2 \u00B7 Moderate", ""},
@@ -78,7 +65,7 @@ TEST_F(PasteTest, ATextThatIsNotAPuzzleIsToldAndChangesNothing) {
       {kUnique + "7", notPuzzle + "A puzzle on one line has 81 cells; this line has 82 characters."},
       {"x" + kUnique.substr(1),
        notPuzzle + "A puzzle line holds only the digits 1 to 9 and \".\", \"0\" or \"-\" for a blank."},
-      {rows(kUnique, "\n").substr(10),
+      {test::gridRows(kUnique, "\n").substr(10),
        notPuzzle + "A puzzle is one line of 81 cells or nine lines of nine cells; the text has 8 lines."},
       {"3" + kUnique.substr(1), notPuzzle + "Row 1 has duplicate numbers."},   // the 3 of row 1
       {"9" + kUnique.substr(1), notPuzzle + "Col 1 has duplicate numbers."},   // the 9 of row 2
@@ -97,17 +84,12 @@ TEST_F(PasteTest, ATextThatIsNotAPuzzleIsToldAndChangesNothing) {
 }
 
 TEST_F(PasteTest, APuzzleInEitherFormBecomesTheNewPuzzleOnceKept) {
-  struct Case {
-    std::string text;
-    std::string givens;
-    bool answer;  // to the question, when one is asked
-    const char* question;
-  };
+  struct Case { std::string text, givens; bool answer; const char* question; };  // answer: to a question asked
   const Case cases[] = {
       {kUnique, kUnique, false, ""},
       {"  " + replaced(kUnique, '.', '0') + "  # from a list\n", kUnique, false, ""},
       {replaced(kUnique, '.', '-'), kUnique, false, ""},
-      {"\r\n" + rows(kUnique, "\r\n"), kUnique, false, ""},
+      {"\r\n" + test::gridRows(kUnique), kUnique, false, ""},
       {kSeveral, kSeveral, true, kSeveralSolutionsQuestion},
       {kNone, kNone, true, kNoSolutionQuestion},
       {kSeveral, kTop95, false, kSeveralSolutionsQuestion},  // "No": the board stays
