@@ -1,6 +1,4 @@
-// The Create command: the blank count, seeding and completion, the distributions
-// and what a new puzzle leaves behind. Whole runs with a seed, the Manual
-// template and its fallbacks are command-line cases (tests/data/cli/create-*).
+// The Create command; whole seeded runs, the Manual template and its fallbacks are the cases cli/create-*.
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,4 @@
-// The checks of the grid entry dialog (GridEntryDialog) and the blank template dialog
-// (TemplateDialog), what the grid entry does to the session, and each dialog's Help. The
-// dialogs themselves are window tests; a template in use is a command-line case.
+// The entry and template dialogs' checks, help and effect (dialogs: window tests; a template in use: cli/create-manual).
 
 #include <gtest/gtest.h>
 

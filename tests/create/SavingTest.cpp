@@ -1,5 +1,4 @@
-// Saving into the current collection: Save new puzzle, Save this puzzle and the
-// batch of created puzzles.
+// Save new puzzle, Save this puzzle and the batch of created puzzles, into the current collection.
 
 #include <gtest/gtest.h>
 

@@ -42,9 +42,7 @@ std::map<std::string, std::string> folderBytes(const std::string& folder) {
   return files;
 }
 
-/// A session as the window has it: an application folder with the collection
-/// Puzzles.sud (two puzzles), Quorrel.cfg and PuzTemp.sud from earlier runs and
-/// an earlier export, writing its configuration after every read.
+/// A window's session: Puzzles.sud (two puzzles), Quorrel.cfg, PuzTemp.sud and an earlier export beside it.
 struct App {
   test::TempDir dir;
   ScriptedUserInterface ui;
@@ -68,8 +66,7 @@ struct App {
   bool create() {
     return PuzzleCreator(s).createCommand(CreateSettings{"30", BlankDistribution::Random, std::nullopt}).created();
   }
-  /// Solves the puzzle and saves it with its solution as text into `path`
-  /// (answering Yes to the overwrite question).
+  /// Solves the puzzle and saves it as text into `path`, answering Yes to the overwrite question.
   bool solveAndExport(const std::string& path) {
     SolverEngine(s).solveCommand();
     ui.files.push_back(path);
@@ -108,8 +105,7 @@ TEST(DiskFaults, AnUnwritableApplicationFolderIsToldForEachFileAndTheWorkGoesOn)
 
 // --- a full disk: no file may grow past a few bytes
 
-/// Limits the size of files this process writes (RLIMIT_FSIZE) with SIGXFSZ
-/// ignored, so that a write past it fails with EFBIG; restores both after.
+/// Files of this process stop at `bytes` (RLIMIT_FSIZE, SIGXFSZ ignored): a write past it fails with EFBIG.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) {
@@ -150,8 +146,7 @@ TEST(DiskFaults, OnAFullDiskEveryWriteIsToldAndEveryFileKeepsItsBytes) {
     EXPECT_FALSE(app.solveAndExport(app.file("solved.txt")));
     const Lines messages = app.takeMessages();
     EXPECT_EQ(messages.back(), could(app.file("solved.txt")));
-    // Eventlog.txt is written empty by a solve, which fits; nothing else changed
-    // and no temporary file is left.
+    // Only Eventlog.txt, written empty by a solve, changed; no temporary file is left.
     auto after = folderBytes(app.dir.path());
     EXPECT_EQ(after["Eventlog.txt"], "");
     after.erase("Eventlog.txt");

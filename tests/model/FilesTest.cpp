@@ -1,5 +1,4 @@
-// The files of a session: where they are (beside the executable, or installed with the user's
-// own folders), start-up without a window, Quorrel.cfg, the rule-order dialog, Permu.txt, collections.
+// A session's files: where they are, start-up, Quorrel.cfg, the rule-order dialog, Permu.txt, collections.
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,4 @@
-// Rule hints: the board after a hint, a repeat, the log and the solver's
-// records around the run; clicks on hint lines; the cell hint; the pointer
-// read-outs. The reports themselves are command-line cases (tests/data/cli/hint-*).
+// Rule hints around their reports (the command-line cases cli/hint-*), the cell hint, the pointer read-outs.
 
 #include <gtest/gtest.h>
 

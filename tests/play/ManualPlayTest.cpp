@@ -1,6 +1,4 @@
-// Manual play on puzzle 1 of pe96: selecting, typing, the drop-down, refused
-// placements with both kinds of advice, Delete, Undo, the move list, the
-// summaries, a game played to the end and the explanation of a cell's choices.
+// Manual play on puzzle 1 of pe96, from the first click to a game played to the end.
 
 #include <gtest/gtest.h>
 
@@ -117,8 +115,7 @@ TEST_F(ManualPlayTest, AMoveListClickSelectsDeleteTakesTheCellsEntryOutUndoTakes
   EXPECT_EQ(s.grid[2].value, 0);
   EXPECT_EQ(m.moves(), "C09 = 7, C01 = 4, C04 = 9");
   EXPECT_EQ(choices(2), "58");
-  // Delete again on the now empty cell: nothing to take off, the summaries are
-  // refreshed all the same.
+  // Delete again on the now empty cell: nothing to take off, the summaries refreshed all the same.
   play.PossibleInRow[0] = "stale";
   play.keyReleased(ManualPlay::kDeleteKey);
   play.removeManualLogEntry(81);  // no entry: nothing happens

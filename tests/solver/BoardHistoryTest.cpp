@@ -1,5 +1,4 @@
-// The board history: the board rebuilt at every line of whole solves agrees
-// with what the line says, to the line.
+// The board rebuilt at every line of whole solves agrees with what the line says.
 
 #include <gtest/gtest.h>
 

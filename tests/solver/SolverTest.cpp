@@ -1,6 +1,4 @@
-// The solver: each rule on small constructed boards, reading a puzzle, counting solutions,
-// and the runs. How every rule, placement and guess is narrated is pinned by the
-// command-line cases solve-golden-*.
+// The solver: each rule on small boards, reading a puzzle and the runs (whole narrations: cases solve-golden-*).
 
 #include <gtest/gtest.h>
 
@@ -147,8 +145,7 @@ TEST(ReadPuzzle, AReadSetsTheTitleAndPlainCandidatesAndWaitsForStart) {
 
 TEST(ReadPuzzle, ProblemsAreToldAndDuplicateGivensStayOnScreen) {
   const std::string nine = "\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n";  // rows 2..9 empty
-  // "@" in the message stands for the file's path; the grid is its first two rows. A number
-  // beyond the last puzzle is the command-line case solve-number-beyond.
+  // "@" stands for the file's path; the grid is its first two rows. Beyond the last: case solve-number-beyond.
   struct Row { std::string content; int n; std::string message, grid, lastLine; };
   const std::string none(18, '0');
   for (const Row& r : {
