@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "create/EntryDialogs.h"
 #include "create/PuzzleCheck.h"
 #include "model/CollectionFile.h"
@@ -21,11 +19,6 @@ const std::string kSeveral = "8.........95.......76.........426798...571243...89
 // Row 1 leaves its last cell only the 9 that column 9 already holds.
 const std::string kNone = "12345678.........9" + std::string(63, '.');
 
-std::string replaced(std::string text, char from, char to) {
-  std::replace(text.begin(), text.end(), from, to);
-  return text;
-}
-
 TEST(PuzzleVerdict, SolutionsGradeAndTheQuestionForEachKindOfPuzzle) {
   struct Case { std::string puzzle; int solutions, grade; const char *solutionsText, *gradeText, *question; };
   const Case cases[] = {
@@ -33,7 +26,7 @@ TEST(PuzzleVerdict, SolutionsGradeAndTheQuestionForEachKindOfPuzzle) {
       {kTop95, 1, 2, "One solution", "Grade 2 \u00B7 Moderate", ""},
       {kSeveral, 2, 5, "Several solutions", "Grade 5 \u00B7 Diabolical", kSeveralSolutionsQuestion},
       {kNone, 0, 0, "No solution", "", kNoSolutionQuestion},
-      {replaced(kUnique, '.', '0'), 1, 1, "One solution", "Grade 1 \u00B7 Easy", ""},
+      {test::replaced(kUnique, '.', '0'), 1, 1, "One solution", "Grade 1 \u00B7 Easy", ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.puzzle);
@@ -87,8 +80,8 @@ TEST_F(PasteTest, APuzzleInEitherFormBecomesTheNewPuzzleOnceKept) {
   struct Case { std::string text, givens; bool answer; const char* question; };  // answer: to a question asked
   const Case cases[] = {
       {kUnique, kUnique, false, ""},
-      {"  " + replaced(kUnique, '.', '0') + "  # from a list\n", kUnique, false, ""},
-      {replaced(kUnique, '.', '-'), kUnique, false, ""},
+      {"  " + test::replaced(kUnique, '.', '0') + "  # from a list\n", kUnique, false, ""},
+      {test::replaced(kUnique, '.', '-'), kUnique, false, ""},
       {"\r\n" + test::gridRows(kUnique), kUnique, false, ""},
       {kSeveral, kSeveral, true, kSeveralSolutionsQuestion},
       {kNone, kNone, true, kNoSolutionQuestion},

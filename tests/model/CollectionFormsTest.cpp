@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
 
 #include "model/CollectionFile.h"
@@ -29,15 +28,9 @@ std::string rowsText(const PuzzleRowsRead& read) {
   return text;
 }
 
-std::string zeros(std::string cells) {
-  for (char& ch : cells)
-    if (ch == '.') ch = '0';
-  return cells;
-}
+std::string zeros(const std::string& cells) { return test::replaced(cells, '.', '0'); }
 
 TEST(CollectionForms, EachFormCountsReadsAndTellsItsBadLines) {
-  std::string withDashes = kA;
-  std::replace(withDashes.begin(), withDashes.end(), '.', '-');
   // expected: puzzle 1, 2, ... as rows with "0"; problem: @ for the path
   struct Case {
     const char* name;
@@ -50,7 +43,7 @@ TEST(CollectionForms, EachFormCountsReadsAndTellsItsBadLines) {
   const Case cases[] = {
       {"lines", "# two puzzles\n" + kA + "\n\n" + zeros(kB) + "\t4 Hard\r\n", CollectionForm::OnePerLine, 2,
        {zeros(kA), zeros(kB)}, ""},
-      {"dashes", withDashes + " comment\n", CollectionForm::OnePerLine, 1, {zeros(kA)}, ""},
+      {"dashes", test::replaced(kA, '.', '-') + " comment\n", CollectionForm::OnePerLine, 1, {zeros(kA)}, ""},
       {"bad-lines", kA + "\n" + kA.substr(1) + "\n" + kB + "x\n" + kB + "\n", CollectionForm::OnePerLine, 2,
        {zeros(kA), zeros(kB)}, "2 lines of @ are not puzzles and were skipped, the first is line 2"},
       {"grid", "\n" + gridRows(kA) + "\n", CollectionForm::SingleGrid, 1, {zeros(kA)}, ""},

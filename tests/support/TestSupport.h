@@ -50,6 +50,12 @@ inline std::string gridRows(const std::string& cells, const char* lineEnd = "\r\
   return text;
 }
 
+/// The text with every `from` made `to`.
+inline std::string replaced(std::string text, char from, char to) {
+  for (char& ch : text) ch = ch == from ? to : ch;
+  return text;
+}
+
 /// Lines as one text, each ended by "\n".
 inline std::string joinLines(const std::vector<std::string>& lines) {
   std::string text;
