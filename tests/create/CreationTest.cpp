@@ -175,11 +175,7 @@ TEST(CreateWithAStoppedClock, TwoHundredMirrorCreationsInARowAllEnd) {
   EXPECT_EQ(grids.size() + std::size_t(failed), 200u);  // no two puzzles alike
 }
 
-std::string puzzleText(const Session& s) {
-  std::string text;
-  for (int c = 1; c <= kCells; ++c) text.push_back(s.grid[c].value ? char('0' + s.grid[c].value) : '.');
-  return text;
-}
+std::string puzzleText(const Session& s) { return test::replaced(s.grid.valueCode(), '0', '.'); }
 
 TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirrorStaysSymmetric) {
   for (BlankDistribution distribution : {Mirror, ByBox, Random, Manual}) {
