@@ -1,7 +1,5 @@
 #pragma once
-// A session for the creation tests: a fresh application folder for PuzTemp.sud,
-// a random source of the test's choosing and a display that records when the
-// views are hidden and shown.
+// A creation session: its own folder for PuzTemp.sud, a chosen random source, the views' hide/show recorded.
 
 #include <memory>
 #include <string>

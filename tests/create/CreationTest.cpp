@@ -1,6 +1,4 @@
-// The Create command: the blank count, seeding and completion, the distributions
-// and what a new puzzle leaves behind. Whole runs with a seed, the Manual
-// template and its fallbacks are command-line cases (tests/data/cli/create-*).
+// The Create command; whole seeded runs, the Manual template and its fallbacks are the cases cli/create-*.
 
 #include <gtest/gtest.h>
 
@@ -177,11 +175,7 @@ TEST(CreateWithAStoppedClock, TwoHundredMirrorCreationsInARowAllEnd) {
   EXPECT_EQ(grids.size() + std::size_t(failed), 200u);  // no two puzzles alike
 }
 
-std::string puzzleText(const Session& s) {
-  std::string text;
-  for (int c = 1; c <= kCells; ++c) text.push_back(s.grid[c].value ? char('0' + s.grid[c].value) : '.');
-  return text;
-}
+std::string puzzleText(const Session& s) { return test::replaced(s.grid.valueCode(), '0', '.'); }
 
 TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirrorStaysSymmetric) {
   for (BlankDistribution distribution : {Mirror, ByBox, Random, Manual}) {
@@ -196,9 +190,8 @@ TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirro
       EXPECT_EQ(countSolutions(puzzle, 2), 1);
       EXPECT_EQ(result.blanks, std::count(puzzle.begin(), puzzle.end(), '.'));
       EXPECT_EQ(t.session.PuzzleTitle, "New Puzzle (" + std::to_string(result.blanks) + " blanks)");
-      if (distribution == Mirror) {
-        for (std::size_t i = 0; i < puzzle.size(); ++i) EXPECT_EQ(puzzle[i] == '.', puzzle[80 - i] == '.') << i;
-      }
+      for (std::size_t i = 0; i < puzzle.size() && distribution == Mirror; ++i)
+        EXPECT_EQ(puzzle[i] == '.', puzzle[80 - i] == '.') << i;
     }
   }
 }
@@ -213,10 +206,7 @@ TEST(CreateOneSolution, OffByDefaultAndWhenOnOnlyFillsBlanksOfTheSamePuzzle) {
   EXPECT_EQ(countSolutions(before, 2), 2);
   EXPECT_EQ(countSolutions(after, 2), 1);
   EXPECT_LT(std::count(after.begin(), after.end(), '.'), 40);
-  for (std::size_t i = 0; i < before.size(); ++i)
-    if (before[i] != '.') {
-      EXPECT_EQ(after[i], before[i]) << i;
-    }
+  for (std::size_t i = 0; i < before.size(); ++i) EXPECT_TRUE(before[i] == '.' || after[i] == before[i]) << i;
 }
 
 TEST(CreateGrade, RepeatsUntilTheGradeOrTellsThatItWasNotReached) {

@@ -1,10 +1,6 @@
-// The checks of the grid entry dialog (GridEntryDialog) and the blank template dialog
-// (TemplateDialog), what the grid entry does to the session, and each dialog's Help. The
-// dialogs themselves are window tests; a template in use is a command-line case.
+// The entry and template dialogs' checks, help and effect (dialogs: window tests; a template in use: create-manual).
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 #include "create/CreateTestSupport.h"
 #include "create/EntryDialogs.h"
@@ -35,8 +31,7 @@ TEST(EntryChecks, WhatEachTypedTextGives) {
                     notDigit = "Fixed numbers should be from 1 to 9\nEnter zero, dot or a space for missing numbers",
                     badMark = "The grid must have X or a blank",
                     wrongLength = "Grid must have a total of 81 Xs and blanks";
-  std::string dotted = kPuzzle;
-  std::replace(dotted.begin(), dotted.end(), '0', '.');
+  const std::string dotted = test::replaced(kPuzzle, '0', '.');
   // the check, the text typed, what it accepts, its refusal (rows are checked first, then columns, then boxes)
   const std::tuple<decltype(grid), std::string, std::string, std::string> cases[] = {
       {grid, asRows(with(dotted, {{0, ' '}, {1, '/'}}), "\r\n"), kPuzzle, ""},  // blank, dot, slash; line breaks
@@ -84,9 +79,7 @@ TEST(EntryGrid, OkShowsARefusalAndLeavesTheSessionAloneOrMakesTheNewPuzzleAndHel
 
   // The Edit command's text: each row, dots for blanks, a value found by solving too.
   s.grid[1].value = 4;
-  std::string rows = asRows(with(kPuzzle, {{0, '4'}}));
-  std::replace(rows.begin(), rows.end(), '0', '.');
-  EXPECT_EQ(editGridText(s), rows);
+  EXPECT_EQ(editGridText(s), test::replaced(asRows(with(kPuzzle, {{0, '4'}})), '0', '.'));
 }
 
 }  // namespace

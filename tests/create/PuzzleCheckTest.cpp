@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "create/EntryDialogs.h"
 #include "create/PuzzleCheck.h"
 #include "model/CollectionFile.h"
@@ -21,32 +19,14 @@ const std::string kSeveral = "8.........95.......76.........426798...571243...89
 // Row 1 leaves its last cell only the 9 that column 9 already holds.
 const std::string kNone = "12345678.........9" + std::string(63, '.');
 
-std::string replaced(std::string text, char from, char to) {
-  std::replace(text.begin(), text.end(), from, to);
-  return text;
-}
-
-std::string rows(const std::string& cells, const char* lineEnd) {
-  std::string text;
-  for (int r = 0; r < 9; ++r) text += cells.substr(std::size_t(r) * 9, 9) + lineEnd;
-  return text;
-}
-
 TEST(PuzzleVerdict, SolutionsGradeAndTheQuestionForEachKindOfPuzzle) {
-  struct Case {
-    std::string puzzle;
-    int solutions;
-    int grade;
-    const char* solutionsText;
-    const char* gradeText;
-    const char* question;
-  };
+  struct Case { std::string puzzle; int solutions, grade; const char *solutionsText, *gradeText, *question; };
   const Case cases[] = {
       {kUnique, 1, 1, "One solution", "Grade 1 \u00B7 Easy", ""},
       {kTop95, 1, 2, "One solution", "Grade 2 \u00B7 Moderate", ""},
       {kSeveral, 2, 5, "Several solutions", "Grade 5 \u00B7 Diabolical", kSeveralSolutionsQuestion},
       {kNone, 0, 0, "No solution", "", kNoSolutionQuestion},
-      {replaced(kUnique, '.', '0'), 1, 1, "One solution", "Grade 1 \u00B7 Easy", ""},
+      {test::replaced(kUnique, '.', '0'), 1, 1, "One solution", "Grade 1 \u00B7 Easy", ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.puzzle);
@@ -78,7 +58,7 @@ TEST_F(PasteTest, ATextThatIsNotAPuzzleIsToldAndChangesNothing) {
       {kUnique + "7", notPuzzle + "A puzzle on one line has 81 cells; this line has 82 characters."},
       {"x" + kUnique.substr(1),
        notPuzzle + "A puzzle line holds only the digits 1 to 9 and \".\", \"0\" or \"-\" for a blank."},
-      {rows(kUnique, "\n").substr(10),
+      {test::gridRows(kUnique, "\n").substr(10),
        notPuzzle + "A puzzle is one line of 81 cells or nine lines of nine cells; the text has 8 lines."},
       {"3" + kUnique.substr(1), notPuzzle + "Row 1 has duplicate numbers."},   // the 3 of row 1
       {"9" + kUnique.substr(1), notPuzzle + "Col 1 has duplicate numbers."},   // the 9 of row 2
@@ -97,17 +77,12 @@ TEST_F(PasteTest, ATextThatIsNotAPuzzleIsToldAndChangesNothing) {
 }
 
 TEST_F(PasteTest, APuzzleInEitherFormBecomesTheNewPuzzleOnceKept) {
-  struct Case {
-    std::string text;
-    std::string givens;
-    bool answer;  // to the question, when one is asked
-    const char* question;
-  };
+  struct Case { std::string text, givens; bool answer; const char* question; };  // answer: to a question asked
   const Case cases[] = {
       {kUnique, kUnique, false, ""},
-      {"  " + replaced(kUnique, '.', '0') + "  # from a list\n", kUnique, false, ""},
-      {replaced(kUnique, '.', '-'), kUnique, false, ""},
-      {"\r\n" + rows(kUnique, "\r\n"), kUnique, false, ""},
+      {"  " + test::replaced(kUnique, '.', '0') + "  # from a list\n", kUnique, false, ""},
+      {test::replaced(kUnique, '.', '-'), kUnique, false, ""},
+      {"\r\n" + test::gridRows(kUnique), kUnique, false, ""},
       {kSeveral, kSeveral, true, kSeveralSolutionsQuestion},
       {kNone, kNone, true, kNoSolutionQuestion},
       {kSeveral, kTop95, false, kSeveralSolutionsQuestion},  // "No": the board stays

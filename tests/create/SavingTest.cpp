@@ -1,5 +1,4 @@
-// Saving into the current collection: Save new puzzle, Save this puzzle and the
-// batch of created puzzles.
+// Save new puzzle, Save this puzzle and the batch of created puzzles, into the current collection.
 
 #include <gtest/gtest.h>
 
@@ -19,9 +18,7 @@ const std::string kPuzzle = "..3.2.6..9..3.5..1..18.64....81.29..7.......8..67.8
 const std::string kSolution = "483921657967345821251876493548132976729564138136798245372689514814253769695417382";
 
 std::string record(int number, const std::string& cells) {
-  std::string text = (number > 1 ? "\r\n#" : "#") + std::to_string(number) + "\r\n";
-  for (int r = 0; r < 9; ++r) text += cells.substr(std::size_t(r) * 9, 9) + "\r\n";
-  return text;
+  return (number > 1 ? "\r\n#" : "#") + std::to_string(number) + "\r\n" + test::gridRows(cells);
 }
 
 /// Values without the given mark, as solving leaves them.

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
 
 #include "model/CollectionFile.h"
@@ -10,7 +9,9 @@
 
 namespace tessaly {
 namespace {
+using test::gridRows;
 using test::TempDir;
+using Lines = std::vector<std::string>;
 
 const std::string kA = "......95....64..7......7.1..38.15..25..87..6...72.....7...5...9.5.....2.3.94.....";
 const std::string kB = "4.....8.5.3..........7......2.....6.....8.4......1.......6.3.7.5..2.....1.4......";
@@ -27,41 +28,28 @@ std::string rowsText(const PuzzleRowsRead& read) {
   return text;
 }
 
-std::string zeros(std::string cells) {
-  for (char& ch : cells)
-    if (ch == '.') ch = '0';
-  return cells;
-}
-
-std::string grid(const std::string& cells, const char* lineEnd) {
-  std::string text;
-  for (int r = 0; r < 9; ++r) text += cells.substr(std::size_t(r) * 9, 9) + lineEnd;
-  return text;
-}
+std::string zeros(const std::string& cells) { return test::replaced(cells, '.', '0'); }
 
 TEST(CollectionForms, EachFormCountsReadsAndTellsItsBadLines) {
-  std::string withZeros = kB;
-  std::replace(withZeros.begin(), withZeros.end(), '.', '0');
-  std::string withDashes = kA;
-  std::replace(withDashes.begin(), withDashes.end(), '.', '-');
+  // expected: puzzle 1, 2, ... as rows with "0"; problem: @ for the path
   struct Case {
     const char* name;
     std::string content;
     CollectionForm form;
     int puzzles;
-    std::vector<std::string> expected;  // puzzle 1, 2, ... as rows with "0"
+    Lines expected;
     std::string problem;
   };
   const Case cases[] = {
-      {"lines", "# two puzzles\n" + kA + "\n\n" + withZeros + "\t4 Hard\r\n", CollectionForm::OnePerLine, 2,
+      {"lines", "# two puzzles\n" + kA + "\n\n" + zeros(kB) + "\t4 Hard\r\n", CollectionForm::OnePerLine, 2,
        {zeros(kA), zeros(kB)}, ""},
-      {"dashes", withDashes + " comment\n", CollectionForm::OnePerLine, 1, {zeros(kA)}, ""},
+      {"dashes", test::replaced(kA, '.', '-') + " comment\n", CollectionForm::OnePerLine, 1, {zeros(kA)}, ""},
       {"bad-lines", kA + "\n" + kA.substr(1) + "\n" + kB + "x\n" + kB + "\n", CollectionForm::OnePerLine, 2,
        {zeros(kA), zeros(kB)}, "2 lines of @ are not puzzles and were skipped, the first is line 2"},
-      {"grid", "\n" + grid(kA, "\r\n") + "\n", CollectionForm::SingleGrid, 1, {zeros(kA)}, ""},
-      {"grid-short", grid(kA, "\n").substr(10), CollectionForm::SingleGrid, 0, {},
+      {"grid", "\n" + gridRows(kA) + "\n", CollectionForm::SingleGrid, 1, {zeros(kA)}, ""},
+      {"grid-short", gridRows(kA, "\n").substr(10), CollectionForm::SingleGrid, 0, {},
        "Line 8 of @ does not fit a grid of nine lines of nine cells; the file was not read"},
-      {"numbered", "#1\r\n" + grid(kB, "\r\n"), CollectionForm::Numbered, 1, {zeros(kB)}, ""},
+      {"numbered", "#1\r\n" + gridRows(kB), CollectionForm::Numbered, 1, {zeros(kB)}, ""},
   };
   TempDir dir;
   for (const Case& c : cases) {
@@ -103,18 +91,13 @@ TEST(CollectionForms, BinaryAndOversizedFilesAreRefusedWithAMessage) {
 }
 
 TEST(CollectionForms, SavingIntoAOnePerLineFileAddsALineInItsOwnLineEnds) {
-  struct Case {
-    const char* name;
-    std::string content;
-    std::string after;  // the file once kB was appended
-    int number;         // the number of the new puzzle
-  };
+  struct Case { const char* name; std::string content, after; int number; };  // after kB was appended as `number`
   const Case cases[] = {
       {"lf", "# list\n" + kA + "\n", "# list\n" + kA + "\n" + kB + "\n", 2},
       {"crlf", kA + " 1 Easy\r\n" + kA + "\r\n", kA + " 1 Easy\r\n" + kA + "\r\n" + kB + "\r\n", 3},
       {"no-final-end", kA, kA + "\n" + kB + "\n", 2},
       {"bad-lines", kA + "\n" + kA.substr(1) + "\n", kA + "\n" + kA.substr(1) + "\n" + kB + "\n", 2},
-      {"numbered", "#1\r\n" + grid(kA, "\r\n"), "#1\r\n" + grid(kA, "\r\n") + "\r\n#2\r\n" + grid(kB, "\r\n"), 2},
+      {"numbered", "#1\r\n" + gridRows(kA), "#1\r\n" + gridRows(kA) + "\r\n#2\r\n" + gridRows(kB), 2},
   };
   TempDir dir;
   for (const Case& c : cases) {
@@ -145,14 +128,16 @@ TEST(PuzzleText, OneLineOrNineLinesElseAReason) {
   const std::pair<std::string, std::string> cases[] = {  // text, puzzle or "!" + error
       {kA, kA},
       {"  " + kA + "  \n\n", kA},
-      {"\n" + grid(kA, "\n"), kA},
-      {grid(kA, "\r\n"), kA},
+      {"\n" + gridRows(kA, "\n"), kA},
+      {gridRows(kA), kA},
       {"", "!The text holds no puzzle."},
       {kA.substr(1), "!A puzzle on one line has 81 cells; this line has 80 characters."},
       {kA + "1", "!A puzzle on one line has 81 cells; this line has 82 characters."},
       {"x" + kA.substr(1), "!A puzzle line holds only the digits 1 to 9 and \".\", \"0\" or \"-\" for a blank."},
-      {grid(kA, "\n").substr(10), "!A puzzle is one line of 81 cells or nine lines of nine cells; the text has 8 lines."},
-      {"1234567890\n" + grid(kA, "\n").substr(10), "!Line 1 is not a row of nine cells (digits 1 to 9, \".\", \"0\" or \"-\")."},
+      {gridRows(kA, "\n").substr(10),
+       "!A puzzle is one line of 81 cells or nine lines of nine cells; the text has 8 lines."},
+      {"1234567890\n" + gridRows(kA, "\n").substr(10),
+       "!Line 1 is not a row of nine cells (digits 1 to 9, \".\", \"0\" or \"-\")."},
   };
   for (const auto& [text, expected] : cases) {
     const PuzzleTextParse parse = parsePuzzleText(text);

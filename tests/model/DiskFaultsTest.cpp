@@ -1,7 +1,4 @@
-// Faults on disk, met through the operations a user's commands reach: an
-// application folder that cannot be written, a full disk, a collection that
-// changes between its count and a read, and symbolic links that lead nowhere.
-// Each fault is told in a message, the program goes on, and a file that
+// Faults on disk met through the user's commands: each is told, the work goes on, and a file that
 // existed before is either rewritten whole or left byte for byte as it was.
 
 #include <gtest/gtest.h>
@@ -28,31 +25,24 @@ namespace {
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
-const std::string kRows1 = "4..1...7.\r\n.2...8..1\r\n..9.3....\r\n1...5..8.\r\n...2.6...\r\n.7..4...3\r\n"
-                           "....1.6..\r\n8..7...2.\r\n.3...9..5\r\n";
-const std::string kRows2 = "..3.2.6..\r\n9..3.5..1\r\n..18.64..\r\n..81.29..\r\n7.......8\r\n..67.82..\r\n"
-                           "..26.95..\r\n8..2.3..9\r\n..5.1.3..\r\n";
-const std::string kCollection = "#1\r\n" + kRows1 + "\r\n#2\r\n" + kRows2;
 const std::string kPuzzle1 = "4..1...7..2...8..1..9.3....1...5..8....2.6....7..4...3....1.6..8..7...2..3...9..5";
+const std::string kRows1 = test::gridRows(kPuzzle1);
+const std::string kRows2 =
+    test::gridRows("..3.2.6..9..3.5..1..18.64....81.29..7.......8..67.82....26.95..8..2.3..9..5.1.3..");
+const std::string kCollection = "#1\r\n" + kRows1 + "\r\n#2\r\n" + kRows2;
 
 std::string could(const std::string& path) { return "Could not write file: " + path; }
 
 /// Every file of a folder and its bytes (symbolic links by their target).
 std::map<std::string, std::string> folderBytes(const std::string& folder) {
   std::map<std::string, std::string> files;
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    const std::string name = entry.path().filename().string();
-    if (entry.is_symlink())
-      files[name] = "-> " + fs::read_symlink(entry.path()).string();
-    else
-      files[name] = test::readFile(entry.path().string());
-  }
+  for (const auto& entry : fs::directory_iterator(folder))
+    files[entry.path().filename().string()] = entry.is_symlink() ? "-> " + fs::read_symlink(entry.path()).string()
+                                                                 : test::readFile(entry.path().string());
   return files;
 }
 
-/// A session as the window has it: an application folder with the collection
-/// Puzzles.sud (two puzzles), Quorrel.cfg and PuzTemp.sud from earlier runs and
-/// an earlier export, writing its configuration after every read.
+/// A window's session: Puzzles.sud (two puzzles), Quorrel.cfg, PuzTemp.sud and an earlier export beside it.
 struct App {
   test::TempDir dir;
   ScriptedUserInterface ui;
@@ -76,8 +66,7 @@ struct App {
   bool create() {
     return PuzzleCreator(s).createCommand(CreateSettings{"30", BlankDistribution::Random, std::nullopt}).created();
   }
-  /// Solves the puzzle and saves it with its solution as text into `path`
-  /// (answering Yes to the overwrite question).
+  /// Solves the puzzle and saves it as text into `path`, answering Yes to the overwrite question.
   bool solveAndExport(const std::string& path) {
     SolverEngine(s).solveCommand();
     ui.files.push_back(path);
@@ -116,8 +105,7 @@ TEST(DiskFaults, AnUnwritableApplicationFolderIsToldForEachFileAndTheWorkGoesOn)
 
 // --- a full disk: no file may grow past a few bytes
 
-/// Limits the size of files this process writes (RLIMIT_FSIZE) with SIGXFSZ
-/// ignored, so that a write past it fails with EFBIG; restores both after.
+/// Files of this process stop at `bytes` (RLIMIT_FSIZE, SIGXFSZ ignored): a write past it fails with EFBIG.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) {
@@ -158,8 +146,7 @@ TEST(DiskFaults, OnAFullDiskEveryWriteIsToldAndEveryFileKeepsItsBytes) {
     EXPECT_FALSE(app.solveAndExport(app.file("solved.txt")));
     const Lines messages = app.takeMessages();
     EXPECT_EQ(messages.back(), could(app.file("solved.txt")));
-    // Eventlog.txt is written empty by a solve, which fits; nothing else changed
-    // and no temporary file is left.
+    // Only Eventlog.txt, written empty by a solve, changed; no temporary file is left.
     auto after = folderBytes(app.dir.path());
     EXPECT_EQ(after["Eventlog.txt"], "");
     after.erase("Eventlog.txt");
@@ -175,12 +162,8 @@ TEST(DiskFaults, OnAFullDiskEveryWriteIsToldAndEveryFileKeepsItsBytes) {
 // --- the collection changes between the count and a read
 
 TEST(DiskFaults, ACollectionDeletedOrCutAfterItWasCountedIsToldAndThePuzzleStays) {
-  struct Row {
-    const char* what;
-    std::optional<std::string> content;  // nothing: deleted
-    std::string message;                 // with @ for the path
-    int total;
-  };
+  struct Row { const char* what; std::optional<std::string> content; std::string message; int total; };
+  // content: nothing when deleted; message: @ for the path
   const std::string header2 = "#1\r\n" + kRows1 + "\r\n#2\r\n";
   for (const Row& r : {Row{"deleted", std::nullopt, "@ does not appear to have any puzzles", 0},
                        Row{"emptied", "", "@ does not appear to have any puzzles", 0},
@@ -211,20 +194,16 @@ TEST(DiskFaults, ACollectionDeletedOrCutAfterItWasCountedIsToldAndThePuzzleStays
     EXPECT_EQ(app.s.collection.CurrentPuzzleNumber, 1);
     EXPECT_EQ(test::readFile(app.file("Quorrel.cfg")), config);
     // The program goes on: what is left of the file still reads.
-    if (r.total > 0) {
-      EXPECT_TRUE(app.read(1));
-    }
+    EXPECT_TRUE(r.total == 0 || app.read(1));
   }
 }
 
 // --- symbolic links that lead nowhere, and one that leads somewhere
 
 TEST(DiskFaults, ASymbolicLinkLoopIsToldWhereverItStandsAndStaysALink) {
-  struct Row {
-    std::string loop;      // the file that is a link to itself
-    Lines startMessages;   // with @ for the application folder
-    Lines workMessages;    // read, create, save new, write the configuration
-  };
+  // The file that is a link to itself, the messages of the start and of read, create, save new and
+  // writing the configuration (@ for the application folder).
+  struct Row { std::string loop; Lines startMessages, workMessages; };
   for (const Row& r : {Row{"Puzzles.sud",
                            {"Default puzzle file not found: @Puzzles.sud"},
                            {"@Puzzles.sud does not appear to have any puzzles", could("@Puzzles.sud")}},
@@ -245,13 +224,10 @@ TEST(DiskFaults, ASymbolicLinkLoopIsToldWhereverItStandsAndStaysALink) {
 
     app.read(1);
     app.create();
-    if (r.loop == "Puzzles.sud") {
-      EXPECT_FALSE(saveNewCommand(app.s));
-    }
+    EXPECT_TRUE(r.loop != "Puzzles.sud" || !saveNewCommand(app.s));  // saving into the loop fails
     writeConfiguration(app.s);
-    Lines messages = app.takeMessages();
     // Only the faults' messages: the created puzzle and a successful save say nothing else here.
-    EXPECT_EQ(messages, withFolder(r.workMessages));
+    EXPECT_EQ(app.takeMessages(), withFolder(r.workMessages));
     EXPECT_TRUE(fs::is_symlink(app.file(r.loop)));
     auto after = folderBytes(app.dir.path());
     for (const char* written : {"Quorrel.cfg", "PuzTemp.sud"})

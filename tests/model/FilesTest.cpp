@@ -1,5 +1,4 @@
-// The files of a session: where they are (beside the executable, or installed with the user's
-// own folders), start-up without a window, Quorrel.cfg, the rule-order dialog, Permu.txt, collections.
+// A session's files: where they are, start-up, Quorrel.cfg, the rule-order dialog, Permu.txt, collections.
 
 #include <gtest/gtest.h>
 
@@ -19,8 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kRows = "4..1...7.\r\n.2...8..1\r\n..9.3....\r\n1...5..8.\r\n...2.6...\r\n.7..4...3\r\n"
-                          "....1.6..\r\n8..7...2.\r\n.3...9..5\r\n";
+const std::string kRows =
+    test::gridRows("4..1...7..2...8..1..9.3....1...5..8....2.6....7..4...3....1.6..8..7...2..3...9..5");
 const std::string kPuzzle = "#1\r\n" + kRows;
 
 /// An application folder holding the collections Mine.sud (two puzzles) and Empty.sud.

@@ -1,5 +1,4 @@
-// The spreadsheet writer: the bytes of each record, the calls that fail, and the
-// temporary file it writes into.
+// The spreadsheet writer: the bytes of each record, the calls that fail, the temporary file.
 
 #include <gtest/gtest.h>
 
@@ -91,8 +90,7 @@ TEST(ExcelFile, EachCallAddsItsRecordAndAFailedCallNothing) {
   EXPECT_EQ(readFile(dir.file("r.xls")), expected + kEnd);
 }
 
-// The records go to a temporary file that only closing (or destroying the
-// writer) puts in place, over any earlier file; an abandoned one leaves it alone.
+// Only closing (or destroying) the writer puts its temporary file in place; abandoning it leaves the old file.
 TEST(ExcelFile, WritesThroughATemporaryFileAndNothingWithoutOne) {
   TempDir dir;
   const std::string path = dir.file("s.xls");

@@ -1,5 +1,4 @@
-// The puzzle with its solution: the exports of the grid below and its framed report,
-// compared with whole files kept in tests/data/output, and the save commands.
+// The exports and the framed report of the grid below, compared with whole files of tests/data/output.
 
 #include <gtest/gtest.h>
 
@@ -19,8 +18,7 @@ using namespace test;
 using Strings = std::vector<std::string>;
 namespace fs = std::filesystem;
 
-/// A file of tests/data/output with "@VERSION@" read as the program's version,
-/// so a new release does not change the expected reports.
+/// A file of tests/data/output, "@VERSION@" read as the program's version (a release changes no report).
 std::string expectedOutput(const std::string& name) {
   std::string text = readFile(dataFile("output/" + name));
   if (std::size_t at = text.find("@VERSION@"); at != std::string::npos) text.replace(at, 9, kProgramVersion);

@@ -1,6 +1,4 @@
-// Rule hints: the board after a hint, a repeat, the log and the solver's
-// records around the run; clicks on hint lines; the cell hint; the pointer
-// read-outs. The reports themselves are command-line cases (tests/data/cli/hint-*).
+// Rule hints around their reports (the command-line cases cli/hint-*), the cell hint, the pointer read-outs.
 
 #include <gtest/gtest.h>
 
@@ -42,9 +40,7 @@ TEST(RuleHint, TheBoardStaysAsItWasAndARepeatGivesTheSameReport) {
     const int blanks = s.BlanksLeft;
     runRuleHint(s, index);
     const Lines report = s.Hints;
-    std::string text;
-    for (const std::string& line : report) text += line + "\n";
-    EXPECT_EQ(text, test::readFile(test::dataFile(std::string("cli/") + cliCase + ".out")));
+    EXPECT_EQ(test::joinLines(report), test::readFile(test::dataFile(std::string("cli/") + cliCase + ".out")));
     EXPECT_EQ(board(s), before);
     EXPECT_EQ(s.BlanksLeft, blanks);
     EXPECT_TRUE(s.run.mode == RunState::Waiting && t.ui.messages.empty());
@@ -138,16 +134,13 @@ TEST(RuleHint, AnEarlierRunsFindingsInTheLogPlayNoPart) {
   Session& s = t.session;
   ASSERT_TRUE(readPuzzle(s, test::puzzleFile("top95.sud"), 2));
   SolverEngine(s).solveCommand();
-  std::string earlier;
-  for (const std::string& line : test::logLines(s)) earlier += line + "\n";
+  const std::string earlier = test::joinLines(test::logLines(s));
   ASSERT_NE(earlier.find("04Retry row"), std::string::npos);
   ASSERT_NE(earlier.find("solved"), std::string::npos);
   restoreBoardSnapshot(s, puzzle);
   s.run.mode = RunState::Waiting;
   runRuleHint(s, kAllRulesHint);
-  std::string report;
-  for (const std::string& line : s.Hints) report += line + "\n";
-  EXPECT_EQ(report, test::readFile(test::dataFile("cli/hint-all-rules-found.out")));
+  EXPECT_EQ(test::joinLines(s.Hints), test::readFile(test::dataFile("cli/hint-all-rules-found.out")));
 }
 
 TEST(CellHint, TheOpenCellWithFewestChoicesLowestFirstAndThePointerReadouts) {

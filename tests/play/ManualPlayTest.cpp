@@ -1,6 +1,4 @@
-// Manual play on puzzle 1 of pe96: selecting, typing, the drop-down, refused
-// placements with both kinds of advice, Delete, Undo, the move list, the
-// summaries, a game played to the end and the explanation of a cell's choices.
+// Manual play on puzzle 1 of pe96, from the first click to a game played to the end.
 
 #include <gtest/gtest.h>
 
@@ -117,8 +115,7 @@ TEST_F(ManualPlayTest, AMoveListClickSelectsDeleteTakesTheCellsEntryOutUndoTakes
   EXPECT_EQ(s.grid[2].value, 0);
   EXPECT_EQ(m.moves(), "C09 = 7, C01 = 4, C04 = 9");
   EXPECT_EQ(choices(2), "58");
-  // Delete again on the now empty cell: nothing to take off, the summaries are
-  // refreshed all the same.
+  // Delete again on the now empty cell: nothing to take off, the summaries refreshed all the same.
   play.PossibleInRow[0] = "stale";
   play.keyReleased(ManualPlay::kDeleteKey);
   play.removeManualLogEntry(81);  // no entry: nothing happens
@@ -190,31 +187,21 @@ TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNoneAndOnAnothe
 }
 
 TEST_F(ManualPlayTest, TheExplanationOfEachKindOfCellIsOneMessageWithTheBoxHighlighted) {
-  const std::string process = "The process below explains how the choice of ",
-                    examine = " for this cell was calculated\nExamine the row, column and box highlighted, numbers "
-                              "already given cannot be used in the cell\n",
-                    therefore = "\nTherefore from a range of 1 to 9, the choice of numbers left is ";
+  // Cell 42, cell 1 once a 4 is in it, and a cell with no choice left: tests/data/play/explanations.txt.
   const CandidateExplanation e = explainCandidates(s, 42);
   EXPECT_EQ(std::vector<int>({e.cell, e.row, e.col, e.box}), std::vector<int>({42, 5, 6, 5}));
-  const std::string cell42 = process + "number 4" + examine + "Row 5 given: numbers 7 and 8\n" +
-                             "Col 6 given: numbers 2, 3, 5, 6, 8 and 9\nBox 5 given: numbers 1, 2, 7 and 8" +
-                             therefore + "only number 4";
-  EXPECT_EQ(explained(42), cell42);
+  std::string all = explained(42) + "\n\n";
   EXPECT_EQ(explained(79) + "|" + explained(0), "Cell number 79 has a given value of 3|");
   showCandidateExplanation(s, 42, &play);
-  EXPECT_EQ(rec.events, (Lines{"box on 5", "repaint", "message " + cell42, "box off 5"}));
+  EXPECT_EQ(rec.events, (Lines{"box on 5", "repaint", "message " + explained(42), "box off 5"}));
 
   // A placed value counts in its neighbours but not in its own cell.
   m.type(1, 4);
-  EXPECT_EQ(explained(1), process + "numbers 4 and 5" + examine + "Row 1 given: numbers 2, 3 and 6\n" +
-                              "Col 1 given: numbers 7, 8 and 9\nBox 1 given: numbers 1, 3 and 9" + therefore +
-                              "numbers 4 and 5");
+  all += explained(1) + "\n\n";
   EXPECT_EQ(explainCandidates(s, 2).lines[2] + "|" + explainCandidates(s, 2).lines[3],
             "Row 1 given: numbers 2, 3, 4 and 6|Col 2 given: none");
-
   m.load("12345678" + std::string(36, '.') + "9" + std::string(36, '.'));  // cell 9 has no choice left
-  EXPECT_EQ(explained(9), process + "none" + examine + "Row 1 given: numbers 1, 2, 3, 4, 5, 6, 7 and 8\n" +
-                              "Col 9 given: number 9\nBox 3 given: numbers 7 and 8" + therefore + "none");
+  EXPECT_EQ(all + explained(9) + "\n", test::readFile(test::dataFile("play/explanations.txt")));
 }
 
 }  // namespace

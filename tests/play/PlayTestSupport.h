@@ -1,6 +1,5 @@
 #pragma once
-// A session on the ManualSolve tab with manual play hooked in, whose paints and
-// messages are kept in one sequence: a test sees what was painted while a message was open.
+// A ManualSolve session whose paints and messages form one sequence (what was painted while a message was open).
 
 #include "play/ManualPlay.h"
 #include "solver/ReadPuzzle.h"

@@ -1,5 +1,4 @@
-// The board history: the board rebuilt at every line of whole solves agrees
-// with what the line says, to the line.
+// The board rebuilt at every line of whole solves agrees with what the line says.
 
 #include <gtest/gtest.h>
 
@@ -20,11 +19,8 @@ TEST(BoardHistory, EveryLineSeesTheBoardItTellsAbout) {
   const std::regex removal(R"(^Remove (?:(?:row|col|box) duplicate )?(\d+) from choice (\d+) in .*cell (\d+)$)");
   const std::regex setRow(R"(^Set row \d, col \d, cell (\d+) to value (\d))");
   struct Case { std::string file; int number; bool rulesOnly; };
-  const Case cases[] = {{kPe96, 1, true},
-                        {kPe96, 7, true},
-                        {test::puzzleFile("top95.sud"), 2, false},
-                        {test::puzzleFile("hardest.sud"), 1, false},
-                        {test::kSingles, test::kDiabolical118, true},
+  const Case cases[] = {{kPe96, 1, true}, {kPe96, 7, true}, {test::puzzleFile("top95.sud"), 2, false},
+                        {test::puzzleFile("hardest.sud"), 1, false}, {test::kSingles, test::kDiabolical118, true},
                         {test::kSingles, test::kKaggleExpert525, false}};
   for (const auto& [file, number, rulesOnly] : cases) {
     SCOPED_TRACE(file + " " + std::to_string(number));

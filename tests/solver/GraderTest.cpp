@@ -11,22 +11,28 @@
 namespace tessaly {
 namespace {
 
-// Kaggle "Beginner" (singles), top95 #1, a puzzle with several solutions, and
-// one whose first row cannot be finished (its missing 9 stands in column 9).
+// Kaggle "Beginner" (singles), top95 #1, several solutions, and a row whose missing 9 stands in column 9.
 const std::string kSinglesOnly = "......95....64..7......7.1..38.15..25..87..6...72.....7...5...9.5.....2.3.94.....";
 const std::string kTop95First = "4.....8.5.3..........7......2.....6.....8.4......1.......6.3.7.5..2.....1.4......";
 const std::string kTwoSolutions = ".....58..4.....2.16..2...7.......56..3..6.9.....3..........4..........5.1.....63.";
+const std::string kGrade4 = "...3...9.....2...54..1...37.96.3...11.....9.........5...9..74..72.......58..9..6.";
+const std::string kGrade5 = ".769...4....4...36.....3.1..3......5..7.1......9.8..6...15..4...6...4...9.8......";
 const std::string kNoSolution = "12345678.........9" + std::string(63, '.');
 
 TEST(SolutionCounter, CountsNoneOneOrTwoAndStopsAtTheLimit) {
+  // Counts through the command line: the cases count-*.
   const std::string solved = "123456789456789123789123456214365897365897214897214365531642978648971532972538641";
+  const std::string blank(81, '.');
   const std::tuple<std::string, int, int> cases[] = {
       {kSinglesOnly, 2, 1},  {kTop95First, 2, 1},         {kTwoSolutions, 2, 2}, {kTwoSolutions, 1, 1},
-      {kNoSolution, 2, 0},   {solved, 2, 1},              {std::string(81, '.'), 2, 2},
-      {"11" + std::string(79, '.'), 2, 0},  // a repeated given
-      {std::string(81, '.'), 0, 0},
-  };
-  for (const auto& [puzzle, limit, expected] : cases) EXPECT_EQ(countSolutions(puzzle, limit), expected) << puzzle;
+      {kNoSolution, 2, 0},   {solved, 2, 1},              {blank, 2, 2},         {blank, 0, 0},
+      {std::string(81, '0'), 5, 5}, {std::string(), 3, 3},          // "0" and missing cells are blanks
+      {"11" + std::string(79, '.'), 2, 0},                          // row 1 twice
+      {"....7" + std::string(71, '.') + "7", 2, 0},                 // column 5 twice
+      {"5" + std::string(19, '.') + "5" + blank, 2, 0},             // box 1 twice
+      {kSinglesOnly + "99", 2, 1}};                                 // beyond the 81st: ignored
+  for (const auto& [puzzle, limit, expected] : cases)
+    EXPECT_EQ(countSolutions(puzzle, limit), expected) << puzzle << " limit " << limit;
 }
 
 TEST(SolutionCounter, GivesTheSolutionItFinds) {
@@ -40,8 +46,8 @@ TEST(Grader, RecordsHardestRuleGuessesSolutionsAndGrade) {
       {kSinglesOnly, 1, 5, 0, 1},
       {".......1..41..3...2....783..95...........19.4....82.6...9158..25.......8.1.2...9.", 2, 2, 0, 1},
       {".8.....6.2........6.1..598.4..8.3.2.....1.7..8....4..1.2..68.3...3.7..........1..", 3, 4, 2, 1},
-      {"...3...9.....2...54..1...37.96.3...11.....9.........5...9..74..72.......58..9..6.", 4, 3, 4, 1},
-      {".769...4....4...36.....3.1..3......5..7.1......9.8..6...15..4...6...4...9.8......", 5, 3, 16, 1},
+      {kGrade4, 4, 3, 4, 1},
+      {kGrade5, 5, 3, 16, 1},
       {kTop95First, 2, 2, 0, 1},
       {kTwoSolutions, 5, 3, 17, 2},
       {kNoSolution, 0, 0, 0, 0},
@@ -66,13 +72,9 @@ TEST(Grader, GradeForMapsRulesAndGuesses) {
   EXPECT_EQ(gradeName(0), "-");
 }
 
-// For a puzzle with one solution, renaming the digits changes neither the
-// steps of the rules nor the search tree; turning the grid over its diagonal
-// keeps the steps before a guess.
+// Renamed digits keep the rules' steps and the search tree; the grid turned over its diagonal keeps the steps.
 TEST(Grader, SameGradeForRenamedDigitsAndForTheTurnedGridWithoutGuesses) {
-  const std::string puzzles[] = {kSinglesOnly, kTop95First,
-                                 "...3...9.....2...54..1...37.96.3...11.....9.........5...9..74..72.......58..9..6.",
-                                 ".769...4....4...36.....3.1..3......5..7.1......9.8..6...15..4...6...4...9.8......"};
+  const std::string puzzles[] = {kSinglesOnly, kTop95First, kGrade4, kGrade5};
   for (const std::string& puzzle : puzzles) {
     std::string renamed = puzzle, turned = puzzle;
     for (char& ch : renamed)

@@ -1,6 +1,4 @@
-// Reading from a one-per-line file with lines that are not puzzles: the
-// session tells them once for the file, again once the file changes, and a
-// new session tells them afresh.
+// Lines of a one-per-line file that are not puzzles are told once per file and session, again once it changes.
 
 #include <gtest/gtest.h>
 
@@ -20,12 +18,7 @@ TEST(ReadPuzzle, SkippedLinesAreToldOnceForEachFileInASession) {
   test::writeFile(path, kA + "\n" + kA.substr(1) + "\n" + kA + "\n");
   test::TestSession first;
   test::TestSession second;
-  struct Step {
-    test::TestSession* session;
-    int n;
-    std::string told;  // "" for nothing
-    std::string rewrite;
-  };
+  struct Step { test::TestSession* session; int n; std::string told, rewrite; };  // told: "" for nothing
   const Step steps[] = {
       {&first, 1, one, ""},
       {&first, 2, "", ""},

@@ -1,6 +1,4 @@
-// The solver: each rule on small constructed boards, reading a puzzle, counting solutions,
-// and the runs. How every rule, placement and guess is narrated is pinned by the
-// command-line cases solve-golden-*.
+// The solver: each rule on small boards, reading a puzzle and the runs (whole narrations: cases solve-golden-*).
 
 #include <gtest/gtest.h>
 
@@ -35,11 +33,7 @@ struct Board {
       if (std::ranges::find(a.keep, c) == a.keep.end()) set(c, a.others);
   }
   std::string text(int cell) { return s.grid[cell].candidates.text(); }
-  std::string narration() {
-    std::string all;
-    for (const std::string& line : test::logLines(s)) all += line + "\n";
-    return all;
-  }
+  std::string narration() { return test::joinLines(test::logLines(s)); }
   void apply(int rule) { (engine.*ruleNumbered(rule)->apply)(); }
 };
 
@@ -47,59 +41,21 @@ TEST(Rules, EachRuleNarratesItsReductionsThenHandsOverToRule1) {
   // How the narration begins and its length in lines, the rule's reductions, candidates afterwards.
   struct Row { int rule; bool empty; std::vector<AreaSetup> areas; Cells cells; std::string narration;
                int lines, reductions; Cells after; };
-  std::string rule2 = "01Apply Rule 2\n", rule4 = "01Apply Rule 4\n";
-  for (int c : {13, 14, 15, 16, 17, 18, 30, 39, 48, 57, 66, 75})
-    rule2 += "01Rule 2: in box 1, choice 5 appears once in " + std::string(c < 19 ? "row 2" : "col 3") +
-             "\n01Remove 5 from choice 123456789 in row " + num(CellRow[c]) + ", col " + num(CellCol[c]) + ", cell " +
-             std::to_string(c) + "\n";
-  for (int c : {3, 10, 12, 19, 21})
-    rule4 += "01Rule 4: box 1, choice 7 occurs in col 2 of this box only\n01Remove 7 from choice " +
-             std::string(c == 3 ? "17" : "123456789") + " in cell " + std::to_string(c) + "\n";
+  const std::string kFile = "<file>";  // the narration begins with tests/data/rules/ruleN.txt
   std::vector<Row> rows = {
       // Singles are deleted from their areas again and again, then placed.
-      {1, true, {}, {{1, "7"}, {2, "78"}, {3, "789"}}, R"(01Apply Rule 1
-00Remove row duplicate 7 from choice 78 in row 1, col 2, cell 2
-00Remove row duplicate 7 from choice 789 in row 1, col 3, cell 3
-00Remove row duplicate 8 from choice 89 in row 1, col 3, cell 3
-00Place additional 3 single values generated
-00Set row 1, col 1, cell 1 to value 7
-00Set row 1, col 2, cell 2 to value 8
-00Set row 1, col 3, cell 3 to value 9
-)", 8, 0, {{3, "9"}}},
+      {1, true, {}, {{1, "7"}, {2, "78"}, {3, "789"}}, kFile, 8, 0, {{3, "9"}}},
       // In box 1 digit 5 is possible only in cell 12 (row 2, col 3).
-      {2, false, {{AreaKind::Box, 1, {12}, "12346789"}}, {},
-       rule2 + "01End Rule 2: made 12 reductions\n01Apply Rule 1\n01No additional single values found\n", 28, 12,
-       {{18, "12346789"}, {12, "123456789"}}},
-      {3, true, {}, {{1, "47"}, {11, "47"}, {21, "1479"}}, R"(01Apply Rule 3
-01Rule 3: box 1 has duplicate pair
-01Remove 4 from choice 1479 in cell 21
-01Rule 3: box 1 has duplicate pair
-01Remove 7 from choice 179 in cell 21
-01End Rule 3: made 2 reductions
-01Apply Rule 1
-01No additional single values found
-)", 8, 2, {{21, "19"}, {1, "47"}}},
+      {2, false, {{AreaKind::Box, 1, {12}, "12346789"}}, {}, kFile, 28, 12, {{18, "12346789"}, {12, "123456789"}}},
+      {3, true, {}, {{1, "47"}, {11, "47"}, {21, "1479"}}, kFile, 8, 2, {{21, "19"}, {1, "47"}}},
       // Column 2 holds 7 only in cells of box 1; a single (cell 1) is never reduced. Rule 1 then
       // places the 7 of cell 1 and the 1 left in cell 3, deleting that 1 from column 3.
       {4, false, {{AreaKind::Col, 2, {2, 11, 20}, "12345689"}}, {{1, "7"}, {3, "17"}},
-       rule4 + "01End Rule 4: made 5 reductions\n01Apply Rule 1\n", 50, 5, {{1, "7"}, {3, "1"}, {12, "2345689"}}},
+       kFile, 50, 5, {{1, "7"}, {3, "1"}, {12, "2345689"}}},
       // Digit 3 only in cell 41 of box 5; digit 8 only in cell 80 of row 9.
-      {5, false, {{AreaKind::Box, 5, {41}, "12456789"}, {AreaKind::Row, 9, {80}, "12345679"}}, {}, R"(01Apply Rule 5
-01Rule 5: in box 5, choice 3 occurs only once in row 5, col 5,cell 41 (123456789)
-01Set row 5, col 5, cell 41 to value 3
-01Rule 5: in row 9, choice 8 occurs only once in row 9, col 8, cell 80 (123456789)
-01Set row 9, col 8, cell 80 to value 8
-01End Rule 5: made 2 reductions
-01Apply Rule 1
-)", 34, 2, {{41, "3"}}},
-      {6, true, {}, {{19, "135"}, {20, "135"}, {22, "135"}, {25, "1358"}}, R"(01Apply Rule 6
-01Rule 6: 3 choice 135 found 3 times in row 3
-01Remove 135 from choice 1358 in cell 25
-01End Rule 6: made 1 reductions
-01Apply Rule 1
-00Place additional 1 single values generated
-00Set row 3, col 7, cell 25 to value 8
-)", 7, 1, {{25, "8"}, {19, "135"}}},
+      {5, false, {{AreaKind::Box, 5, {41}, "12456789"}, {AreaKind::Row, 9, {80}, "12345679"}}, {},
+       kFile, 34, 2, {{41, "3"}}},
+      {6, true, {}, {{19, "135"}, {20, "135"}, {22, "135"}, {25, "1358"}}, kFile, 7, 1, {{25, "8"}, {19, "135"}}},
       // Nothing found: digit 5 in two cells of a box, in the same row; its only place
       // already a single; two equal pairs beside a third pair in column 3 and box 1.
       {2, false, {{AreaKind::Box, 1, {11, 12}, "12346789"}}, {}, "", 2, 0, {}},
@@ -108,9 +64,13 @@ TEST(Rules, EachRuleNarratesItsReductionsThenHandsOverToRule1) {
   for (int rule = 1; rule <= 6; ++rule) rows.push_back({rule, false, {}, {}, "", 2, 0, {}});  // no single anywhere
   for (Row& r : rows) {
     const std::string n = std::to_string(r.rule);
-    if (r.narration.empty())
+    if (r.narration == kFile) {
+      r.narration = test::readFile(test::dataFile("rules/rule" + n + ".txt"));
+      ASSERT_FALSE(r.narration.empty()) << "rules/rule" << n << ".txt";
+    } else if (r.narration.empty()) {
       r.narration = "01Apply Rule " + n + (r.rule == 1 ? "\n01No additional single values found\n"
                                                        : "\n01End Rule " + n + ": no reductions\n");
+    }
     SCOPED_TRACE(r.narration);
     Board b(r.empty);
     for (const AreaSetup& a : r.areas) b.set(a);
@@ -162,8 +122,8 @@ TEST(CandidateTexts, RepeatsIgnoreNonDigits) {
 
 // Project Euler grid 01: Rule 1 alone finishes it.
 const std::string kEasy = "..3.2.6..9..3.5..1..18.64....81.29..7.......8..67.82....26.95..8..2.3..9..5.1.3..";
-const std::string kPuzzle1 = "#1\r\n4..1...7.\r\n.2...8..1\r\n..9.3....\r\n1...5..8.\r\n...2.6...\r\n.7..4...3\r\n"
-                             "....1.6..\r\n8..7...2.\r\n.3...9..5\r\n";
+const std::string kPuzzle1 =
+    "#1\r\n" + test::gridRows("4..1...7..2...8..1..9.3....1...5..8....2.6....7..4...3....1.6..8..7...2..3...9..5");
 
 TEST(ReadPuzzle, AReadSetsTheTitleAndPlainCandidatesAndWaitsForStart) {
   // What a read narrates is pinned by the command-line cases (tests/data/cli/solve-*).
@@ -185,8 +145,7 @@ TEST(ReadPuzzle, AReadSetsTheTitleAndPlainCandidatesAndWaitsForStart) {
 
 TEST(ReadPuzzle, ProblemsAreToldAndDuplicateGivensStayOnScreen) {
   const std::string nine = "\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n";  // rows 2..9 empty
-  // "@" in the message stands for the file's path; the grid is its first two rows. A number
-  // beyond the last puzzle is the command-line case solve-number-beyond.
+  // "@" stands for the file's path; the grid is its first two rows. Beyond the last: case solve-number-beyond.
   struct Row { std::string content; int n; std::string message, grid, lastLine; };
   const std::string none(18, '0');
   for (const Row& r : {
@@ -216,20 +175,6 @@ TEST(ReadPuzzle, ProblemsAreToldAndDuplicateGivensStayOnScreen) {
   s.writesConfiguration = false;
   EXPECT_FALSE(readPuzzle(s, test::puzzleFile("pe96.sud"), 1));
   EXPECT_TRUE(ui.messages.empty());
-}
-
-TEST(SolutionCounter, CountsNoFurtherThanTheLimit) {
-  // One, several and none (a row repeat) are counted by the command-line cases count-*.
-  const std::string solved = "483921657967345821251876493548132976729564138136798245372689514814253769695417382";
-  const std::string several = "8.........95.......76.........426798...571243...893165......916....3.487....1.532";
-  const std::string blank(81, '.');
-  for (auto [puzzle, limit, expected] : {std::tuple{solved, 2, 1}, {several, 2, 2}, {several, 1, 1},
-                                         {std::string(81, '0'), 5, 5}, {std::string(), 3, 3}, {kEasy, 0, 0},
-                                         {"....7" + std::string(71, '.') + "7", 2, 0},  // column 5 twice
-                                         {"5" + std::string(19, '.') + "5" + blank, 2, 0},  // box 1 twice
-                                         {".12345678" + std::string(9, '.') + "9" + blank, 2, 0},  // cell 1: no digit
-                                         {kEasy + "99", 2, 1}})  // beyond the 81st: ignored
-    EXPECT_EQ(countSolutions(puzzle, limit), expected) << puzzle << " limit " << limit;
 }
 
 /// A grid of blank cells, each with all nine candidates, unless a test loads givens.

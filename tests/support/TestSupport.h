@@ -43,6 +43,26 @@ inline void writeFile(const std::string& path, const std::string& content) {
   out << content;
 }
 
+/// An 81-cell puzzle as nine rows of nine, each ended by `lineEnd`.
+inline std::string gridRows(const std::string& cells, const char* lineEnd = "\r\n") {
+  std::string text;
+  for (std::size_t r = 0; r < 9; ++r) text += cells.substr(r * 9, 9) + lineEnd;
+  return text;
+}
+
+/// The text with every `from` made `to`.
+inline std::string replaced(std::string text, char from, char to) {
+  for (char& ch : text) ch = ch == from ? to : ch;
+  return text;
+}
+
+/// Lines as one text, each ended by "\n".
+inline std::string joinLines(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+  return text;
+}
+
 /// Loads an 81-character puzzle (digits are givens, anything else blank) into the
 /// grid the way a read does: givens carry their digit as candidate.
 inline void loadGivens(Session& s, const std::string& puzzle) {
