@@ -96,8 +96,6 @@ class FaultsTest : public WindowFixture {
     });
     click("EditCommand");
   }
-  bool enabled(const char* name) const { return child(name)->isEnabled(); }
-
   PrintRecord m_print;
 };
 
@@ -115,7 +113,6 @@ TEST_F(FaultsTest, PrintingWithTheLogPrintsEveryLineOfTheLogWrappedAtThePageEdge
     expected.insert(expected.find("EVENT LOG\r\n") + 11, log);
 
     const PrintRecord& printed = printWithLog();
-    ASSERT_FALSE(printed.pages.isEmpty());
     QStringList rows;
     for (const QStringList& page : printed.pages) rows << page;
     ASSERT_FALSE(rows.isEmpty());
@@ -285,16 +282,14 @@ TEST_F(FaultsTest, ClearingNoPausesDuringARunWaitsAgainWithNextEnabled) {
   session.controls.PauseCheck = false;
   start(1);
   std::vector<bool> nextEnabledAtPause;
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&] {
-    if (!window->isWaiting() || int(nextEnabledAtPause.size()) >= window->pauseWaits()) return;
-    nextEnabledAtPause.push_back(enabled("NextStepCommand"));
-    if (nextEnabledAtPause.size() > 1) return click("NextStepCommand", Qt::RightButton);
-    click("PauseCheck");  // runs on ...
-    click("PauseCheck");  // ... and steps again
-    EXPECT_FALSE(session.controls.PauseCheck);
-  });
-  timer.start(2);
+  const auto note = [&] { nextEnabledAtPause.push_back(enabled("NextStepCommand")); };
+  PauseScript script(*window, {[&] {
+                                 note();
+                                 click("PauseCheck");  // runs on ...
+                                 click("PauseCheck");  // ... and steps again
+                                 EXPECT_FALSE(session.controls.PauseCheck);
+                               },
+                               [&] { note(); click("NextStepCommand", Qt::RightButton); }});
   click("StartCommand");
   EXPECT_EQ(nextEnabledAtPause, (std::vector<bool>{true, true}));
   EXPECT_FALSE(window->isWaiting());

@@ -1,12 +1,14 @@
 #pragma once
 // Shared by the widget tests: finding and clicking a named widget, answering an
-// entry dialog once it opens, and a main window on a scratch folder that is its
-// application directory and working folder, with scripted messages and files.
+// entry dialog once it opens, acting at a stepping run's pauses, and a main window on
+// a scratch folder (its application directory and working folder) with scripted messages and files.
 
 #include <gtest/gtest.h>
 
 #include <QTest>
 #include <QtWidgets>
+#include <climits>
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -65,6 +67,34 @@ inline void answerDialog(const char* button, std::function<void(EntryDialog&)> p
   });
 }
 
+using Actions = std::deque<std::function<void()>>;
+
+/// Acts on a window while a stepping run waits (the run blocks the test, so from a timer): one action at each new
+/// pause point; after `patience` ticks at the same point (an action left it waiting) the next one follows. A
+/// watchdog closes the window if the run never lets go.
+class PauseScript {
+ public:
+  PauseScript(MainWindow& window, Actions actions, int patience = INT_MAX) : m_actions(std::move(actions)) {
+    QObject::connect(&m_timer, &QTimer::timeout, [this, patience, w = QPointer(&window)] {
+      if (!w || !w->isWaiting() || m_actions.empty()) return;
+      if (w->pauseWaits() == m_lastWait && ++m_idleTicks < patience) return;
+      m_lastWait = w->pauseWaits();
+      m_idleTicks = 0;
+      auto action = std::move(m_actions.front());
+      m_actions.pop_front();
+      action();
+    });
+    m_timer.start(2);
+    QTimer::singleShot(30000, &m_timer, [w = QPointer(&window)] { if (w) w->close(); });
+  }
+  bool done() const { return m_actions.empty(); }
+
+ private:
+  Actions m_actions;
+  QTimer m_timer;
+  int m_lastWait = 0, m_idleTicks = 0;
+};
+
 class WindowFixture : public ::testing::Test {
  protected:
   /// The application directory, ending in "/"; also the working folder.
@@ -83,6 +113,7 @@ class WindowFixture : public ::testing::Test {
   template <class T = QWidget>
   T* child(const QString& name) const { return named<T>(window.get(), name); }
   QAction* action(const char* name) const { return child<QAction>(name); }
+  bool enabled(const char* name) const { return child(name)->isEnabled(); }
   void selectTab(Tab tab) {
     auto* tabs = child<QTabBar>("ctlTabs");
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
