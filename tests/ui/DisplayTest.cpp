@@ -95,8 +95,7 @@ TEST(FrameBoxPaint, DrawsWhatAPlainGroupBoxDrawsAfterEachChangeOfTitleSizeStateC
   auto* kept = new FrameBox("Puzzle 1 of 125", &window);
   auto* plain = new QGroupBox("Puzzle 1 of 125", &window);
   window.show();
-  // Drawn once and copied, the translucent parts of the frame may round a
-  // channel differently by one; a stale drawing differs by far more.
+  // Drawn once and copied, translucent parts may round a channel differently by one; a stale drawing by far more.
   const auto sameDrawing = [&] {
     QApplication::processEvents();
     const QImage a = kept->grab().toImage(), b = plain->grab().toImage();

@@ -26,8 +26,7 @@ const Command kCommands[] = {
 
 class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<std::tuple<During, int>> {
  protected:
-  // Gives the command as a user's click would arrive in that state (at a pause point, or among the events a run
-  // lets through); returns the run under way when it was given.
+  // Gives the command as a click would arrive in that state; returns the run under way when it was given.
   RunActivity giveDuring(During during, const std::function<void()>& command) {
     RunActivity seen = RunActivity::None;
     auto give = [&] {

@@ -104,11 +104,15 @@ class WindowFixture : public ::testing::Test {
   void start(int n = 0) {
     if (!std::filesystem::exists(appDir() + "Puzzles.sud"))
       std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
-    window = std::make_unique<MainWindow>(session, &ui);
+    open();
+    if (n > 0 && !HasFatalFailure()) window->readPuzzleFile(appDir() + "Puzzles.sud", n);
+  }
+  /// Starts the window on the application directory as it is; `ownDialogs` lets it use its own dialogs.
+  void open(bool ownDialogs = false) {
+    window = std::make_unique<MainWindow>(session, ownDialogs ? nullptr : &ui);
     window->startUp(appDir());
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    if (n > 0) window->readPuzzleFile(appDir() + "Puzzles.sud", n);
   }
   template <class T = QWidget>
   T* child(const QString& name) const { return named<T>(window.get(), name); }
