@@ -67,14 +67,10 @@ class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<
   void clickIfEnabled(const char* name) {
     if (clickable(name)) testing::click(child(name));
   }
-  void onTab(Tab tab) {
-    auto* tabs = child<QTabBar>("ctlTabs");
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
-  }
 
   void give(const Command& command) {
     const std::string name = command.name;
-    if (command.tab) onTab(*command.tab);
+    if (command.tab) selectTab(*command.tab, true);
     if (name == "Edit" && clickable("EditCommand")) answerDialog("OKButton");
     if (name == "SaveNew") ui.answers.push_back(true);
     if (name == "SaveThisPuzzle") {
@@ -99,7 +95,7 @@ TEST_P(RunStateTest, TheCommandLeavesControlsThatMatchWhatCanBeDoneNext) {
   EXPECT_EQ(seen, expected[int(during)]) << "the command came too late or too early";
 
   // No run is left: nothing waits, and the buttons are those of a board at rest.
-  onTab(Tab::AutoSolve);
+  selectTab(Tab::AutoSolve, true);
   EXPECT_FALSE(window->isWaiting());
   EXPECT_EQ(session.run.activity, RunActivity::None);
   const bool blanks = session.grid.filledCount() < kCells;
