@@ -66,8 +66,7 @@ TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourOnTheGridAndAmongTheCho
       {5, qcolor(scheme.highlightRed), qcolor(scheme.highlightRed)},
       {6, qcolor(scheme.colour[6]), qcolor(scheme.colour[6])},  // a dead end shows on the grid too
       {7, qcolor(scheme.highlightGreen), qcolor(scheme.highlightGreen)}};
-  // What the window shows after it redraws (only what changed is repainted):
-  // a point just inside the cell's sunken edge.
+  // What the window shows after it redraws (only what changed is repainted), just inside the cell's sunken edge.
   QImage shown;
   const auto redraw = [&] {
     QApplication::processEvents();
@@ -77,22 +76,18 @@ TEST(CellBoardPaint, ShowsEachPaintStateInItsSchemeColourOnTheGridAndAmongTheCho
     const QPoint inside = view->mapTo(&board, cell.rect.topLeft() + QPoint(3, 3));
     return shown.pixelColor(inside * shown.devicePixelRatio());
   };
-  redraw();
-  for (const auto& [cell, value, choice] : expected) {
+  const auto expectShown = [&](int cell, const QColor& value, const QColor& choice) {
     EXPECT_EQ(board.valueCell(cell).back, value) << cell;
     EXPECT_EQ(board.candidateCell(cell).back, choice) << cell;
     EXPECT_EQ(drawn(board.grid(), board.valueCell(cell)), value) << cell;
     EXPECT_EQ(drawn(board.candidateView(), board.candidateCell(cell)), choice) << cell;
-  }
+  };
+  redraw();
+  for (const auto& [cell, value, choice] : expected) expectShown(cell, value, choice);
   board.clearPaints();
   board.refreshFromSession();
   redraw();
-  for (int cell : {5, 6, 7}) {
-    EXPECT_EQ(board.candidateCell(cell).back, qcolor(scheme.candidateBack)) << cell;
-    EXPECT_EQ(board.valueCell(cell).back, white) << cell;
-    EXPECT_EQ(drawn(board.grid(), board.valueCell(cell)), white) << cell;
-    EXPECT_EQ(drawn(board.candidateView(), board.candidateCell(cell)), qcolor(scheme.candidateBack)) << cell;
-  }
+  for (int cell : {5, 6, 7}) expectShown(cell, white, qcolor(scheme.candidateBack));
 }
 
 TEST(FrameBoxPaint, DrawsWhatAPlainGroupBoxDrawsAfterEachChangeOfTitleSizeStateColoursOrFont) {
@@ -100,8 +95,7 @@ TEST(FrameBoxPaint, DrawsWhatAPlainGroupBoxDrawsAfterEachChangeOfTitleSizeStateC
   auto* kept = new FrameBox("Puzzle 1 of 125", &window);
   auto* plain = new QGroupBox("Puzzle 1 of 125", &window);
   window.show();
-  // Drawn once and copied, the translucent parts of the frame may round a
-  // channel differently by one; a stale drawing differs by far more.
+  // Drawn once and copied, translucent parts may round a channel differently by one; a stale drawing by far more.
   const auto sameDrawing = [&] {
     QApplication::processEvents();
     const QImage a = kept->grab().toImage(), b = plain->grab().toImage();

@@ -3,7 +3,6 @@
 // brings the present back first.
 
 #include <QSlider>
-#include <deque>
 #include <regex>
 #include <set>
 
@@ -222,21 +221,9 @@ TEST_F(ReplayTest, APausedRunShowsItsPastAndNextReturnsToThePresent) {
     ++shownWhilePaused;
     click("Solveit");  // stops the stepping run, then solves the present
   };
-  // One action at each new pause point, from a timer since the run blocks the test.
-  std::deque<std::function<void()>> actions{next, next, lookBack, next, lookBack, lastLook};
-  int lastWait = 0;
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&] {
-    if (!window->isWaiting() || actions.empty() || window->pauseWaits() == lastWait) return;
-    lastWait = window->pauseWaits();
-    auto action = std::move(actions.front());
-    actions.pop_front();
-    action();
-  });
-  timer.start(2);
-  QTimer::singleShot(30000, &timer, [this] { window->close(); });
+  PauseScript script(*window, {next, next, lookBack, next, lookBack, lastLook});
   click("StartCommand");
-  EXPECT_TRUE(actions.empty());
+  EXPECT_TRUE(script.done());
   EXPECT_EQ(shownWhilePaused, 7);
   expectPresent();
   EXPECT_EQ(session.grid.filledCount(), kCells);

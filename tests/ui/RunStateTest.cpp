@@ -1,7 +1,7 @@
 // Every command, given at rest, while a Start run waits, while Solve runs and while a puzzle is being created:
 // afterwards no run is left half alive, the buttons offer what can be done next, and the next Solve works.
 
-#include <deque>
+#include <optional>
 
 #include "ui/CommandStates.h"
 #include "UiSupport.h"
@@ -11,13 +11,22 @@ namespace {
 
 enum class During { Idle, StartWaiting, Solving, Creating };
 
-const char* const kCommands[] = {"Start",  "Next",    "Solve",          "Clear",   "Edit",   "NextPuzzle",
-                                 "RuleHint", "DigitAndUndo", "Create", "SaveNew", "SaveThisPuzzle", "OtherTab"};
+/// A command: the tab it is given on (none: wherever the window is), and the button it clicks if it can.
+struct Command {
+  const char* name;
+  std::optional<Tab> tab;
+  const char* button;
+};
+const Command kCommands[] = {
+    {"Start", {}, "StartCommand"},   {"Next", {}, "NextStepCommand"},      {"Solve", {}, "Solveit"},
+    {"Clear", {}, "ClearCommand"},   {"Edit", {}, "EditCommand"},          {"NextPuzzle", {}, "NavButton_1"},
+    {"RuleHint", Tab::ManualSolve, "GetHint_1"},  {"DigitAndUndo", Tab::ManualSolve, "UndoManual"},
+    {"Create", Tab::Create, "CreateCommand"},     {"SaveNew", Tab::Create, "SaveNewCommand"},
+    {"SaveThisPuzzle", {}, nullptr},              {"OtherTab", Tab::ManualSolve, nullptr}};
 
 class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<std::tuple<During, int>> {
  protected:
-  // Gives the command as a user's click would arrive in that state (at a pause point, or among the events a run
-  // lets through); returns the run under way when it was given.
+  // Gives the command as a click would arrive in that state; returns the run under way when it was given.
   RunActivity giveDuring(During during, const std::function<void()>& command) {
     RunActivity seen = RunActivity::None;
     auto give = [&] {
@@ -25,10 +34,10 @@ class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<
       command();
     };
     // Later pauses (a Start given as the command) are run on to the end with the right button.
-    std::deque<std::function<void()>> actions;
+    Actions actions;
     if (during == During::StartWaiting) actions.push_back(give);
     for (int i = 0; i < 3; ++i) actions.push_back([this] { click("NextStepCommand", Qt::RightButton); });
-    PauseScript script(*window, std::move(actions));
+    PauseScript script(*window, std::move(actions), 5);  // an action may leave the run waiting where it was
     switch (during) {
       case During::Idle:
         give();
@@ -50,80 +59,30 @@ class RunStateTest : public WindowFixture, public ::testing::WithParamInterface<
     return seen;
   }
 
-  // Acts once at each pause point a run reaches; if an action left the run waiting there (a disabled button), the
-  // next action follows.
-  class PauseScript {
-   public:
-    PauseScript(MainWindow& window, std::deque<std::function<void()>> actions) : m_actions(std::move(actions)) {
-      QObject::connect(&m_timer, &QTimer::timeout, [this, w = QPointer(&window)] {
-        if (!w || !w->isWaiting() || m_actions.empty()) return;
-        if (w->pauseWaits() == m_lastWait && ++m_idleTicks < 5) return;
-        m_lastWait = w->pauseWaits();
-        m_idleTicks = 0;
-        auto action = std::move(m_actions.front());
-        m_actions.pop_front();
-        action();
-      });
-      m_timer.start(2);
-    }
-
-   private:
-    std::deque<std::function<void()>> m_actions;
-    QTimer m_timer;
-    int m_lastWait = 0;
-    int m_idleTicks = 0;
-  };
-
-  bool enabled(const char* name) const { return child(name)->isEnabled(); }
-
   // What a user cannot click (disabled or hidden) cannot be given.
   bool clickable(const char* name) const {
     QWidget* w = child(name);
     return w && w->isEnabled() && w->isVisible();
   }
-  void clickIfEnabled(const char* name, Qt::MouseButton button = Qt::LeftButton) {
-    if (clickable(name)) testing::click(child(name), button);
-  }
-  void onTab(Tab tab) {
-    auto* tabs = child<QTabBar>("ctlTabs");
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
+  void clickIfEnabled(const char* name) {
+    if (clickable(name)) testing::click(child(name));
   }
 
-  void give(const std::string& command) {
-    if (command == "Start") clickIfEnabled("StartCommand");
-    if (command == "Next") clickIfEnabled("NextStepCommand");
-    if (command == "Solve") clickIfEnabled("Solveit");
-    if (command == "Clear") clickIfEnabled("ClearCommand");
-    if (command == "Edit") {
-      if (clickable("EditCommand")) answerDialog("OKButton");
-      clickIfEnabled("EditCommand");
-    }
-    if (command == "NextPuzzle") clickIfEnabled("NavButton_1");
-    if (command == "RuleHint") {
-      onTab(Tab::ManualSolve);
-      clickIfEnabled("GetHint_1");
-    }
-    if (command == "DigitAndUndo") {
-      onTab(Tab::ManualSolve);
-      click("Grid_1");
-      QTest::keyClick(child("Grid"), Qt::Key_Delete);
-      QTest::keyClick(child("Grid"), Qt::Key_4);
-      clickIfEnabled("UndoManual");
-    }
-    if (command == "Create") {
-      onTab(Tab::Create);
-      clickIfEnabled("CreateCommand");
-    }
-    if (command == "SaveNew") {
-      onTab(Tab::Create);
-      ui.answers.push_back(true);
-      clickIfEnabled("SaveNewCommand");
-    }
-    if (command == "SaveThisPuzzle") {
+  void give(const Command& command) {
+    const std::string name = command.name;
+    if (command.tab) selectTab(*command.tab, true);
+    if (name == "Edit" && clickable("EditCommand")) answerDialog("OKButton");
+    if (name == "SaveNew") ui.answers.push_back(true);
+    if (name == "SaveThisPuzzle") {
       ui.files.push_back(appDir() + "Mine.sud");
       action("mnuSave2InFile")->trigger();
     }
-    if (command == "OtherTab") onTab(Tab::ManualSolve);
+    if (name == "DigitAndUndo") {
+      click("Grid_1");
+      QTest::keyClick(child("Grid"), Qt::Key_Delete);
+      QTest::keyClick(child("Grid"), Qt::Key_4);
+    }
+    if (command.button) clickIfEnabled(command.button);
   }
 };
 
@@ -136,7 +95,7 @@ TEST_P(RunStateTest, TheCommandLeavesControlsThatMatchWhatCanBeDoneNext) {
   EXPECT_EQ(seen, expected[int(during)]) << "the command came too late or too early";
 
   // No run is left: nothing waits, and the buttons are those of a board at rest.
-  onTab(Tab::AutoSolve);
+  selectTab(Tab::AutoSolve, true);
   EXPECT_FALSE(window->isWaiting());
   EXPECT_EQ(session.run.activity, RunActivity::None);
   const bool blanks = session.grid.filledCount() < kCells;
@@ -158,7 +117,7 @@ TEST_P(RunStateTest, TheCommandLeavesControlsThatMatchWhatCanBeDoneNext) {
 
 std::string caseName(const ::testing::TestParamInfo<std::tuple<During, int>>& info) {
   const char* during[] = {"Idle", "StartWaiting", "Solving", "Creating"};
-  return std::string(kCommands[std::get<1>(info.param)]) + "_" + during[int(std::get<0>(info.param))];
+  return std::string(kCommands[std::get<1>(info.param)].name) + "_" + during[int(std::get<0>(info.param))];
 }
 
 INSTANTIATE_TEST_SUITE_P(Commands, RunStateTest,

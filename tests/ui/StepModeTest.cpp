@@ -1,8 +1,6 @@
 // Start, Next and the Pause box: a stepping run waits at each pause point until
 // released; closing, destroying or reading another puzzle ends a run cleanly.
 
-#include <deque>
-
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "ui/WidgetColours.h"
@@ -10,33 +8,6 @@
 
 namespace tessaly::testing {
 namespace {
-
-using Actions = std::deque<std::function<void()>>;
-
-/// Acts on a window while a stepping run waits: each action runs once, at the
-/// next pause point the run waits at, as a user clicking there would. The run
-/// blocks the test (it runs inside the click that started it), so the actions
-/// come from a timer; a watchdog closes the window if they never all run.
-class PauseScript {
- public:
-  PauseScript(MainWindow& window, Actions actions) : m_actions(std::move(actions)) {
-    QObject::connect(&m_timer, &QTimer::timeout, [this, w = QPointer(&window)] {
-      if (!w || !w->isWaiting() || m_actions.empty() || w->pauseWaits() == m_lastWait) return;
-      m_lastWait = w->pauseWaits();  // each pause point is acted on once
-      auto action = std::move(m_actions.front());
-      m_actions.pop_front();
-      action();
-    });
-    m_timer.start(2);
-    QTimer::singleShot(30000, &m_timer, [w = QPointer(&window)] { if (w) w->close(); });
-  }
-  bool done() const { return m_actions.empty(); }
-
- private:
-  Actions m_actions;
-  QTimer m_timer;
-  int m_lastWait = 0;
-};
 
 using StepModeTest = WindowFixture;
 
@@ -109,8 +80,7 @@ TEST_F(StepModeTest, ClosingTheWindowWhileARunWaitsEndsTheProgram) {
     click("StartCommand");
     startReturned = true;
   });
-  // The application's own loop ends when the last window closes, which can
-  // only happen once the waiting run has let go.
+  // The application's loop ends when the last window closes, which it can only once the waiting run lets go.
   EXPECT_EQ(QApplication::exec(), 0);
   EXPECT_TRUE(startReturned);
   EXPECT_TRUE(script.done());
@@ -131,8 +101,7 @@ TEST_F(StepModeTest, DestroyingTheWindowWhileARunWaitsStopsTheRun) {
 
 TEST_F(StepModeTest, ClosingTheWindowWhileSolvingStopsWithoutWritingTheLogFile) {
   start(1);
-  // The window closes as soon as Solve shows the busy pointer: the command is
-  // then on the stack, with none of its work done.
+  // The window closes as Solve shows the busy pointer: the command is on the stack, none of its work done.
   struct : ScriptedUserInterface {
     MainWindow* window = nullptr;
     void setBusy(bool busy) override {

@@ -1,12 +1,14 @@
 #pragma once
 // Shared by the widget tests: finding and clicking a named widget, answering an
-// entry dialog once it opens, and a main window on a scratch folder that is its
-// application directory and working folder, with scripted messages and files.
+// entry dialog once it opens, acting at a stepping run's pauses, and a main window on
+// a scratch folder (its application directory and working folder) with scripted messages and files.
 
 #include <gtest/gtest.h>
 
 #include <QTest>
 #include <QtWidgets>
+#include <climits>
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -65,6 +67,34 @@ inline void answerDialog(const char* button, std::function<void(EntryDialog&)> p
   });
 }
 
+using Actions = std::deque<std::function<void()>>;
+
+/// Acts on a window while a stepping run waits (the run blocks the test, so from a timer): one action at each new
+/// pause point; after `patience` ticks at the same point (an action left it waiting) the next one follows. A
+/// watchdog closes the window if the run never lets go.
+class PauseScript {
+ public:
+  PauseScript(MainWindow& window, Actions actions, int patience = INT_MAX) : m_actions(std::move(actions)) {
+    QObject::connect(&m_timer, &QTimer::timeout, [this, patience, w = QPointer(&window)] {
+      if (!w || !w->isWaiting() || m_actions.empty()) return;
+      if (w->pauseWaits() == m_lastWait && ++m_idleTicks < patience) return;
+      m_lastWait = w->pauseWaits();
+      m_idleTicks = 0;
+      auto action = std::move(m_actions.front());
+      m_actions.pop_front();
+      action();
+    });
+    m_timer.start(2);
+    QTimer::singleShot(30000, &m_timer, [w = QPointer(&window)] { if (w) w->close(); });
+  }
+  bool done() const { return m_actions.empty(); }
+
+ private:
+  Actions m_actions;
+  QTimer m_timer;
+  int m_lastWait = 0, m_idleTicks = 0;
+};
+
 class WindowFixture : public ::testing::Test {
  protected:
   /// The application directory, ending in "/"; also the working folder.
@@ -74,19 +104,27 @@ class WindowFixture : public ::testing::Test {
   void start(int n = 0) {
     if (!std::filesystem::exists(appDir() + "Puzzles.sud"))
       std::filesystem::copy_file(puzzleFile("pe96.sud"), appDir() + "Puzzles.sud");
-    window = std::make_unique<MainWindow>(session, &ui);
+    open();
+    if (n > 0 && !HasFatalFailure()) window->readPuzzleFile(appDir() + "Puzzles.sud", n);
+  }
+  /// Starts the window on the application directory as it is; `ownDialogs` lets it use its own dialogs.
+  void open(bool ownDialogs = false) {
+    window = std::make_unique<MainWindow>(session, ownDialogs ? nullptr : &ui);
     window->startUp(appDir());
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    if (n > 0) window->readPuzzleFile(appDir() + "Puzzles.sud", n);
   }
   template <class T = QWidget>
   T* child(const QString& name) const { return named<T>(window.get(), name); }
   QAction* action(const char* name) const { return child<QAction>(name); }
-  void selectTab(Tab tab) {
+  bool enabled(const char* name) const { return child(name)->isEnabled(); }
+  /// Clicks a tab; unless `mayStay` (a run may hold the window on its page), the window must then show it.
+  void selectTab(Tab tab, bool mayStay = false) {
     auto* tabs = child<QTabBar>("ctlTabs");
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(int(tab) - 1).center());
-    EXPECT_EQ(session.controls.currentTab, tab);
+    if (!mayStay) {
+      EXPECT_EQ(session.controls.currentTab, tab);
+    }
   }
   /// A painted cell of the board: Grid_N, PosVals_N or BoxMissingCount_N.
   BoardCell cell(const QString& name) const {
