@@ -186,6 +186,8 @@ TEST_F(WindowTest, SaveThisPuzzleRuleOrderHelpAndAboutReachTheirCommands) {
   ASSERT_NE(box, nullptr);
   EXPECT_TRUE(QRegularExpression("^\\d+\\.\\d+\\.\\d+$").match(kProgramVersion).hasMatch()) << kProgramVersion;
   EXPECT_EQ(box->text().section('\n', 0, 0), QString("Tessaly ") + kProgramVersion);
+  action("mnuAbout")->trigger();  // asked again: the same box, not a second one
+  EXPECT_EQ(window->findChildren<QMessageBox*>("AboutBox").size(), 1);
   box->close();
 }
 
