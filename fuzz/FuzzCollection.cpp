@@ -40,15 +40,24 @@ struct Reference {
   }
 };
 
-void checkRead(const std::string& path, const Reference& ref, int n) {
+/// A session showing puzzle 3 of some collection, before a read.
+struct Reader {
   ScriptedUserInterface ui;
   FixedClock clock;
   SeededRandom random{1};
   Session s{Services{&ui, nullptr, nullptr, &clock, &random}};
-  s.writesConfiguration = false;
-  putGivens(s, kEasyPuzzle);
-  s.collection.CurrentPuzzleNumber = 3;
-  s.PuzNumNow = "3";
+  Reader() {
+    s.writesConfiguration = false;
+    putGivens(s, kEasyPuzzle);
+    s.collection.CurrentPuzzleNumber = 3;
+    s.PuzNumNow = "3";
+  }
+};
+
+void checkRead(const std::string& path, const Reference& ref, int n) {
+  Reader reader;
+  Session& s = reader.s;
+  const ScriptedUserInterface& ui = reader.ui;
   const GridSnapshot before(s);
 
   const bool ready = readPuzzle(s, path, n);
@@ -81,14 +90,9 @@ void checkRead(const std::string& path, const Reference& ref, int n) {
 
 /// Any form: a read loads a puzzle, or tells why and keeps the one before.
 void checkReadAnyForm(const std::string& path, int n) {
-  ScriptedUserInterface ui;
-  FixedClock clock;
-  SeededRandom random{1};
-  Session s{Services{&ui, nullptr, nullptr, &clock, &random}};
-  s.writesConfiguration = false;
-  putGivens(s, kEasyPuzzle);
-  s.collection.CurrentPuzzleNumber = 3;
-  s.PuzNumNow = "3";
+  Reader reader;
+  Session& s = reader.s;
+  const ScriptedUserInterface& ui = reader.ui;
   const GridSnapshot before(s);
   const bool ready = readPuzzle(s, path, n);
   if (s.collection.CurrentPuzzleNumber == 3 && GridSnapshot(s) == before) {
