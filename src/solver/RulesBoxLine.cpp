@@ -1,7 +1,6 @@
 // Rules 2 and 4: how a digit spreads over a box and the lines through it.
 
 #include <array>
-#include <string>
 
 #include "solver/SolverEngine.h"
 
@@ -12,22 +11,23 @@ void SolverEngine::applyRule2() {
   s.run.RuleReductions = 0;
   report({.kind = FindingKind::RuleStart, .rule = 2});
   for (int b = 1; b <= 9; ++b) {
-    // For each digit, the rows and columns (one character per cell) of the
-    // box's non-given cells that can take it.
-    std::array<std::string, 10> rowList, colList;
+    // For each digit, how many of the box's non-given cells can take it, and
+    // the row and column of the last of them: the digit is confined to a row
+    // and a column of the box when exactly one cell can take it.
+    std::array<int, 10> places{}, placeRow{}, placeCol{};
     for (int c : areaCells(AreaKind::Box, b)) {
       if (s.grid[c].given) continue;
       for (int d = 1; d <= 9; ++d)
         if (s.grid[c].candidates.has(d)) {
-          rowList[std::size_t(d)].push_back(char('0' + CellRow[c]));
-          colList[std::size_t(d)].push_back(char('0' + CellCol[c]));
+          ++places[std::size_t(d)];
+          placeRow[std::size_t(d)] = CellRow[c];
+          placeCol[std::size_t(d)] = CellCol[c];
         }
     }
     for (int d = 1; d <= 9; ++d) {
+      if (places[std::size_t(d)] != 1) continue;
       for (int part = 0; part < 2; ++part) {
-        const std::string& list = part == 0 ? rowList[std::size_t(d)] : colList[std::size_t(d)];
-        if (list.size() != 1) continue;
-        const int line = list[0] - '0';
+        const int line = part == 0 ? placeRow[std::size_t(d)] : placeCol[std::size_t(d)];
         const AreaKind kind = part == 0 ? AreaKind::Row : AreaKind::Col;
         for (int c : areaCells(kind, line)) {
           if (CellBox[c] == b) continue;
@@ -55,21 +55,21 @@ void SolverEngine::applyRule4() {
   report({.kind = FindingKind::RuleStart, .rule = 4});
   for (AreaKind kind : {AreaKind::Col, AreaKind::Row}) {
     for (int k = 1; k <= 9; ++k) {
-      // For each digit, the boxes in which it is possible along this line, once
-      // each in order of first appearance. Givens count too.
-      std::array<std::string, 10> boxList;
-      for (int c : areaCells(kind, k)) {
-        CandidateSet cands = s.grid[c].candidates;
-        if (cands.empty()) continue;
-        const char box = char('0' + CellBox[c]);
+      // The line crosses three boxes, three cells in each. For each piece,
+      // the digits possible along the line in that box alone (givens count
+      // too); each such digit leaves the rest of the box.
+      const AreaCells& lineCells = areaCells(kind, k);
+      std::array<std::uint16_t, 3> pieces{};
+      for (std::size_t i = 0; i < lineCells.size(); ++i) pieces[i / 3] |= s.grid[lineCells[i]].candidates.bits();
+      std::array<int, 10> onlyBox{};
+      for (std::size_t p = 0; p < 3; ++p) {
+        const auto alone = CandidateSet::fromBits(std::uint16_t(pieces[p] & ~(pieces[(p + 1) % 3] | pieces[(p + 2) % 3])));
         for (int d = 1; d <= 9; ++d)
-          if (cands.has(d) && boxList[std::size_t(d)].find(box) == std::string::npos)
-            boxList[std::size_t(d)].push_back(box);
+          if (alone.has(d)) onlyBox[std::size_t(d)] = CellBox[lineCells[p * 3]];
       }
       for (int d = 1; d <= 9; ++d) {
-        const std::string& list = boxList[std::size_t(d)];
-        if (list.size() != 1) continue;
-        const int box = list[0] - '0';
+        const int box = onlyBox[std::size_t(d)];
+        if (box == 0) continue;
         for (int c : areaCells(AreaKind::Box, box)) {
           const int lineOfCell = kind == AreaKind::Col ? CellCol[c] : CellRow[c];
           CandidateSet& cands = s.grid[c].candidates;

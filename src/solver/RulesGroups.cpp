@@ -1,8 +1,6 @@
 // Rules 3 and 6: cells of one area whose candidates are the same.
 
 #include <array>
-#include <string>
-#include <vector>
 
 #include "solver/SolverEngine.h"
 
@@ -49,16 +47,15 @@ void SolverEngine::applyRule3() {
 }
 
 namespace {
-// The groups of one area by candidate count: list i holds the texts of the cells
-// with i + 1 candidates (2 to 5), in area order.
-using SameLenList = std::array<std::vector<CandidateSet>, 5>;
-
-// True when every entry of the list reads the same as its first one.
-bool allSameLength(const std::vector<CandidateSet>& list) {
-  for (const CandidateSet& entry : list)
-    if (!(entry == list.front())) return false;
-  return true;
-}
+// The groups of one area by candidate count (2 to 5): how many cells have
+// that many candidates, the set of the first of them, and whether all of them
+// read the same.
+struct SameLenGroup {
+  int cells = 0;
+  CandidateSet first;
+  bool allSameLength = true;
+};
+using SameLenList = std::array<SameLenGroup, 6>;  ///< indexed by the count
 }  // namespace
 
 void SolverEngine::applyRule6() {
@@ -70,14 +67,20 @@ void SolverEngine::applyRule6() {
       const AreaCells& cells = areaCells(kind, n);
       SameLenList lists;
       for (int c : cells) {
-        int len = s.grid[c].candidates.size();
-        if (len >= 2 && len <= 5) lists[std::size_t(len - 1)].push_back(s.grid[c].candidates);
+        const CandidateSet cands = s.grid[c].candidates;
+        const int len = cands.size();
+        if (len < 2 || len > 5) continue;
+        SameLenGroup& group = lists[std::size_t(len)];
+        if (group.cells++ == 0)
+          group.first = cands;
+        else if (!(cands == group.first))
+          group.allSameLength = false;
       }
-      // Strict on purpose: the list of length n must hold exactly n entries, all equal.
+      // Strict on purpose: exactly n cells with n candidates, all the same set.
       for (int i = 1; i <= 4; ++i) {
-        const auto& list = lists[std::size_t(i)];
-        if (int(list.size()) != i + 1 || !allSameLength(list)) continue;
-        const CandidateSet group = list.front();
+        const SameLenGroup& list = lists[std::size_t(i + 1)];
+        if (list.cells != i + 1 || !list.allSameLength) continue;
+        const CandidateSet group = list.first;
         for (int c : cells) {
           CandidateSet& cands = s.grid[c].candidates;
           if (cands.size() < 2 || cands == group) continue;

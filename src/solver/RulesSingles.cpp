@@ -1,7 +1,5 @@
 // Rule 1 (place the singles) and Rule 5 (hidden singles).
 
-#include <array>
-
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -58,12 +56,17 @@ void SolverEngine::applyRule5() {
   for (AreaKind kind : {AreaKind::Box, AreaKind::Row, AreaKind::Col}) {
     for (int n = 1; n <= 9; ++n) {
       const AreaCells& cells = areaCells(kind, n);
-      std::array<int, 10> counts{};
-      for (int c : cells)
-        for (int d = 1; d <= 9; ++d)
-          if (s.grid[c].candidates.has(d)) ++counts[std::size_t(d)];
+      // The digits that are a candidate of exactly one cell of the area, as
+      // the area stood before this pass changed it.
+      std::uint16_t once = 0, twice = 0;
+      for (int c : cells) {
+        const std::uint16_t bits = s.grid[c].candidates.bits();
+        twice |= once & bits;
+        once |= bits;
+      }
+      const CandidateSet lone = CandidateSet::fromBits(std::uint16_t(once & ~twice));
       for (int d = 1; d <= 9; ++d) {
-        if (counts[std::size_t(d)] != 1) continue;
+        if (!lone.has(d)) continue;
         for (int c : cells) {
           CandidateSet cands = s.grid[c].candidates;
           if (!cands.has(d) || cands.size() < 2) continue;
