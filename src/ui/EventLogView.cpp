@@ -14,6 +14,7 @@
 
 #include "model/EventLog.h"
 #include "model/Text.h"
+#include "ui/FlatScrollBarStyle.h"
 #include "ui/ObjectNames.h"
 
 namespace tessaly {
@@ -37,6 +38,9 @@ EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScro
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->setAutoFillBackground(true);
   verticalScrollBar()->setSingleStep(1);
+  auto* flat = new FlatScrollBarStyle;
+  flat->setParent(this);  // a widget does not own the style it is given
+  verticalScrollBar()->setStyle(flat);
   measureFont();
 }
 

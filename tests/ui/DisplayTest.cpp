@@ -211,6 +211,18 @@ TEST_F(EventLogViewTest, WrapsALongLineIntoRowsAndKeepsTheNewestLineInView) {
     EXPECT_EQ(view.lastVisibleLine(), i);
   }
   EXPECT_GT(view.firstVisibleLine(), 1);
+  // The scroll bar's handle shows where the view stands: at the end, then at the top.
+  QScrollBar* bar = view.verticalScrollBar();
+  const auto handleAt = [bar](double share) {
+    const QImage drawn = bar->grab().toImage();
+    const QPoint point(bar->width() / 2, int(bar->height() * share));
+    return drawn.pixelColor(point * drawn.devicePixelRatio()).rgb() == bar->palette().color(QPalette::Mid).rgb();
+  };
+  EXPECT_TRUE(handleAt(0.85));
+  EXPECT_FALSE(handleAt(0.15));
+  bar->setValue(0);
+  EXPECT_TRUE(handleAt(0.15));
+  EXPECT_FALSE(handleAt(0.85));
 }
 
 TEST_F(EventLogViewTest, WrapsAndCopiesALineWithLettersBeyondAscii) {
