@@ -1,6 +1,7 @@
 #pragma once
 // The solver's working records: queue keys, guess levels and rule statistics.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -43,6 +44,14 @@ class CandidateQueue {
   void clear() { m_entries.clear(); }
   /// Inserts at the sorted position.
   void insert(QueueEntry entry);
+  /// Replaces the queue with these entries in placement order, equal keys in
+  /// the order given (as inserting them one by one would leave them).
+  template <typename Fill>
+  void rebuild(Fill fill) {
+    m_entries.clear();
+    fill([this](QueueEntry entry) { m_entries.push_back(std::move(entry)); });
+    std::stable_sort(m_entries.begin(), m_entries.end());
+  }
   void removeHead() { m_entries.erase(m_entries.begin()); }
   bool empty() const { return m_entries.empty(); }
   int size() const { return int(m_entries.size()); }

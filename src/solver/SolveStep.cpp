@@ -48,16 +48,16 @@ void SolverEngine::placeValue(int cell, int value, CandidateSet candidates) {
 }
 
 void SolverEngine::rebuildQueue(int& singleCells) {
-  s.run.candidateQueue.clear();
   singleCells = 0;
-  for (int c = 1; c <= kCells; ++c) {
-    const Cell& cell = s.grid[c];
-    if (cell.candidates.size() < 2) ++singleCells;
-    if (cell.value || cell.candidates.empty()) continue;
-    const int box = CellBox[c];
-    s.run.candidateQueue.insert(
-        QueueEntry{cell.candidates.size(), s.BoxMissingCount[std::size_t(box - 1)], c, box, cell.candidates});
-  }
+  s.run.candidateQueue.rebuild([&](auto add) {
+    for (int c = 1; c <= kCells; ++c) {
+      const Cell& cell = s.grid[c];
+      if (cell.candidates.size() < 2) ++singleCells;
+      if (cell.value || cell.candidates.empty()) continue;
+      const int box = CellBox[c];
+      add(QueueEntry{cell.candidates.size(), s.BoxMissingCount[std::size_t(box - 1)], c, box, cell.candidates});
+    }
+  });
 }
 
 SolverEngine::Analysis SolverEngine::analyseGrid(AnalysisMode mode) {
