@@ -253,7 +253,10 @@ int PuzzleCreator::keepOneSolution(const std::string& solution, BlankDistributio
     const std::size_t partner = distribution == BlankDistribution::Mirror ? blanked.size() - 1 - i : i;
     puzzle[i] = '.';
     puzzle[partner] = '.';
-    if (countSolutions(puzzle, 2) != 1) {
+    // The puzzle had one solution before these blanks: any other must differ here.
+    const bool another = partner == i ? hasOtherSolution(puzzle, solution, {int(i)})
+                                      : hasOtherSolution(puzzle, solution, {int(i), int(partner)});
+    if (another) {
       puzzle[i] = solution[i];
       puzzle[partner] = solution[partner];
     }

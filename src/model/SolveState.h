@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "model/CandidateSet.h"
@@ -29,10 +28,11 @@ struct QueueEntry {
   bool hasDigit() const { return !digits.empty(); }
   /// The first digit after "VL" (0 when none).
   int firstDigit() const { return digits.first(); }
+  /// The two-digit fields of the key as one number, in the key's order.
+  int fields() const { return ((count * 100 + boxMissing) * 100 + cell) * 100 + box; }
   /// The order of the key texts.
   friend bool operator<(const QueueEntry& a, const QueueEntry& b) {
-    if (std::tie(a.count, a.boxMissing, a.cell, a.box) != std::tie(b.count, b.boxMissing, b.cell, b.box))
-      return std::tie(a.count, a.boxMissing, a.cell, a.box) < std::tie(b.count, b.boxMissing, b.cell, b.box);
+    if (a.fields() != b.fields()) return a.fields() < b.fields();
     return a.digits.text() < b.digits.text();
   }
   friend bool operator==(const QueueEntry&, const QueueEntry&) = default;

@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <optional>
 
 #include "solver/BitGrid.h"
 
@@ -97,20 +98,50 @@ class Search {
 
 int countSolutions(std::string_view puzzle81, int limit) { return countSolutions(puzzle81, limit, nullptr); }
 
-int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution) {
-  if (limit <= 0) return 0;
-  const auto values = givens(puzzle81);
-  if (!values) return 0;
+namespace {
+// Counts from the given candidates; the cells with one candidate are placed.
+int countFrom(const Cands& start, int limit, std::string* firstSolution) {
   Node node;
+  node.cand = start;
   SingleQueue queue;
-  for (int c = 0; c < kCellCount; ++c) {
-    const int v = (*values)[std::size_t(c)];
-    node.cand[std::size_t(c)] = v ? bitOf(v) : kAll;
-    if (v) queue.push(c);
-  }
+  for (int c = 0; c < kCellCount; ++c)
+    if (single(start[std::size_t(c)])) queue.push(c);
   Search search(limit, firstSolution);
   if (search.settle(node, queue)) search.run(node);
   return search.found();
+}
+
+// The candidates of a puzzle's cells before any search: a given's digit, or all nine.
+std::optional<Cands> startOf(std::string_view puzzle81) {
+  const auto values = givens(puzzle81);
+  if (!values) return std::nullopt;
+  Cands start;
+  for (int c = 0; c < kCellCount; ++c) {
+    const int v = (*values)[std::size_t(c)];
+    start[std::size_t(c)] = v ? bitOf(v) : kAll;
+  }
+  return start;
+}
+}  // namespace
+
+int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution) {
+  if (limit <= 0) return 0;
+  const auto start = startOf(puzzle81);
+  return start ? countFrom(*start, limit, firstSolution) : 0;
+}
+
+bool hasOtherSolution(std::string_view puzzle81, std::string_view solution, std::initializer_list<int> cells) {
+  auto start = startOf(puzzle81);
+  if (!start) return false;
+  for (const int cell : cells) {
+    const std::uint16_t known = bitOf(solution[std::size_t(cell)] - '0');
+    Cands differing = *start;
+    differing[std::size_t(cell)] = std::uint16_t(kAll & ~known);
+    if (countFrom(differing, 1, nullptr) > 0) return true;
+    // The next cell's search looks only among solutions that agree here.
+    (*start)[std::size_t(cell)] = known;
+  }
+  return false;
 }
 
 }  // namespace tessaly

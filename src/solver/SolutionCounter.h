@@ -4,6 +4,7 @@
 // puzzle has exactly one solution. It shares nothing with the narrated solver
 // and writes no log.
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -22,5 +23,12 @@ inline int countSolutions(const char* puzzle81, int limit = 2) { return countSol
 
 /// As countSolutions, and the first solution found (81 digits) when there is one.
 int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution);
+
+/// Whether the puzzle has a solution other than `solution` (81 digits), for a
+/// puzzle whose every solution agrees with `solution` outside the cells 0..80
+/// listed (as when they were blanked in a puzzle with that one solution). One
+/// search for a solution that differs in one of those cells, stopping at the
+/// first: cheaper than counting to two, which finds the known one first.
+bool hasOtherSolution(std::string_view puzzle81, std::string_view solution, std::initializer_list<int> cells);
 
 }  // namespace tessaly

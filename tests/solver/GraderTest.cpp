@@ -41,6 +41,33 @@ TEST(SolutionCounter, GivesTheSolutionItFinds) {
   EXPECT_EQ(solution, "417369825632158947958724316825437169791586432346912758289643571573291684164875293");
 }
 
+TEST(SolutionCounter, AnotherSolutionIsFoundExactlyWhenCountingFindsTwo) {
+  // Blank a full grid cell by cell (and its mirror cell), keeping a blank only
+  // while the puzzle keeps one solution, as unique creation does: the two ways
+  // of asking must agree at every step.
+  for (const std::string& puzzle : {kSinglesOnly, kTop95First, kGrade4, kGrade5}) {
+    std::string solution;
+    ASSERT_EQ(countSolutions(puzzle, 2, &solution), 1);
+    for (const bool mirror : {false, true}) {
+      std::string blanked = solution;
+      int kept = 0;
+      for (int step = 0; step < 81; ++step) {
+        const int cell = (step * 37) % 81, partner = mirror ? 80 - cell : cell;
+        if (blanked[std::size_t(cell)] == '.') continue;
+        std::string tried = blanked;
+        tried[std::size_t(cell)] = tried[std::size_t(partner)] = '.';
+        const bool another = hasOtherSolution(tried, solution, {cell, partner});
+        ASSERT_EQ(another, countSolutions(tried, 2) != 1) << puzzle << " cell " << cell << " mirror " << mirror;
+        if (!another) {
+          blanked = tried;
+          ++kept;
+        }
+      }
+      EXPECT_GT(kept, 20) << puzzle;
+    }
+  }
+}
+
 TEST(Grader, RecordsHardestRuleGuessesSolutionsAndGrade) {
   const std::tuple<std::string, int, int, int, int> cases[] = {  // puzzle, grade, rule, guesses, solutions
       {kSinglesOnly, 1, 5, 0, 1},
