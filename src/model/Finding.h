@@ -40,6 +40,10 @@ enum class FindingKind : std::uint8_t {
   Retry,               ///< cell, digit: the next untried digit of the retracted guess
   Outcome,             ///< count: the guesses saved by the run (0: none)
   StatisticsRow,       ///< rule, count: times applied, reductions: total reductions
+  TechniqueFound,      ///< a further technique's finding: count is its index in SolveRun::techniqueSteps
+  TechniqueRemoval,    ///< technique, cell, removed, before: a digit the finding removes
+  TechniqueSetValue,   ///< technique, cell, digit, before: the finding reduces the cell to the digit
+  TechniqueStatisticsRow,  ///< technique, count: findings, reductions: total reductions
 };
 
 /// A rule's reason (RuleReason) by rule:
@@ -62,6 +66,7 @@ struct Finding {
   bool solved = false;                ///< SinglesFound: the singles fill every blank
   int reductions = 0;                 ///< StatisticsRow: total reductions
   int logLine = 0;                    ///< the event-log line (1-based) it was written at
+  std::uint8_t technique = 0;         ///< the further technique (Technique) of its kinds
 
   friend bool operator==(const Finding&, const Finding&) = default;
 };

@@ -57,6 +57,7 @@ void Session::clearEventLog() {
   Hints.clear();
   log.clear();
   run.findings.clear();
+  run.techniqueSteps.clear();
   run.history.clear();
   run.stats.reset();
 }

@@ -15,6 +15,7 @@
 #include "model/RunState.h"
 #include "model/PuzzleGrid.h"
 #include "model/SolveState.h"
+#include "model/TechniqueStep.h"
 #include "model/Text.h"
 
 namespace tessaly {
@@ -44,6 +45,9 @@ struct Controls {
   bool PauseCheck = false;   ///< the "No pauses" box: runs go on without pauses
   bool solveAtOnce = false;  ///< the "Solve at once" box (`Check3`): Start solves at once
   Tab currentTab = Tab::AutoSolve;  ///< the tab shown
+  /// The techniques a solve may use: the six rules, and the further ones
+  /// when the user turned them on (Options, "Further techniques").
+  TechniqueSet techniques = TechniqueSet::rulesOnly();
 };
 
 /// One solve run's records: its state, the placement queue and guess levels,
@@ -67,6 +71,17 @@ struct SolveRun {
   std::vector<Finding> findings;
   /// The board as each line of the event log saw it; emptied with the log.
   BoardHistory history;
+  /// The further techniques' findings told in the log (a TechniqueFound
+  /// finding holds its index here); emptied with the findings.
+  std::vector<TechniqueStep> techniqueSteps;
+  /// Per cell (1..81): the digits further techniques removed in this run. A
+  /// new analysis recomputes the candidates from the values and takes these
+  /// out again, so a finding is told once; a retracted guess takes back those
+  /// found after it.
+  std::array<CandidateSet, 82> excluded{};
+  /// The puzzle of this run has exactly one solution (set at the start of a
+  /// run that may use further techniques): the uniqueness techniques need it.
+  bool uniqueSolution = false;
 };
 
 /// The collection the puzzle comes from.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/CandidateSet.h"
+#include "model/TechniqueStep.h"
 
 namespace tessaly {
 
@@ -65,6 +66,7 @@ class CandidateQueue {
 struct GuessLevel {
   QueueEntry entry;      ///< "0000SQnnBXbbVL" + untried digits
   std::string snapshot;  ///< GridSnapshot: 81 characters, "0" for a blank
+  std::array<CandidateSet, 82> excluded{};  ///< what further techniques had removed before the guess
 };
 
 /// Saved guesses, newest on top.
@@ -110,13 +112,18 @@ struct BoardHistory {
   int lines() const { return int(lineEnd.size()); }
 };
 
-/// Times applied and total reductions of Rules 2 to 6 (index = rule number).
+/// Times applied and total reductions of Rules 2 to 6 (index = rule number),
+/// and of the further techniques (index = Technique).
 struct RuleStatistics {
   std::array<int, 7> timesApplied{};
   std::array<int, 7> totalReductions{};
+  std::array<int, kTechniqueCount> techniqueFound{};
+  std::array<int, kTechniqueCount> techniqueReductions{};
   void reset() {
     timesApplied.fill(0);
     totalReductions.fill(0);
+    techniqueFound.fill(0);
+    techniqueReductions.fill(0);
   }
 };
 

@@ -43,6 +43,7 @@ int SolverEngine::computeCandidates(bool analyse) {
     set.removeAll(present.row[std::size_t(CellRow[c])]);
     set.removeAll(present.col[std::size_t(CellCol[c])]);
     set.removeAll(present.box[std::size_t(CellBox[c])]);
+    set.removeAll(s.run.excluded[std::size_t(c)]);
     cell.candidates = set;
   }
   for (int b = 1; b <= 9; ++b) {

@@ -1,9 +1,12 @@
 #include "solver/Narrator.h"
 
+#include <algorithm>
+
 #include "model/Session.h"
 #include "model/Text.h"
 #include "solver/BoardHistory.h"
 #include "solver/SolverEngine.h"
+#include "solver/Techniques.h"
 
 namespace tessaly {
 
@@ -116,6 +119,20 @@ std::string narrate(const Finding& f) {
     case K::StatisticsRow:
       return sentence("   Rule ", digitChar(f.rule), ' ', padded(f.count, 3), std::string(29, ' '),
                       padded(f.reductions, 3));
+    case K::TechniqueFound:
+      return {};  // told by narrateStep, from the run's record of the finding
+    case K::TechniqueRemoval:
+      return sentence("Remove ", f.removed.text(), " from choice ", f.before.text(), " in row", Num{row}, ", col",
+                      Num{col}, ", cell", Num{f.cell});
+    case K::TechniqueSetValue:
+      return setCellValue(f);
+    case K::TechniqueStatisticsRow: {
+      // The counts stand under the rules' columns: the reductions start where
+      // the rules' rows have theirs.
+      std::string text = sentence("   ", techniqueInfo(Technique(f.technique)).name, ' ', padded(f.count, 3));
+      text.resize(std::max<std::size_t>(text.size() + 2, 42), ' ');
+      return text + padded(f.reductions, 3);
+    }
   }
   return {};
 }
@@ -130,6 +147,9 @@ int narrationStyle(FindingKind kind) {
     case K::RuleReason:
     case K::RuleRemoval:
     case K::HiddenSingleSet:
+    case K::TechniqueFound:
+    case K::TechniqueRemoval:
+    case K::TechniqueSetValue:
       return kStyleRule;
     case K::MultipleSolutions:
     case K::RulesAppliedGuessing:
@@ -147,7 +167,8 @@ int narrationStyle(FindingKind kind) {
 bool narrationWaits(FindingKind kind) {
   using K = FindingKind;
   return kind == K::DuplicateRemoved || kind == K::RuleRemoval || kind == K::HiddenSingleSet ||
-         kind == K::Placement || kind == K::GuessPlacement;
+         kind == K::Placement || kind == K::GuessPlacement || kind == K::TechniqueFound ||
+         kind == K::TechniqueRemoval || kind == K::TechniqueSetValue;
 }
 
 bool announcesSolved(const Finding& f) {
@@ -158,7 +179,7 @@ bool announcesSolved(const Finding& f) {
 
 bool setsCellValue(FindingKind kind) {
   return kind == FindingKind::HiddenSingleSet || kind == FindingKind::Placement ||
-         kind == FindingKind::GuessPlacement;
+         kind == FindingKind::GuessPlacement || kind == FindingKind::TechniqueSetValue;
 }
 
 void SolverEngine::write(Finding finding) {
@@ -168,11 +189,17 @@ void SolverEngine::write(Finding finding) {
   // is not kept either.
   if (line <= EventLog::kCapacity) {
     // Findings are kept only for the lines of the log as it stands.
-    if (!findings.empty() && findings.back().logLine >= line) findings.clear();
+    if (!findings.empty() && findings.back().logLine >= line) {
+      findings.clear();
+      if (finding.kind != FindingKind::TechniqueFound) s.run.techniqueSteps.clear();
+    }
     finding.logLine = line;
     findings.push_back(finding);
   }
-  writeLine(narrationStyle(finding.kind), narrate(finding), narrationWaits(finding.kind));
+  const std::string text = finding.kind == FindingKind::TechniqueFound
+                               ? narrateStep(s.run.techniqueSteps.at(std::size_t(finding.count)))
+                               : narrate(finding);
+  writeLine(narrationStyle(finding.kind), text, narrationWaits(finding.kind));
 }
 
 void SolverEngine::writeLine(int style, std::string_view text, bool wait) {

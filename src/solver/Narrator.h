@@ -6,11 +6,15 @@
 #include <string>
 
 #include "model/Finding.h"
+#include "model/TechniqueStep.h"
 
 namespace tessaly {
 
 /// The finding's sentence, exactly as the event log shows it.
 std::string narrate(const Finding& finding);
+/// The line that tells a further technique's finding: the technique and its
+/// pattern, "X-Wing on 7: rows 2 and 6, cols 3 and 8".
+std::string narrateStep(const TechniqueStep& step);
 /// The log style (colour) its sentence is written in.
 int narrationStyle(FindingKind kind);
 /// Whether a stepped run waits for Next after its sentence.

@@ -31,6 +31,7 @@ void SolverEngine::guarded(F&& body) {
 }
 
 void SolverEngine::solveAll() {
+  prepareFurtherTechniques();
   applyRule1();
   analyseGrid(AnalysisMode::Full);
   if (s.BlanksLeft != 0) {
@@ -77,6 +78,10 @@ void SolverEngine::reportOutcome() {
       report({.kind = FindingKind::StatisticsRow, .rule = rule.number,
               .count = s.run.stats.timesApplied[std::size_t(rule.number)],
               .reductions = s.run.stats.totalReductions[std::size_t(rule.number)]});
+  for (int t = 0; t < kTechniqueCount; ++t)
+    if (const int found = s.run.stats.techniqueFound[std::size_t(t)])
+      report({.kind = FindingKind::TechniqueStatisticsRow, .count = found,
+              .reductions = s.run.stats.techniqueReductions[std::size_t(t)], .technique = std::uint8_t(t)});
 }
 
 void SolverEngine::finalCleanUp() {

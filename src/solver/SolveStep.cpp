@@ -34,6 +34,7 @@ void SolverEngine::placeValue(int cell, int value, CandidateSet candidates) {
     untried.remove(value);
     level.entry = QueueEntry{0, 0, cell, box, untried};
     level.snapshot = s.grid.valueCode();
+    level.excluded = s.run.excluded;
     s.run.guessStack.push(std::move(level));
     ++s.run.SavedGuessCount;
   }
@@ -83,6 +84,7 @@ SolverEngine::Analysis SolverEngine::analyseGrid(AnalysisMode mode) {
     report({.kind = FindingKind::SolvedPlaceRemaining, .count = determinedBlanks});
   } else {
     applyRulesInOrder();
+    applyFurtherTechniques();
     // Rules 2 and 3 delete without a length test, so they can empty a cell that
     // Rule 1's scan above passed: look again before counting.
     if (int dead = firstDeadCell(); dead > 0) return {Analysis::Kind::DeadCell, dead};
@@ -216,6 +218,7 @@ void SolverEngine::retry() {
     return;
   }
   const QueueEntry entry = s.run.guessStack.top().entry;
+  s.run.excluded = s.run.guessStack.top().excluded;
   s.run.candidateQueue.clear();
   s.run.candidateQueue.insert(entry);
   s.run.guessStack.pop();

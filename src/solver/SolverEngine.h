@@ -7,6 +7,10 @@
 #include "model/Session.h"
 
 namespace tessaly {
+struct TechniqueBoard;
+}
+
+namespace tessaly {
 
 /// True when some digit 1..9 occurs more than once; other characters are ignored.
 bool hasRepeatedDigit(std::string_view values);
@@ -73,6 +77,14 @@ class SolverEngine {
   };
   Analysis analyseGrid(AnalysisMode mode);
   void applyRulesInOrder();
+  /// When the rules leave no cell with one candidate, tells and applies the
+  /// easiest further technique turned on that finds something, lets the rules
+  /// go on, and repeats; does nothing with the six rules alone or silently.
+  void applyFurtherTechniques();
+  /// Tells a further technique's finding and applies it to the candidates.
+  void tellStep(const TechniqueStep& step);
+  /// The grid as the techniques' finders see it (cells 0..80).
+  TechniqueBoard techniqueBoard() const;
   void shuffleRuleTable();
   void placeNext();
 
@@ -101,6 +113,9 @@ class SolverEngine {
   void finalCleanUp();
   bool hasBlankCell() const;
   void beginRun();
+  /// Forgets what further techniques removed and, when they are on, learns
+  /// whether the givens have exactly one solution.
+  void prepareFurtherTechniques();
   /// Runs a command body, turning a full log or a stopped run into a message.
   template <class F>
   void guarded(F&& body);

@@ -40,9 +40,8 @@ std::optional<TechniqueSet> parseTechniqueSet(std::string_view text) {
     set.add(row->id);
     // A variant found by the row before it comes with that row, and the other way round.
     const std::size_t i = std::size_t(row - kTechniques.begin());
-    if (!row->find && row->family != TechniqueFamily::Rules) set.add(kTechniques[i - 1].id);
-    if (i + 1 < kTechniques.size() && !kTechniques[i + 1].find && kTechniques[i + 1].family != TechniqueFamily::Rules)
-      set.add(kTechniques[i + 1].id);
+    if (!row->find) set.add(kTechniques[i - 1].id);
+    if (i + 1 < kTechniques.size() && !kTechniques[i + 1].find) set.add(kTechniques[i + 1].id);
     if (comma == std::string_view::npos) break;
     text.remove_prefix(comma + 1);
   }
@@ -59,9 +58,9 @@ std::string techniqueNameList() {
   return out;
 }
 
-std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled) {
+std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules) {
   for (const TechniqueInfo& t : kTechniques) {
-    if (!t.find || !enabled.has(t.id)) continue;
+    if (!t.find || !enabled.has(t.id) || (!withRules && t.family == TechniqueFamily::Rules)) continue;
     if (auto step = t.find(board)) return step;
   }
   return std::nullopt;
