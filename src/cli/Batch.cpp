@@ -13,6 +13,7 @@
 #include "model/CollectionFile.h"
 #include "solver/BitGrid.h"
 #include "solver/Grader.h"
+#include "solver/Techniques.h"
 
 namespace tessaly::cli {
 
@@ -131,7 +132,7 @@ class PuzzleReader {
   Item m_pending;
 };
 
-void work(std::vector<Item>& items, int jobs) {
+void work(std::vector<Item>& items, int jobs, TechniqueSet techniques) {
   std::atomic<std::size_t> nextItem{0};
   auto worker = [&] {
     for (std::size_t i = nextItem++; i < items.size(); i = nextItem++) {
@@ -141,7 +142,7 @@ void work(std::vector<Item>& items, int jobs) {
         item.problem = "a given repeats in a row, column or box";
         continue;
       }
-      item.output = batchLine(item.puzzle);
+      item.output = batchLine(item.puzzle, techniques);
     }
   };
   const std::size_t threads = std::min<std::size_t>(std::size_t(jobs), (items.size() + 63) / 64);
@@ -153,10 +154,10 @@ void work(std::vector<Item>& items, int jobs) {
 
 }  // namespace
 
-std::string batchLine(const std::string& puzzle81) {
+std::string batchLine(const std::string& puzzle81, TechniqueSet techniques) {
   // The grading search runs to its end or to a second solution, so it counts
   // the solutions as it goes.
-  const PuzzleGrade grade = gradePuzzle(puzzle81);
+  const PuzzleGrade grade = gradePuzzle(puzzle81, techniques);
   std::string out = puzzle81;
   out += '\t';
   out += char('0' + grade.solutions);
@@ -164,11 +165,17 @@ std::string batchLine(const std::string& puzzle81) {
   out += grade.graded() ? char('0' + grade.grade) : '-';
   out += '\t';
   out += gradeName(grade.grade);
+  if (techniques.any()) {
+    out += '\t';
+    out += grade.graded() ? techniqueInfo(grade.hardestTechnique).name : "-";
+    out += '\t';
+    out += grade.graded() ? std::to_string(grade.guesses) : "-";
+  }
   out += '\n';
   return out;
 }
 
-int runBatch(const std::string& source, int jobs) {
+int runBatch(const std::string& source, int jobs, TechniqueSet techniques) {
   const bool fromStdin = source == "-";
   const std::string name = fromStdin ? std::string("standard input") : source;
   std::ifstream file;
@@ -200,7 +207,7 @@ int runBatch(const std::string& source, int jobs) {
       std::cerr << "tessaly-cli: " << name << " is not a text file of puzzles\n";
       return kExitUsage;
     }
-    work(items, jobs);
+    work(items, jobs, techniques);
     std::string out;
     for (const Item& done : items) {
       if (!done.problem.empty()) {

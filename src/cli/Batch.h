@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "model/TechniqueStep.h"
+
 namespace tessaly::cli {
 
 /// Reads the puzzles of `source` ("-" for standard input) a piece at a time:
@@ -12,10 +14,14 @@ namespace tessaly::cli {
 /// that is not a puzzle, or a puzzle whose givens repeat, is told on standard
 /// error and skipped. Returns the exit code: 0, or 2 after any bad input, an
 /// unreadable or binary source, or one without puzzles. `jobs` 0 uses every core.
-int runBatch(const std::string& source, int jobs);
+/// With further techniques, each line adds the hardest technique's name and
+/// the guesses made (batchLine).
+int runBatch(const std::string& source, int jobs, TechniqueSet techniques = TechniqueSet::rulesOnly());
 
 /// The 81 cells with "." for blanks, then the solution count (0, 1 or 2 for
-/// several), the grade number and name ("-" and "-" without a solution).
-std::string batchLine(const std::string& puzzle81);
+/// several), the grade number and name ("-" and "-" without a solution); with
+/// further techniques also the hardest technique the solve needed and the
+/// number of guesses ("-" and "-" without a solution).
+std::string batchLine(const std::string& puzzle81, TechniqueSet techniques = TechniqueSet::rulesOnly());
 
 }  // namespace tessaly::cli

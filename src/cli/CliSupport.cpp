@@ -6,6 +6,7 @@
 
 #include "solver/BoardHistory.h"
 #include "solver/SolverEngine.h"
+#include "solver/Techniques.h"
 
 namespace tessaly::cli {
 
@@ -43,6 +44,19 @@ CliSession::CliSession(const PuzzleOptions& options) {
                                                  xdgUserFolders([](const char* name) { return std::getenv(name); }));
   if (options.ruleOrder) m_session->config.RuleOrder = *options.ruleOrder;
   if (options.maxTries) m_session->config.MaxTries = *options.maxTries;
+  m_session->controls.techniques = options.techniques;
+}
+
+std::optional<TechniqueSet> takeTechniques(Arguments& args) {
+  std::string names;
+  bool present = false;
+  if (!takeOption(args, "--techniques", names, present)) return std::nullopt;
+  if (!present) return TechniqueSet::rulesOnly();
+  const std::optional<TechniqueSet> set = parseTechniqueSet(names);
+  if (!set)
+    std::cerr << "tessaly-cli: --techniques takes six, all or a comma-separated list of: " << techniqueNameList()
+              << '\n';
+  return set;
 }
 
 bool takeOption(Arguments& args, const std::string& name, std::string& value, bool& present) {
@@ -97,6 +111,9 @@ std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usa
     options.seed = static_cast<unsigned long long>(n);
   }
   if (hasOrder) options.ruleOrder = order;
+  const std::optional<TechniqueSet> techniques = takeTechniques(args);
+  if (!techniques) return std::nullopt;
+  options.techniques = *techniques;
   if (hasTries) {
     if (!parseInt(tries, n) || n < 0 || n > 2000000000) {
       std::cerr << "tessaly-cli: --max-tries needs a non-negative whole number\n";

@@ -32,6 +32,7 @@ struct PuzzleOptions {
   std::optional<unsigned long long> seed;
   std::optional<std::string> ruleOrder;
   std::optional<int> maxTries;
+  TechniqueSet techniques = TechniqueSet::rulesOnly();
 };
 
 /// A session for the command line: default configuration (Quorrel.cfg is neither
@@ -55,8 +56,11 @@ bool takeOption(Arguments& args, const std::string& name, std::string& value, bo
 bool takeFlag(Arguments& args, const std::string& name);
 /// Reads a whole decimal number (an optional sign, digits, nothing else).
 bool parseInt(const std::string& text, long long& out);
+/// Takes "--techniques six|all|NAME,NAME,...": the six rules when absent;
+/// nothing, with the valid names on standard error, when a name is unknown.
+std::optional<TechniqueSet> takeTechniques(Arguments& args);
 /// Parses FILE N and the shared options (--raw, --seed, --rule-order,
-/// --max-tries); the rest stays in args. Nothing on a usage error (told on stderr).
+/// --max-tries, --techniques); the rest stays in args. Nothing on a usage error (told on stderr).
 std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usage);
 /// Prints every stored log line (with its two-digit prefix when raw), then
 /// "grid:" and the 81 values.

@@ -11,12 +11,14 @@
 #include "solver/BitGrid.h"
 #include "solver/Grader.h"
 #include "solver/SolutionCounter.h"
+#include "solver/Techniques.h"
 
 namespace tessaly::cli {
 
 namespace {
 
-constexpr const char* kGradeUsage = "tessaly-cli grade FILE [N] [--jobs J]  (FILE - reads standard input)";
+constexpr const char* kGradeUsage =
+    "tessaly-cli grade FILE [N] [--jobs J] [--techniques six|all|NAME,...]  (FILE - reads standard input)";
 
 int usageError(const std::string& text) {
   if (!text.empty()) std::cerr << "tessaly-cli: " << text << '\n';
@@ -55,12 +57,14 @@ int gradeCommand(const Arguments& arguments) {
   bool ok = true;
   const auto jobs = parseJobs(args, ok);
   if (!ok) return usageError("");
+  const std::optional<TechniqueSet> techniques = takeTechniques(args);
+  if (!techniques) return kExitUsage;
   if (args.empty()) return usageError("a puzzle file is needed");
   if (args.size() > 2) return usageError("unexpected argument '" + args[2] + "'");
   const std::string& file = args[0];
   if (args.size() == 1) {
     if (file != "-" && !requireFile(file)) return kExitUsage;
-    return runBatch(file, jobs.value_or(0));
+    return runBatch(file, jobs.value_or(0), *techniques);
   }
   const auto number = wholeNumber(args[1], 1);
   if (!number) return usageError("the puzzle number must be 1 or more");
@@ -90,12 +94,15 @@ int gradeCommand(const Arguments& arguments) {
     std::cerr << "tessaly-cli: puzzle " << *number << " of " << file << ": a given repeats in a row, column or box\n";
     return kExitUsage;
   }
-  const PuzzleGrade grade = gradePuzzle(cells);
+  const PuzzleGrade grade = gradePuzzle(cells, *techniques);
   if (!grade.graded()) {
     std::cout << "- (no solution)\n";
     return kExitOk;
   }
-  std::cout << grade.grade << ' ' << gradeName(grade.grade) << '\n';
+  std::cout << grade.grade << ' ' << gradeName(grade.grade);
+  if (techniques->any())
+    std::cout << " (hardest: " << techniqueInfo(grade.hardestTechnique).name << ", guesses: " << grade.guesses << ')';
+  std::cout << '\n';
   return kExitOk;
 }
 

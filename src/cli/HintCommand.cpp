@@ -1,19 +1,22 @@
-// tessaly-cli hint FILE N --rule K|all|cell: reads puzzle N as the program does
-// and prints the hint report of one rule (1..6) or of all six, or tells the
-// cell with the fewest choices.
+// tessaly-cli hint FILE N --rule K|all|cell|next: reads puzzle N as the program
+// does and prints the hint report of one rule (1..6) or of all six, tells the
+// cell with the fewest choices, or prints the next step of the techniques
+// turned on (--techniques).
 
 #include <filesystem>
 #include <iostream>
 
 #include "cli/CliSupport.h"
 #include "play/Hints.h"
+#include "play/NextStep.h"
 #include "solver/ReadPuzzle.h"
 
 namespace tessaly::cli {
 
 namespace {
 constexpr const char* kHintUsage =
-    "tessaly-cli hint FILE N --rule 1|2|3|4|5|6|all|cell [--seed S] [--rule-order S] [--max-tries N]";
+    "tessaly-cli hint FILE N --rule 1|2|3|4|5|6|all|cell|next [--seed S] [--rule-order S] [--max-tries N] "
+    "[--techniques six|all|NAME,...]";
 
 int hintUsageError(const std::string& text) {
   std::cerr << "tessaly-cli: " << text << "\nUsage: " << kHintUsage << '\n';
@@ -27,16 +30,19 @@ int hintCommand(const Arguments& arguments) {
   bool hasRule = false;
   if (!takeOption(args, "--rule", rule, hasRule)) return kExitUsage;
   if (!hasRule) return hintUsageError("--rule is required");
-  // The GetHint index: 0..5 for Rules 1..6, 6 for all; -1 for the cell hint.
+  // The GetHint index: 0..5 for Rules 1..6, 6 for all; -1 for the cell hint,
+  // -2 for the next step.
   int index = 0;
   if (rule == "all")
     index = kAllRulesHint;
   else if (rule == "cell")
     index = -1;
+  else if (rule == "next")
+    index = -2;
   else if (rule.size() == 1 && rule[0] >= '1' && rule[0] <= '6')
     index = rule[0] - '1';
   else
-    return hintUsageError("--rule takes 1 to 6, all or cell");
+    return hintUsageError("--rule takes 1 to 6, all, cell or next");
 
   auto options = parsePuzzleOptions(args, kHintUsage);
   if (!options) return kExitUsage;
@@ -46,8 +52,12 @@ int hintCommand(const Arguments& arguments) {
   Session& session = cli.session();
   if (!readPuzzle(session, options->file, options->number)) return kExitUsage;
 
-  if (index < 0) {
+  if (index == -1) {
     cellHint(session);
+    return kExitOk;
+  }
+  if (index == -2) {
+    for (const std::string& line : nextStepHint(session).lines) std::cout << line << '\n';
     return kExitOk;
   }
   runRuleHint(session, index);

@@ -4,6 +4,8 @@
 #include <bit>
 
 #include "solver/BitGrid.h"
+#include "solver/SolutionCounter.h"
+#include "solver/Techniques.h"
 
 namespace tessaly {
 
@@ -206,6 +208,8 @@ bool applyRule(int rule, Node& node) {
 // a second solution ends the search.
 class Grading {
  public:
+  TechniqueSet techniques = TechniqueSet::rulesOnly();
+  bool uniqueSolution = false;
   int guesses = 0;
   int solutions = 0;
   Node solution;
@@ -229,6 +233,7 @@ class Grading {
           progress = true;
           hardest = std::max(hardest, int(i));
         }
+      if (!progress && techniques.any()) progress = applyFurtherTechnique(node, hardest);
       if (!progress) break;
     }
     // No rule helps: guess at the open cell with the fewest candidates, the
@@ -241,12 +246,35 @@ class Grading {
         bestCount = n;
       }
     }
+    if (best < 0) return;
     for (std::uint16_t mask = node.cand[std::size_t(best)]; mask != 0 && solutions < 2; mask &= mask - 1) {
       ++guesses;
       Node child = node;
       child.cand[std::size_t(best)] = std::uint16_t(mask & (~mask + 1u));
       solve(child, hardest);
     }
+  }
+
+ private:
+  // The easiest further technique that finds something, applied to the node;
+  // `hardest` (an index of the technique table, whose first rows are the six
+  // rules in the grading order) rises to it.
+  bool applyFurtherTechnique(Node& node, int& hardest) const {
+    TechniqueBoard board;
+    board.uniqueSolution = uniqueSolution;
+    for (int c = 0; c < kCellCount; ++c) {
+      const std::uint16_t set = node.cand[std::size_t(c)];
+      if (node.placed[std::size_t(c)])
+        board.value[std::size_t(c)] = std::uint8_t(std::countr_zero(set) + 1);
+      else
+        board.cand[std::size_t(c)] = set;
+    }
+    const std::optional<TechniqueStep> step = findEasiestStep(board, techniques);
+    if (!step) return false;
+    for (const Candidate& e : step->eliminations) node.cand[std::size_t(e.cell)] &= std::uint16_t(~bitOf(e.digit));
+    for (const Candidate& p : step->placements) node.cand[std::size_t(p.cell)] = bitOf(p.digit);
+    hardest = std::max(hardest, int(step->technique));
+    return true;
   }
 };
 
@@ -271,7 +299,12 @@ int gradeFor(int hardestRule, int guesses) {
   return 5;
 }
 
-PuzzleGrade gradePuzzle(std::string_view puzzle81) {
+int gradeForTechnique(Technique hardest, int guesses) {
+  if (guesses > 0) return kGradeCount;
+  return techniqueInfo(hardest).grade;
+}
+
+PuzzleGrade gradePuzzle(std::string_view puzzle81, TechniqueSet techniques) {
   PuzzleGrade result;
   const auto values = givens(puzzle81);
   if (!values) return result;
@@ -281,13 +314,19 @@ PuzzleGrade gradePuzzle(std::string_view puzzle81) {
     node.cand[std::size_t(c)] = v ? bitOf(v) : kAll;
   }
   Grading grading;
+  grading.techniques = techniques;
+  grading.uniqueSolution = techniques.any() && countSolutions(puzzle81) == 1;
   grading.solve(node, 0);
   result.solutions = std::min(grading.solutions, 2);
   if (grading.solutions == 0) return result;
   node = grading.solution;
-  result.hardestRule = kGradingRuleOrder[std::size_t(grading.solutionHardest)];
+  result.hardestTechnique = Technique(grading.solutionHardest);
+  result.hardestRule = grading.solutionHardest < int(kGradingRuleOrder.size())
+                           ? kGradingRuleOrder[std::size_t(grading.solutionHardest)]
+                           : kGradingRuleOrder.back();
   result.guesses = grading.guesses;
-  result.grade = gradeFor(result.hardestRule, result.guesses);
+  result.grade = techniques.any() ? gradeForTechnique(result.hardestTechnique, result.guesses)
+                                  : gradeFor(result.hardestRule, result.guesses);
   result.solution.resize(kCellCount);
   for (int c = 0; c < kCellCount; ++c)
     result.solution[std::size_t(c)] = char('0' + std::countr_zero(node.cand[std::size_t(c)]) + 1);

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/TechniqueStep.h"
+
 namespace tessaly {
 
 /// The six rules from the easiest to the hardest, as the grader tries them:
@@ -31,6 +33,9 @@ struct PuzzleGrade {
   int solutions = 0;
   /// The 81 digits of the solution reached; empty when there is none.
   std::string solution;
+  /// The hardest technique the solve needed (one of the six rules unless
+  /// further techniques were allowed); meaningful only for a graded puzzle.
+  Technique hardestTechnique = Technique::Rule1;
 
   bool graded() const { return grade != 0; }
 };
@@ -39,7 +44,11 @@ struct PuzzleGrade {
 /// same puzzle always gets the same grade: nothing is drawn at random, and
 /// renaming the digits changes neither the rules' steps nor the search tree. A
 /// puzzle with several solutions is graded by the first one the search reaches.
-PuzzleGrade gradePuzzle(std::string_view puzzle81);
+///
+/// With further techniques allowed, they are tried (easiest first) whenever
+/// the six rules stall, before any guess; the grade then follows the hardest
+/// technique needed (gradeForTechnique).
+PuzzleGrade gradePuzzle(std::string_view puzzle81, TechniqueSet techniques = TechniqueSet::rulesOnly());
 
 /// Guess counts (over the whole search) that still make a Hard and a Fiendish
 /// puzzle: one guess point between two candidates, and up to three of them.
@@ -49,6 +58,12 @@ inline constexpr int kFiendishGuesses = 6;
 /// The grade number for a hardest rule and a guess count: singles alone (Rules 1
 /// and 5) make 1, any other rule without a guess 2, and guesses 3 to 5.
 int gradeFor(int hardestRule, int guesses);
+
+/// The grade number when further techniques are allowed: the hardest
+/// technique's grade (1 singles, 2 the other rules, 3 subsets, fish and
+/// single-digit patterns, 4 wings, uniqueness and colouring, 5 chains, almost
+/// locked sets and forcing chains), and 5 for any guess.
+int gradeForTechnique(Technique hardest, int guesses);
 
 /// "Easy", "Moderate", "Hard", "Fiendish", "Diabolical" for 1..5; "-" otherwise.
 std::string_view gradeName(int grade);

@@ -1,0 +1,26 @@
+#pragma once
+// The "Next step" hint: the easiest step of the techniques turned on (the six
+// rules first) on the board as it stands, told as the log tells it: the
+// finding's line, then one line per placement or removal.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/TechniqueStep.h"
+
+namespace tessaly {
+
+class Session;
+
+struct NextStepHint {
+  std::optional<TechniqueStep> step;  ///< cells 0..80; nothing when no technique finds a step
+  std::vector<std::string> lines;
+};
+
+/// Looks at the session's values and candidates; changes nothing.
+NextStepHint nextStepHint(const Session& session);
+
+inline constexpr const char* kNoNextStep = "No technique turned on finds a step here: the next step is a guess";
+
+}  // namespace tessaly
