@@ -1,10 +1,369 @@
-// Forcing chains.
+// Forcing chains: the last logical resort before a guess. A source (a cell, or
+// a digit's places in one area) is one of a few possibilities; each is assumed
+// in turn (a branch) and the naked and hidden singles it forces are followed.
+// What every branch reaches holds, and a branch that runs into a contradiction
+// could not have been the truth.
+//
+// Every single a branch can reach is followed (no limit on rounds); the
+// placement log holds 64 entries, enough to fill any board of 17 givens or
+// more, so the bound only stops runs on near-empty boards. Long branches cost
+// nothing in readability: the step kept is the one whose branches need the
+// fewest implications in all, among the sources with the fewest branches
+// (two candidates or places, then three, ...).
+//
+// A branch works on bit masks in fixed arrays. It records each placement with
+// the set of earlier placements it needed (its ancestors, a 64-bit mask over
+// the branch's placement log) and, for every candidate it loses, the placement
+// that took it. So the cost of any conclusion (how many implications a reader
+// must follow) is a popcount, and the record of the chosen step lists only the
+// ancestors of its conclusion.
+
+#include <bit>
 
 #include "solver/Techniques.h"
 
 namespace tessaly {
 
-std::optional<TechniqueStep> findCellForcingChain(const TechniqueBoard&) { return std::nullopt; }
-std::optional<TechniqueStep> findUnitForcingChain(const TechniqueBoard&) { return std::nullopt; }
+using namespace bitgrid;
+
+namespace {
+
+/// Placements a branch may make after its assumption: enough to fill any board
+/// of 17 givens or more, and the width of an ancestor mask.
+constexpr int kMaxImplications = 64;
+/// The placement index standing for the branch's assumption (no ancestors).
+constexpr std::uint8_t kAssumption = kMaxImplications;
+
+/// How a branch ended in a contradiction, and the placements that led there.
+struct Dead {
+  int cell = -1;   ///< an open cell left without candidates, or -1
+  int area = -1;   ///< otherwise the area where `digit` has no place left
+  int digit = 0;
+  std::uint64_t ancestors = 0;
+};
+
+struct BranchState {
+  Cands cand;
+  std::array<std::uint8_t, kCellCount> value;
+  std::array<std::uint8_t, kCellCount> placedBy;               ///< placement index, for cells placed in the branch
+  std::array<std::array<std::uint8_t, 9>, kCellCount> removedBy;  ///< placement index that took each lost candidate
+  std::array<std::uint64_t, kMaxImplications + 1> ancestors;  ///< of each placement, itself included
+  std::array<std::uint8_t, kMaxImplications> logCell;
+  std::array<std::uint8_t, kMaxImplications> logDigit;
+  int size = 0;
+  bool contradiction = false;
+  Dead dead;
+};
+
+int lowDigit(std::uint16_t set) { return std::countr_zero(unsigned(set)) + 1; }
+int popcount(std::uint64_t m) { return std::popcount(m); }
+
+void place(BranchState& s, int cell, int digit, std::uint8_t by) {
+  const std::uint16_t bit = bitOf(digit);
+  auto& removed = s.removedBy[std::size_t(cell)];
+  for (std::uint16_t rest = std::uint16_t(s.cand[std::size_t(cell)] & ~bit); rest; rest &= std::uint16_t(rest - 1))
+    removed[std::size_t(std::countr_zero(unsigned(rest)))] = by;
+  s.cand[std::size_t(cell)] = 0;
+  s.value[std::size_t(cell)] = std::uint8_t(digit);
+  s.placedBy[std::size_t(cell)] = by;
+  for (std::uint8_t peer : kPeers[std::size_t(cell)])
+    if (s.cand[peer] & bit) {
+      s.cand[peer] = std::uint16_t(s.cand[peer] & ~bit);
+      s.removedBy[peer][std::size_t(digit - 1)] = by;
+    }
+}
+
+/// The ancestors of the loss of the candidates `lost` of `cell` (all lost in the branch).
+std::uint64_t lossAncestors(const BranchState& s, int cell, std::uint16_t lost) {
+  std::uint64_t m = 0;
+  for (; lost; lost &= std::uint16_t(lost - 1))
+    m |= s.ancestors[s.removedBy[std::size_t(cell)][std::size_t(std::countr_zero(unsigned(lost)))]];
+  return m;
+}
+
+/// The ancestors of `digit` leaving every cell of `area` but `except` that had it on the board.
+std::uint64_t areaLossAncestors(const TechniqueBoard& board, const BranchState& s, int area, int digit, int except) {
+  const std::uint16_t bit = bitOf(digit);
+  std::uint64_t m = 0;
+  for (std::uint8_t c : kAreas[std::size_t(area)])
+    if (c != except && (board.cand[c] & bit)) m |= s.ancestors[s.removedBy[c][std::size_t(digit - 1)]];
+  return m;
+}
+
+/// Assumes `cell` is `digit` and follows the singles, round by round (each
+/// round places every single the previous rounds left, each by the reason
+/// with the fewest ancestors), until nothing more follows, the log is full, or
+/// a contradiction appears (the one with the fewest ancestors is kept).
+void runBranch(const TechniqueBoard& board, int cell, int digit, BranchState& s) {
+  s.cand = board.cand;
+  s.value = board.value;
+  s.size = 0;
+  s.contradiction = false;
+  s.dead = Dead{};
+  s.ancestors[kAssumption] = 0;
+  place(s, cell, digit, kAssumption);
+
+  struct Single {
+    std::uint8_t cell, digit;
+    std::uint64_t ancestors;
+  };
+  std::array<Single, kCellCount> singles;
+  std::array<std::uint8_t, kCellCount> singleAt;
+  while (true) {
+    int count = 0;
+    singleAt.fill(0xFF);
+    Dead dead;
+    int deadCost = kMaxImplications + 1;
+    auto die = [&](Dead d) {
+      if (popcount(d.ancestors) < deadCost) {
+        deadCost = popcount(d.ancestors);
+        dead = d;
+      }
+    };
+    auto offer = [&](int c, int d, std::uint64_t anc) {
+      std::uint8_t& at = singleAt[std::size_t(c)];
+      if (at == 0xFF) {
+        at = std::uint8_t(count);
+        singles[std::size_t(count++)] = {std::uint8_t(c), std::uint8_t(d), anc};
+      } else if (singles[at].digit == d && popcount(anc) < popcount(singles[at].ancestors)) {
+        singles[at].ancestors = anc;
+      }
+    };
+    for (int c = 0; c < kCellCount; ++c) {
+      const std::uint16_t m = s.cand[std::size_t(c)];
+      if (s.value[std::size_t(c)] || (m && !single(m))) continue;
+      const std::uint16_t orig = board.cand[std::size_t(c)];
+      if (m == 0) {
+        die({c, -1, 0, lossAncestors(s, c, orig)});
+      } else {
+        offer(c, lowDigit(m), lossAncestors(s, c, std::uint16_t(orig & ~m)));
+      }
+    }
+    for (int a = 0; a < 27; ++a) {
+      std::uint16_t once = 0, twice = 0, placed = 0;
+      for (std::uint8_t c : kAreas[std::size_t(a)]) {
+        const std::uint16_t m = s.cand[c];
+        twice |= std::uint16_t(once & m);
+        once |= m;
+        if (s.value[c]) placed |= bitOf(s.value[c]);
+      }
+      const auto missing = std::uint16_t(kAll & ~(once | placed));
+      for (std::uint16_t m = missing; m; m &= std::uint16_t(m - 1)) {
+        const int d = lowDigit(m);
+        die({-1, a, d, areaLossAncestors(board, s, a, d, -1)});
+      }
+      for (std::uint16_t hidden = std::uint16_t(once & ~twice & ~placed); hidden; hidden &= std::uint16_t(hidden - 1)) {
+        const int d = lowDigit(hidden);
+        for (std::uint8_t c : kAreas[std::size_t(a)])
+          if (s.cand[c] & bitOf(d)) {
+            offer(c, d, areaLossAncestors(board, s, a, d, c));
+            break;
+          }
+      }
+    }
+    if (deadCost <= kMaxImplications) {
+      s.contradiction = true;
+      s.dead = dead;
+      return;
+    }
+    if (count == 0 || s.size == kMaxImplications) return;
+    for (int i = 0; i < count && s.size < kMaxImplications; ++i) {
+      const Single& one = singles[std::size_t(i)];
+      // An earlier single of this round may have filled the cell or taken the
+      // digit; the next round's check finds the contradiction if there is one.
+      if (s.value[one.cell] || !(s.cand[one.cell] & bitOf(one.digit))) continue;
+      const auto index = std::uint8_t(s.size++);
+      s.logCell[index] = one.cell;
+      s.logDigit[index] = one.digit;
+      s.ancestors[index] = one.ancestors | (std::uint64_t(1) << index);
+      place(s, one.cell, one.digit, index);
+    }
+  }
+}
+
+/// What a source concludes: its assumption (every other branch dies), a
+/// placement, or an elimination, and the implications all its branches need.
+struct Conclusion {
+  enum Kind { None, Assumption, Placement, Elimination } kind = None;
+  int cell = 0;
+  int digit = 0;
+  int cost = 0;
+};
+
+/// The cheapest conclusion of the branches (in the order: the surviving
+/// assumption, then cells ascending, a placement before eliminations, digits
+/// ascending), or None.
+Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9>& branches,
+                    const std::array<Candidate, 9>& assumed, int n) {
+  int deadCost = 0, live = 0, first = -1;
+  for (int b = 0; b < n; ++b) {
+    if (branches[std::size_t(b)].contradiction) {
+      deadCost += popcount(branches[std::size_t(b)].dead.ancestors);
+    } else {
+      ++live;
+      if (first < 0) first = b;
+    }
+  }
+  Conclusion best;
+  if (live == 0) return best;  // no solution on this board
+  if (live == 1) {
+    const Candidate& a = assumed[std::size_t(first)];
+    return {Conclusion::Assumption, a.cell, a.digit, deadCost};
+  }
+  for (int y = 0; y < kCellCount; ++y) {
+    if (board.value[std::size_t(y)] || !board.cand[std::size_t(y)]) continue;
+    const int w = branches[std::size_t(first)].value[std::size_t(y)];
+    bool placedInAll = w != 0;
+    std::uint16_t lost = board.cand[std::size_t(y)];
+    for (int b = first; b < n; ++b) {
+      const BranchState& s = branches[std::size_t(b)];
+      if (s.contradiction) continue;
+      const int v = s.value[std::size_t(y)];
+      placedInAll = placedInAll && v == w && s.placedBy[std::size_t(y)] != kAssumption;
+      lost &= std::uint16_t(~s.cand[std::size_t(y)] & ~(v ? bitOf(v) : 0));
+    }
+    if (placedInAll) {
+      int cost = deadCost;
+      for (int b = first; b < n; ++b) {
+        const BranchState& s = branches[std::size_t(b)];
+        if (!s.contradiction) cost += popcount(s.ancestors[s.placedBy[std::size_t(y)]]);
+      }
+      if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Placement, y, w, cost};
+      continue;
+    }
+    for (; lost; lost &= std::uint16_t(lost - 1)) {
+      const int d = lowDigit(lost);
+      int cost = deadCost;
+      for (int b = first; b < n; ++b) {
+        const BranchState& s = branches[std::size_t(b)];
+        if (!s.contradiction) cost += 1 + popcount(s.ancestors[s.removedBy[std::size_t(y)][std::size_t(d - 1)]]);
+      }
+      if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Elimination, y, d, cost};
+    }
+  }
+  return best;
+}
+
+std::vector<Implication> implications(const BranchState& s, std::uint64_t ancestors) {
+  std::vector<Implication> steps;
+  for (; ancestors; ancestors &= ancestors - 1) {
+    const auto i = std::size_t(std::countr_zero(ancestors));
+    steps.push_back({s.logCell[i], s.logDigit[i], true});
+  }
+  return steps;
+}
+
+/// The record of a source's branches and their conclusion.
+void record(TechniqueStep& step, const std::array<BranchState, 9>& branches, const std::array<Candidate, 9>& assumed,
+            int n, const Conclusion& c) {
+  for (int b = 0; b < n; ++b) {
+    const BranchState& s = branches[std::size_t(b)];
+    Branch branch;
+    branch.cell = assumed[std::size_t(b)].cell;
+    branch.digit = assumed[std::size_t(b)].digit;
+    if (s.contradiction) {
+      branch.steps = implications(s, s.dead.ancestors);
+      branch.contradiction = true;
+      branch.deadCell = s.dead.cell;
+      branch.deadArea = s.dead.area;
+      branch.deadDigit = s.dead.digit;
+    } else if (c.kind == Conclusion::Placement) {
+      branch.steps = implications(s, s.ancestors[s.placedBy[std::size_t(c.cell)]]);
+    } else if (c.kind == Conclusion::Elimination) {
+      branch.steps = implications(s, s.ancestors[s.removedBy[std::size_t(c.cell)][std::size_t(c.digit - 1)]]);
+      branch.steps.push_back({c.cell, c.digit, false});
+    }
+    step.branches.push_back(std::move(branch));
+  }
+  if (c.kind == Conclusion::Elimination)
+    step.eliminations.push_back({c.cell, c.digit});
+  else
+    step.placements.push_back({c.cell, c.digit});
+}
+
+/// A source: the cell or (area, digit) whose possibilities are the branches.
+struct Source {
+  int cell = -1;  ///< a cell forcing chain's cell, or -1
+  int area = -1;  ///< a unit forcing chain's area and digit
+  int digit = 0;
+};
+
+/// The possibilities of a source, in order: the cell's candidates ascending,
+/// or the digit's places in area order.
+int assumptions(const TechniqueBoard& board, const Source& src, std::array<Candidate, 9>& out) {
+  int n = 0;
+  if (src.cell >= 0) {
+    for (std::uint16_t m = board.cand[std::size_t(src.cell)]; m; m &= std::uint16_t(m - 1))
+      out[std::size_t(n++)] = {src.cell, lowDigit(m)};
+  } else {
+    for (std::uint8_t c : kAreas[std::size_t(src.area)])
+      if (board.cand[c] & bitOf(src.digit)) out[std::size_t(n++)] = {c, src.digit};
+  }
+  return n;
+}
+
+/// The sources with `n` possibilities, in order; `visit` returns false to stop.
+template <class Visit>
+void forEachSource(const TechniqueBoard& board, bool units, int n, Visit visit) {
+  if (!units) {
+    for (int c = 0; c < kCellCount; ++c)
+      if (!board.value[std::size_t(c)] && count(board.cand[std::size_t(c)]) == n) visit(Source{c, -1, 0});
+    return;
+  }
+  for (int a = 0; a < 27; ++a) {
+    std::uint16_t placed = 0;
+    std::array<int, 9> places{};
+    for (std::uint8_t c : kAreas[std::size_t(a)]) {
+      if (board.value[c]) placed |= bitOf(board.value[c]);
+      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
+        ++places[std::size_t(std::countr_zero(unsigned(m)))];
+    }
+    for (int d = 1; d <= 9; ++d)
+      if (!(placed & bitOf(d)) && places[std::size_t(d - 1)] == n) visit(Source{-1, a, d});
+  }
+}
+
+/// The forcing chain with the fewest branches, and among those the fewest
+/// implications (ties: the first source, then the first conclusion, in order).
+std::optional<TechniqueStep> findForcing(const TechniqueBoard& board, bool units) {
+  std::array<BranchState, 9> branches;
+  std::array<Candidate, 9> assumed;
+  for (int n = 2; n <= 9; ++n) {
+    Source bestSource;
+    Conclusion best;
+    forEachSource(board, units, n, [&](const Source& src) {
+      assumptions(board, src, assumed);
+      for (int b = 0; b < n; ++b)
+        runBranch(board, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+      const Conclusion c = conclude(board, branches, assumed, n);
+      if (c.kind != Conclusion::None && (best.kind == Conclusion::None || c.cost < best.cost)) {
+        best = c;
+        bestSource = src;
+      }
+    });
+    if (best.kind == Conclusion::None) continue;
+    // Follow the chosen source's branches again (the same way) to write its record.
+    assumptions(board, bestSource, assumed);
+    for (int b = 0; b < n; ++b)
+      runBranch(board, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+    TechniqueStep step;
+    if (units) {
+      step.technique = Technique::UnitForcingChain;
+      step.units = {bestSource.area};
+      step.digits = bitOf(bestSource.digit);
+    } else {
+      step.technique = Technique::CellForcingChain;
+      step.cells = {bestSource.cell};
+    }
+    record(step, branches, assumed, n, best);
+    return step;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<TechniqueStep> findCellForcingChain(const TechniqueBoard& board) { return findForcing(board, false); }
+std::optional<TechniqueStep> findUnitForcingChain(const TechniqueBoard& board) { return findForcing(board, true); }
 
 }  // namespace tessaly
