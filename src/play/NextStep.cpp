@@ -34,4 +34,24 @@ NextStepHint nextStepHint(const Session& s) {
   return hint;
 }
 
+std::vector<int> patternCells(const TechniqueStep& step) {
+  std::vector<bool> in(kCells, false);
+  auto add = [&](int cell) {
+    if (cell >= 0 && cell < kCells) in[std::size_t(cell)] = true;
+  };
+  for (int c : step.cells) add(c);
+  for (int c : step.fins) add(c);
+  for (const CellGroup& g : step.groups)
+    for (int c : g.cells) add(c);
+  for (const ChainNode& n : step.chain)
+    for (int c : n.cells) add(c);
+  for (const Branch& b : step.branches) add(b.cell);
+  for (const Candidate& p : step.placements) add(p.cell);
+  for (const Candidate& e : step.eliminations) add(e.cell);
+  std::vector<int> cells;
+  for (int c = 0; c < kCells; ++c)
+    if (in[std::size_t(c)]) cells.push_back(c + 1);
+  return cells;
+}
+
 }  // namespace tessaly

@@ -21,6 +21,11 @@ struct NextStepHint {
 /// Looks at the session's values and candidates; changes nothing.
 NextStepHint nextStepHint(const Session& session);
 
+/// The cells (1..81, ascending, each once) a step's pattern stands on: its
+/// cells, fins, groups, chain nodes and forcing assumptions, and the cells it
+/// changes. What the board highlights for the hint.
+std::vector<int> patternCells(const TechniqueStep& step);
+
 inline constexpr const char* kNoNextStep = "No technique turned on finds a step here: the next step is a guess";
 
 }  // namespace tessaly

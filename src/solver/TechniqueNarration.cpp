@@ -104,15 +104,13 @@ std::string conclusionText(const TechniqueStep& step) {
 }
 
 std::string forcingText(const TechniqueStep& step, bool unitForcing) {
-  std::vector<std::string> parts;
   int alive = 0;
-  for (std::size_t i = 0; i < step.branches.size(); ++i) {
-    parts.push_back(branchText(step.branches[i], unitForcing, i == 0));
-    if (!step.branches[i].contradiction) ++alive;
-  }
-  std::string out = joined(parts, "; ");
-  out += alive > 1 ? "; either way " : "; so ";
-  return out + conclusionText(step);
+  for (const Branch& b : step.branches) alive += b.contradiction ? 0 : 1;
+  // When one assumption is left standing, the contradictions are the reason.
+  std::vector<std::string> parts;
+  for (const Branch& b : step.branches)
+    if (alive > 1 || b.contradiction) parts.push_back(branchText(b, unitForcing, parts.empty()));
+  return joined(parts, "; ") + (alive > 1 ? "; either way " : "; so ") + conclusionText(step);
 }
 
 }  // namespace

@@ -54,6 +54,7 @@ constexpr double kScreenShare = 0.9;
 constexpr const char* kGeometryKey = "MainWindow/geometry";
 constexpr const char* kSplitterKey = "MainWindow/%1";
 constexpr const char* kPageWidthsKey = "MainWindow/pageWidths";
+constexpr const char* kTechniquesKey = "Options/furtherTechniques";
 }  // namespace
 
 MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
@@ -299,8 +300,14 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
   const QVariantList widths = m_settings->value(kPageWidthsKey).toList();
   for (std::size_t i = 0; i < m_pageWidths.size() && i < std::size_t(widths.size()); ++i)
     m_pageWidths[i] = std::max(0, widths[qsizetype(i)].toInt());
+  m_techniquesAction->setChecked(m_settings->value(kTechniquesKey, false).toBool());
   m_shownPage = -1;  // the left column takes the remembered width of the page shown
   fitLeftColumn(m_stack->currentIndex());
+}
+
+void MainWindow::setFurtherTechniques(bool on) {
+  m_session.controls.techniques = on ? TechniqueSet::all() : TechniqueSet::rulesOnly();
+  if (m_settings) m_settings->setValue(kTechniquesKey, on);
 }
 
 void MainWindow::saveLayout() {

@@ -80,6 +80,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   void solve();
   /// Applies entry 0..17 of the colour menu and writes the configuration.
   void chooseColourScheme(int entry);
+  /// Options, "Further techniques": the solve and the hints use them too
+  /// (remembered in the window's settings).
+  void setFurtherTechniques(bool on);
   /// How Print asks for a printer; the default is the print dialog. The chooser
   /// sets the printer up and returns false to cancel.
   void setPrinterChooser(std::function<bool(QPrinter&)> chooser) { m_choosePrinter = std::move(chooser); }
@@ -172,6 +175,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   QPointer<HelpWindow> m_help;
   QPointer<QMessageBox> m_about;  ///< the About box while it is open
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
+  QAction* m_techniquesAction = nullptr;
 
   std::unique_ptr<WindowDisplay> m_display;
   std::unique_ptr<WindowPacer> m_pacer;

@@ -92,6 +92,10 @@ void MainWindow::createOptionsMenu() {
     ruleOrderDialog(m_session);
     refresh(false);
   });
+  m_techniquesAction = addEntry(menu, names::mnuTechniques, "Further techniques");
+  m_techniquesAction->setCheckable(true);
+  m_techniquesAction->setToolTip("When the six rules stall, solve and hint with the further techniques before guessing");
+  connect(m_techniquesAction, &QAction::toggled, this, [this](bool on) { setFurtherTechniques(on); });
   QMenu* schemes = menu->addMenu("Colour schemes");
   schemes->setObjectName(names::mnuColx);
   auto* group = new QActionGroup(schemes);

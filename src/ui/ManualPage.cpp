@@ -23,6 +23,7 @@
 #include "model/Session.h"
 #include "play/Explanation.h"
 #include "play/Hints.h"
+#include "play/NextStep.h"
 #include "play/ManualPlay.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
@@ -235,6 +236,10 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_cellHint->setObjectName(names::CellHint);
   addShortcut(m_cellHint, QKeySequence(Qt::CTRL | Qt::Key_H), "Select the cell with the fewest choices");
   hintButtons->addWidget(m_cellHint, kAllRulesHint / kHintColumns, kAllRulesHint % kHintColumns + 1);
+  m_nextStep = new QPushButton("Next ste&p", hintFrame);
+  m_nextStep->setObjectName(names::NextStep);
+  m_nextStep->setToolTip("The easiest step the techniques turned on find, its cells highlighted on the board");
+  hintButtons->addWidget(m_nextStep, kAllRulesHint / kHintColumns, kAllRulesHint % kHintColumns + 2);
   m_hints = new QListWidget(hintFrame);
   m_hints->setObjectName(names::Hints);
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
@@ -246,6 +251,15 @@ QBoxLayout* ManualPage::buildHintColumn() {
   connect(m_cellHint, &QPushButton::clicked, this, [this] {
     endExplanationHighlight();
     run([this] { cellHint(m_session, m_play.get()); });
+  });
+  connect(m_nextStep, &QPushButton::clicked, this, [this] {
+    endExplanationHighlight();
+    const NextStepHint hint = nextStepHint(m_session);
+    m_session.Hints = hint.lines;
+    if (hint.step) m_stepCells = patternCells(*hint.step);
+    for (int cell : m_stepCells) paint(cell, ManualPaint::BoxHighlight);
+    m_host.refreshFromSession();
+    m_hints->scrollToTop();
   });
 
   m_pointer = new QLabel(this);
@@ -356,6 +370,10 @@ void ManualPage::refreshFromSession() {
 }
 
 void ManualPage::endExplanationHighlight() {
+  if (!m_stepCells.empty()) {
+    for (int cell : std::exchange(m_stepCells, {})) paint(cell, ManualPaint::BoxNormal);
+    if (isCell(m_play->highlightedCell)) paint(m_play->highlightedCell, ManualPaint::Selected);
+  }
   const ExplainedAreas areas = std::exchange(m_explained, ExplainedAreas{});
   if (!areas.box) return;
   m_play->unhighlightBox(areas.box);

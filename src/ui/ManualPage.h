@@ -147,6 +147,7 @@ class ManualPage : public TabPage {
     int row = 0, col = 0, box = 0;
   };
   ExplainedAreas m_explained;
+  std::vector<int> m_stepCells;  ///< the cells the Next step hint highlights
   int m_shownSelection = 0;  ///< the selected cell as last told by cellSelected
 
   QLabel* m_instructions = nullptr;
@@ -158,6 +159,7 @@ class ManualPage : public TabPage {
   QPushButton* m_clear = nullptr;
   std::array<QPushButton*, 7> m_hintButtons{};
   QPushButton* m_cellHint = nullptr;
+  QPushButton* m_nextStep = nullptr;
   QListWidget* m_hints = nullptr;
   QLabel* m_pointer = nullptr;
   QListWidget* m_explanation = nullptr;
