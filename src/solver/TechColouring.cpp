@@ -1,10 +1,156 @@
-// Simple colouring.
+// Simple colouring: on one digit, the cells joined by conjugate pairs (areas
+// where the digit has exactly two places) form clusters, each coloured in two
+// colours so that the two ends of every pair differ. In each cluster one
+// colour holds the digit everywhere and the other nowhere.
+// - Trap: a cell outside the cluster that sees both colours loses the digit.
+// - Wrap: a colour that sees itself is the false one; it loses the digit.
+
+#include <bit>
 
 #include "solver/Techniques.h"
 
 namespace tessaly {
 
-std::optional<TechniqueStep> findColourTrap(const TechniqueBoard&) { return std::nullopt; }
-std::optional<TechniqueStep> findColourWrap(const TechniqueBoard&) { return std::nullopt; }
+using namespace bitgrid;
+
+namespace {
+
+/// A set of cells, bit i for cell i.
+struct CellSet {
+  std::uint64_t lo = 0;  ///< cells 0..63
+  std::uint64_t hi = 0;  ///< cells 64..80
+  constexpr void add(int cell) {
+    if (cell < 64) lo |= std::uint64_t(1) << cell;
+    else hi |= std::uint64_t(1) << (cell - 64);
+  }
+  constexpr CellSet& operator|=(const CellSet& o) {
+    lo |= o.lo;
+    hi |= o.hi;
+    return *this;
+  }
+  constexpr CellSet operator&(const CellSet& o) const { return {lo & o.lo, hi & o.hi}; }
+  constexpr CellSet without(const CellSet& o) const { return {lo & ~o.lo, hi & ~o.hi}; }
+  constexpr bool any() const { return (lo | hi) != 0; }
+  /// Calls `f(cell)` for each cell, ascending.
+  template <typename F>
+  void each(F f) const {
+    for (std::uint64_t m = lo; m; m &= m - 1) f(std::countr_zero(m));
+    for (std::uint64_t m = hi; m; m &= m - 1) f(64 + std::countr_zero(m));
+  }
+};
+
+constexpr std::array<CellSet, kCellCount> makePeerSets() {
+  std::array<CellSet, kCellCount> t{};
+  for (int c = 0; c < kCellCount; ++c)
+    for (std::uint8_t p : kPeers[std::size_t(c)]) t[std::size_t(c)].add(p);
+  return t;
+}
+constexpr auto kPeerSets = makePeerSets();
+
+/// One cluster of a digit: its cells of each colour and the cells that see them.
+struct Cluster {
+  std::array<CellSet, 2> colour;
+  std::array<CellSet, 2> seen;
+};
+
+/// Calls `look(digit, cells with the digit, cluster)` for each two-coloured
+/// cluster, digits ascending and clusters by their lowest cell, until it
+/// returns a step. A cluster whose pairs cannot be two-coloured (only on a
+/// board with no solution) is passed over.
+template <typename Look>
+std::optional<TechniqueStep> eachCluster(const TechniqueBoard& board, Look look) {
+  // Where each digit stands in each area: bit k for the area's k-th cell.
+  std::array<std::array<std::uint16_t, 9>, 27> places{};
+  for (std::size_t area = 0; area < 27; ++area)
+    for (std::size_t k = 0; k < 9; ++k)
+      for (std::uint16_t m = board.cand[kAreas[area][k]]; m; m &= std::uint16_t(m - 1))
+        places[area][std::size_t(std::countr_zero(unsigned(m)))] |= std::uint16_t(1u << k);
+  std::array<std::uint8_t, kCellCount> queue;
+  for (int d = 1; d <= 9; ++d) {
+    // The conjugate pairs, as up to three partners per cell (row, column, box).
+    std::array<std::array<std::uint8_t, 3>, kCellCount> partner;
+    std::array<std::uint8_t, kCellCount> partners{};
+    bool anyPair = false;
+    for (std::size_t area = 0; area < 27; ++area) {
+      const std::uint16_t at = places[area][std::size_t(d - 1)];
+      if (count(at) != 2) continue;
+      const std::uint8_t a = kAreas[area][std::size_t(std::countr_zero(unsigned(at)))];
+      const std::uint8_t b = kAreas[area][std::size_t(15 - std::countl_zero(at))];
+      partner[a][partners[a]++] = b;
+      partner[b][partners[b]++] = a;
+      anyPair = true;
+    }
+    if (!anyPair) continue;
+    const std::uint16_t bit = bitOf(d);
+    CellSet holders;
+    for (int c = 0; c < kCellCount; ++c)
+      if (board.cand[std::size_t(c)] & bit) holders.add(c);
+    std::array<std::int8_t, kCellCount> colourOf{};  // 0 not yet coloured, else 1 or 2
+    for (int start = 0; start < kCellCount; ++start) {
+      if (!partners[std::size_t(start)] || colourOf[std::size_t(start)]) continue;
+      Cluster cluster;
+      bool twoColoured = true;
+      int head = 0, tail = 0;
+      queue[std::size_t(tail++)] = std::uint8_t(start);
+      colourOf[std::size_t(start)] = 1;
+      while (head < tail) {
+        const int cell = queue[std::size_t(head++)];
+        const int own = colourOf[std::size_t(cell)];
+        cluster.colour[std::size_t(own - 1)].add(cell);
+        cluster.seen[std::size_t(own - 1)] |= kPeerSets[std::size_t(cell)];
+        for (int k = 0; k < partners[std::size_t(cell)]; ++k) {
+          const int next = partner[std::size_t(cell)][std::size_t(k)];
+          if (colourOf[std::size_t(next)] == own) twoColoured = false;
+          if (colourOf[std::size_t(next)]) continue;
+          colourOf[std::size_t(next)] = std::int8_t(3 - own);
+          queue[std::size_t(tail++)] = std::uint8_t(next);
+        }
+      }
+      if (!twoColoured) continue;
+      if (auto step = look(d, holders, cluster)) return step;
+    }
+  }
+  return std::nullopt;
+}
+
+std::vector<int> cellsOf(const CellSet& set) {
+  std::vector<int> cells;
+  set.each([&](int c) { cells.push_back(c); });
+  return cells;
+}
+
+TechniqueStep colourStep(Technique technique, int digit, const CellSet& first, const CellSet& second) {
+  TechniqueStep step;
+  step.technique = technique;
+  step.digits = bitOf(digit);
+  step.groups = {CellGroup{cellsOf(first), bitOf(digit)}, CellGroup{cellsOf(second), bitOf(digit)}};
+  return step;
+}
+
+}  // namespace
+
+std::optional<TechniqueStep> findColourTrap(const TechniqueBoard& board) {
+  return eachCluster(board, [](int digit, const CellSet& holders, const Cluster& cluster) -> std::optional<TechniqueStep> {
+    CellSet coloured = cluster.colour[0];
+    coloured |= cluster.colour[1];
+    const CellSet trapped = (holders & cluster.seen[0] & cluster.seen[1]).without(coloured);
+    if (!trapped.any()) return std::nullopt;
+    TechniqueStep step = colourStep(Technique::ColourTrap, digit, cluster.colour[0], cluster.colour[1]);
+    trapped.each([&](int c) { step.eliminations.push_back({c, digit}); });
+    return step;
+  });
+}
+
+std::optional<TechniqueStep> findColourWrap(const TechniqueBoard& board) {
+  return eachCluster(board, [](int digit, const CellSet&, const Cluster& cluster) -> std::optional<TechniqueStep> {
+    const bool wrapped[2] = {(cluster.colour[0] & cluster.seen[0]).any(), (cluster.colour[1] & cluster.seen[1]).any()};
+    // Both colours seeing themselves happens only on a board with no solution.
+    if (wrapped[0] == wrapped[1]) return std::nullopt;
+    const std::size_t bad = wrapped[0] ? 0 : 1;
+    TechniqueStep step = colourStep(Technique::ColourWrap, digit, cluster.colour[bad], cluster.colour[1 - bad]);
+    cluster.colour[bad].each([&](int c) { step.eliminations.push_back({c, digit}); });
+    return step;
+  });
+}
 
 }  // namespace tessaly
