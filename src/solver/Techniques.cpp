@@ -49,10 +49,10 @@ std::optional<TechniqueSet> parseTechniqueSet(std::string_view text) {
 }
 
 std::string techniqueNameList() {
-  std::string out = "six, all";
+  std::string out;
   for (const TechniqueInfo& t : kTechniques)
     if (t.family != TechniqueFamily::Rules) {
-      out += ", ";
+      if (!out.empty()) out += ", ";
       out += t.cliName;
     }
   return out;
