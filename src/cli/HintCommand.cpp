@@ -52,8 +52,8 @@ int hintCommand(const Arguments& arguments) {
   }
   runRuleHint(session, index);
   std::string out;
-  for (const std::string& line : session.Hints) {
-    out += line;
+  for (const HintLine& line : session.hints) {
+    out += line.text;
     out += '\n';
   }
   std::cout << out;

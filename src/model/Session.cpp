@@ -54,7 +54,7 @@ void Session::processEvents() {
 }
 
 void Session::clearEventLog() {
-  Hints.clear();
+  hints.clear();
   log.clear();
   run.findings.clear();
   run.history.clear();

@@ -11,6 +11,7 @@
 #include "model/EventLog.h"
 #include "model/Finding.h"
 #include "model/Folders.h"
+#include "model/HintLine.h"
 #include "model/Interfaces.h"
 #include "model/RunState.h"
 #include "model/PuzzleGrid.h"
@@ -162,7 +163,7 @@ class Session {
 
   // --- the window's choices the core reads
   Controls controls;
-  std::vector<std::string> Hints;  ///< the last hint's report, emptied with the log and by each hint
+  std::vector<HintLine> hints;  ///< the last hint's report, emptied with the log and by each hint
 
   /// Sets PuzzleTitle to "Puzzle N of T (B blanks)".
   void setPuzzleTitle(int number, int total, int blanks);
