@@ -77,8 +77,7 @@ void runRuleHint(Session& s, int index, ManualPlay* manual) {
   const RunState savedRunMode = s.run.mode;
 
   // A single run as a solve step starts it, on the candidates as they stand.
-  s.run.guessStack.clear();
-  s.run.candidateQueue.clear();
+  s.run.dropPlacements();
   s.run.RuleReductions = 0;
   s.BlanksLeft = countBlanks(s);
   const int firstLine = s.log.TotalLines() + 1;
