@@ -89,7 +89,6 @@ void ManualPlay::placeManualValue(int cell, int value) {
     return;
   }
 
-  const int before = s.grid[cell].value;
   s.grid[cell].value = value;
   SolverEngine(s).computeCandidates(false);
   int dead = 0;
@@ -98,7 +97,7 @@ void ManualPlay::placeManualValue(int cell, int value) {
 
   if (!dead) {
     selectedCell = cell;
-    moves.push_back({cell, before, value});
+    moves.push_back({cell, value});
     refreshCandidateSummaries();
     cellChoice = s.grid[selectedCell].candidates;
     if (s.BlanksLeft == 0) s.message("Puzzle is solved");

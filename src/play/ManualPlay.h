@@ -53,10 +53,9 @@ class ManualPlay {
   /// The candidates of the selected cell, as its candidate label showed them
   /// when it was selected (the window shows them in `CellChoice`).
   CandidateSet cellChoice;
-  /// One accepted placement by hand: the cell and its value before and after.
+  /// One accepted placement by hand: the cell and the value placed.
   struct Move {
     int cell = 0;
-    int before = 0;
     int after = 0;
   };
   /// Accepted placements, oldest first; undo and the move list read them.
