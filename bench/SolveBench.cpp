@@ -32,7 +32,7 @@ void narratedSolve(benchmark::State& state, const std::string& path) {
       SolverEngine(s).solveCommand();
       lines += s.log.TotalLines();
       for (int n = 1; n <= s.log.TotalLines(); ++n)
-        if (s.log.line(n).starts_with("00Set row")) ++placements;
+        if (s.log.listed(n).starts_with("00Set row")) ++placements;
       solved += s.grid.filledCount() == kCells ? 1 : 0;
       b.ui.messages.clear();
     }

@@ -139,7 +139,7 @@ void printLogAndGrid(Session& session, bool raw) {
   std::string out;
   for (int n = 1; n <= session.log.TotalLines(); ++n) {
     if (raw)
-      out += session.log.line(n);
+      out += session.log.listed(n);
     else
       out += session.log.text(n);
     out += '\n';

@@ -57,13 +57,13 @@ int hintCommand(const Arguments& arguments) {
     return kExitOk;
   }
   if (index == -2) {
-    for (const std::string& line : nextStepHint(session).lines) std::cout << line << '\n';
+    for (const HintLine& line : nextStepHint(session).lines) std::cout << line.text << '\n';
     return kExitOk;
   }
   runRuleHint(session, index);
   std::string out;
-  for (const std::string& line : session.Hints) {
-    out += line;
+  for (const HintLine& line : session.hints) {
+    out += line.text;
     out += '\n';
   }
   std::cout << out;

@@ -110,10 +110,7 @@ bool PuzzleCreator::completeGrid() {
 
   // Step 3: a fresh silent run. CreationFlag stays raised from now on, so the
   // solver's guesses always take the smallest candidate.
-  s.run.guessStack.clear();
-  s.run.candidateQueue.clear();
-  s.run.PlacementCount = 0;
-  s.run.SavedGuessCount = 0;
+  s.run.begin();
   s.run.stats.reset();
   s.display().showViews(false);
   s.run.CreationFlag = true;
@@ -197,26 +194,26 @@ void PuzzleCreator::blankByBox(CreateSettings& settings, int wanted) {
   for (int box = 1; box <= 9; ++box) {
     shuffleBoxPositionOrder();
     const AreaCells& cells = areaCells(AreaKind::Box, box);
-    for (int k = 1; k <= perBox; ++k) blankCell(cells[std::size_t(s.BoxPositionOrder[std::size_t(k)] - 1)]);
+    for (int k = 1; k <= perBox; ++k) blankCell(cells[std::size_t(s.blankingOrders.boxPositions[std::size_t(k)] - 1)]);
   }
 }
 
 void PuzzleCreator::blankRandom(int wanted) {
   shuffleCellOrder();
-  for (int k = 1; k <= wanted; ++k) blankCell(s.CellOrder[std::size_t(k)]);
+  for (int k = 1; k <= wanted; ++k) blankCell(s.blankingOrders.cells[std::size_t(k)]);
 }
 
 void PuzzleCreator::shuffleCellOrder() {
   for (int i = kCells; i >= 1; --i) {
     const int j = drawOneTo(s.random(), i);
-    std::swap(s.CellOrder[std::size_t(i)], s.CellOrder[std::size_t(j)]);
+    std::swap(s.blankingOrders.cells[std::size_t(i)], s.blankingOrders.cells[std::size_t(j)]);
   }
 }
 
 void PuzzleCreator::shuffleBoxPositionOrder() {
   for (int i = 9; i >= 1; --i) {
     const int j = drawOneTo(s.random(), i);
-    std::swap(s.BoxPositionOrder[std::size_t(i)], s.BoxPositionOrder[std::size_t(j)]);
+    std::swap(s.blankingOrders.boxPositions[std::size_t(i)], s.blankingOrders.boxPositions[std::size_t(j)]);
   }
 }
 

@@ -106,9 +106,9 @@ class PuzzleCreator {
   int keepOneSolution(const std::string& solution, BlankDistribution distribution);
   /// The grid as 81 characters, "." for a blank.
   std::string gridText() const;
-  /// Random permutation of `CellOrder` (entries 1..81).
+  /// Random permutation of `blankingOrders.cells` (entries 1..81).
   void shuffleCellOrder();
-  /// Random permutation of `BoxPositionOrder` (entries 1..9).
+  /// Random permutation of `blankingOrders.boxPositions` (entries 1..9).
   void shuffleBoxPositionOrder();
   /// A digit 1..9 drawn at random.
   int randomDigit();

@@ -118,14 +118,4 @@ void ruleOrderDialog(Session& session) {
   }
 }
 
-void readPermutationTable(Session& session, const std::string& path) {
-  session.PermutationTable.clear();
-  auto content = readWholeFile(path);
-  if (!content) return;
-  for (std::string& line : splitLines(*content)) {
-    if (int(session.PermutationTable.size()) >= kPermutationItems) break;
-    session.PermutationTable.push_back(std::move(line));
-  }
-}
-
 }  // namespace tessaly

@@ -19,8 +19,6 @@ class Session;
 inline constexpr const char* kConfigurationFileName = "Quorrel.cfg";
 inline constexpr const char* kDefaultPuzzleFileName = "Puzzles.sud";
 inline constexpr const char* kPermutationFileName = "Permu.txt";
-/// Permu.txt holds up to this many items (indexes 0..83).
-inline constexpr int kPermutationItems = 84;
 
 /// appDir + "Quorrel.cfg".
 std::string configurationPath(const Session& session);
@@ -49,10 +47,5 @@ bool isAcceptableRuleOrder(std::string_view answer);
 /// shows "Rules are 2 to 6 only" and asks again. The new order reaches
 /// Quorrel.cfg with the next writeConfiguration.
 void ruleOrderDialog(Session& session);
-
-/// Reads up to 84 items of Permu.txt into session.PermutationTable, one item per
-/// line, each line kept as it stands. The table is replaced by what was read: a
-/// missing file leaves it empty, a short one holds fewer items. Nothing is reported.
-void readPermutationTable(Session& session, const std::string& path);
 
 }  // namespace tessaly

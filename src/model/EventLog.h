@@ -17,8 +17,17 @@ class EventLogFull : public std::runtime_error {
   EventLogFull() : std::runtime_error("Event log is full (5000 lines)") {}
 };
 
-/// The narrated lines. Each stored line is the style as two digits ("00" form)
-/// followed by the text, so "00Click Start to commence" is style 0.
+/// One line of the log: its colour style (a number of the 16-colour palette)
+/// and its text.
+struct LogLine {
+  int style = 0;
+  std::string text;
+  friend bool operator==(const LogLine&, const LogLine&) = default;
+};
+
+/// The narrated lines, as records. Their written forms are made by the
+/// writers: the text alone (Eventlog.txt, the report, the log view) or the
+/// style as two digits before it (`listed`, the command line's --raw listing).
 class EventLog {
  public:
   static constexpr int kCapacity = 5000;
@@ -29,19 +38,22 @@ class EventLog {
   void clear() { m_lines.clear(); }
 
   int TotalLines() const { return int(m_lines.size()); }
-  /// Stored line n (1-based) with its two-digit prefix.
-  const std::string& line(int n) const { return m_lines[std::size_t(n - 1)]; }
-  /// The text of line n without its prefix.
-  std::string_view text(int n) const;
-  /// The style of line n (its first two characters read as a number).
-  int style(int n) const;
+  /// Line n (1-based).
+  const LogLine& line(int n) const { return m_lines[std::size_t(n - 1)]; }
+  /// The text of line n.
+  std::string_view text(int n) const { return line(n).text; }
+  /// The style of line n.
+  int style(int n) const { return line(n).style; }
+  /// Line n as the raw listing writes it: the style as two digits, then the
+  /// text ("00Click Start to commence").
+  std::string listed(int n) const;
 
   /// First line n in from..RecordedLineCount whose text begins with `text`; 0 when none.
   int searchForward(std::string_view text, int from) const;
   /// The same going from `from` down to line 1.
   int searchBackward(std::string_view text, int from) const;
 
-  /// Writes lines 1..RecordedLineCount as text (no prefix), CR LF each; false on error.
+  /// Writes the texts of lines 1..RecordedLineCount, CR LF each; false on error.
   bool writeTextFile(const std::string& path) const;
 
   /// Copied from TotalLines by the hint operation, reset by solve runs; bounds the
@@ -49,8 +61,7 @@ class EventLog {
   int RecordedLineCount = 0;
 
  private:
-  bool lineBeginsWith(int n, std::string_view text) const;
-  std::vector<std::string> m_lines;
+  std::vector<LogLine> m_lines;
 };
 
 }  // namespace tessaly

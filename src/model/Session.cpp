@@ -4,30 +4,33 @@
 
 namespace tessaly {
 
-Session::Session(Services services) : m_services(services) {
-  if (!m_services.ui) {
-    m_ownUi = std::make_unique<ScriptedUserInterface>();
-    m_services.ui = m_ownUi.get();
-  }
-  if (!m_services.display) {
-    m_ownDisplay = std::make_unique<Display>();
-    m_services.display = m_ownDisplay.get();
-  }
-  if (!m_services.pacer) {
-    m_ownPacer = std::make_unique<Pacer>();
-    m_services.pacer = m_ownPacer.get();
-  }
+struct Session::OwnServices {
+  std::unique_ptr<UserInterface> ui;
+  std::unique_ptr<Display> display;
+  std::unique_ptr<Pacer> pacer;
+  std::unique_ptr<Clock> clock;
+  std::unique_ptr<RandomSource> random;
+};
+
+namespace {
+/// Makes the interface when the slot is empty and points the slot at it.
+template <typename Made, typename Slot, typename... Args>
+void giveDefault(Slot*& slot, std::unique_ptr<Slot>& own, Args&&... args) {
+  if (slot) return;
+  own = std::make_unique<Made>(std::forward<Args>(args)...);
+  slot = own.get();
+}
+}  // namespace
+
+Session::Session(Services services) : m_services(services), m_own(std::make_unique<OwnServices>()) {
+  giveDefault<ScriptedUserInterface>(m_services.ui, m_own->ui);
+  giveDefault<Display>(m_services.display, m_own->display);
+  giveDefault<Pacer>(m_services.pacer, m_own->pacer);
   if (!m_services.clock) {
-    m_ownClock = std::make_unique<SystemClock>();
-    m_services.clock = m_ownClock.get();
+    m_own->clock = std::make_unique<SystemClock>();
+    m_services.clock = m_own->clock.get();
   }
-  if (!m_services.random) {
-    m_ownRandom = std::make_unique<ClockMixedRandom>(*m_services.clock);
-    m_services.random = m_ownRandom.get();
-  }
-  for (int i = 0; i <= kCells; ++i) CellOrder[std::size_t(i)] = i;
-  for (int i = 0; i <= 9; ++i) DigitOrder[std::size_t(i)] = i;
-  for (int i = 0; i <= 9; ++i) BoxPositionOrder[std::size_t(i)] = i;
+  giveDefault<ClockMixedRandom>(m_services.random, m_own->random, *m_services.clock);
 }
 
 Session::~Session() = default;
@@ -54,7 +57,7 @@ void Session::processEvents() {
 }
 
 void Session::clearEventLog() {
-  Hints.clear();
+  hints.clear();
   log.clear();
   run.findings.clear();
   run.techniqueSteps.clear();

@@ -11,6 +11,7 @@
 #include "model/EventLog.h"
 #include "model/Finding.h"
 #include "model/Folders.h"
+#include "model/HintLine.h"
 #include "model/Interfaces.h"
 #include "model/RunState.h"
 #include "model/PuzzleGrid.h"
@@ -66,6 +67,18 @@ struct SolveRun {
   /// Slot i (1..6) holds the rule applied i-th; slot 0 is unused.
   std::array<int, 7> RuleTable{0, 2, 3, 4, 5, 6, 7};
   int currentCell = 0;  ///< the cell the last placement coloured, 0 when none
+  /// A new run: no queue, no guess levels, no placements or guesses counted.
+  void begin() {
+    dropPlacements();
+    PlacementCount = 0;
+    SavedGuessCount = 0;
+  }
+  /// Forgets the placement queue and the guess levels (another puzzle on the
+  /// board, a hint's own run on the candidates as they stand).
+  void dropPlacements() {
+    candidateQueue.clear();
+    guessStack.clear();
+  }
   /// What the event log tells, as records: one per narrated finding, in log
   /// order, each with its line. Emptied with the log, so never longer than it.
   std::vector<Finding> findings;
@@ -97,6 +110,18 @@ struct Collection {
   /// puzzles when the user was last told of them, so that reading another of
   /// its puzzles does not tell them again (a change to the file does).
   std::map<std::string, std::pair<int, int>> toldSkippedLines;
+};
+
+/// Creation's blanking orders: permutations it shuffles before blanking cells.
+struct BlankingOrders {
+  std::array<int, 82> cells{};        ///< a permutation of 1..81 (index 0 unused): the order cells are blanked in
+  std::array<int, 10> boxPositions{};  ///< a permutation of 1..9: the order of positions a box is blanked in
+  BlankingOrders() { reset(); }
+  /// Back to the identity orders.
+  void reset() {
+    for (int i = 0; i <= kCells; ++i) cells[std::size_t(i)] = i;
+    for (int i = 0; i <= 9; ++i) boxPositions[std::size_t(i)] = i;
+  }
 };
 
 /// Where the interfaces come from. Any left null gets a do-nothing one.
@@ -147,7 +172,7 @@ class Session {
 
   // --- the puzzle
   PuzzleGrid grid;  ///< the 81 cells: value, given mark, candidates
-  EventLog log;     ///< at most 5,000 lines, each with its two-digit style
+  EventLog log;     ///< at most 5,000 lines, each a style and a text
   int BlanksLeft = 81;                   ///< blank cells, as the last candidate computation counted them
   std::array<int, 9> BoxMissingCount{};  ///< entry b-1 for box b, likewise
   /// The givens: the cells with the given mark.
@@ -164,10 +189,7 @@ class Session {
   Configuration config;
   std::string appDir;  ///< application directory (the shipped data), ending in "/"
   Folders folders;     ///< where the configuration, created puzzles and output go
-  std::array<int, 82> CellOrder{};        ///< a permutation of 1..81 (index 0 unused), creation's blanking order
-  std::array<int, 10> DigitOrder{};       ///< a permutation of 1..9 (index 0 unused), set at start-up and read by nothing yet
-  std::array<int, 10> BoxPositionOrder{};  ///< a permutation of 1..9: the order of positions a box is blanked in
-  std::vector<std::string> PermutationTable;  ///< Permu.txt, one item a line, as written
+  BlankingOrders blankingOrders;  ///< creation's, reset at start-up
   /// Whether a successful read remembers the collection in Quorrel.cfg (the
   /// command line leaves the configuration alone).
   bool writesConfiguration = true;
@@ -177,18 +199,15 @@ class Session {
 
   // --- the window's choices the core reads
   Controls controls;
-  std::vector<std::string> Hints;  ///< the last hint's report, emptied with the log and by each hint
+  std::vector<HintLine> hints;  ///< the last hint's report, emptied with the log and by each hint
 
   /// Sets PuzzleTitle to "Puzzle N of T (B blanks)".
   void setPuzzleTitle(int number, int total, int blanks);
 
  private:
+  struct OwnServices;
   Services m_services;
-  std::unique_ptr<UserInterface> m_ownUi;
-  std::unique_ptr<Display> m_ownDisplay;
-  std::unique_ptr<Pacer> m_ownPacer;
-  std::unique_ptr<Clock> m_ownClock;
-  std::unique_ptr<RandomSource> m_ownRandom;
+  std::unique_ptr<OwnServices> m_own;  ///< the do-nothing interfaces given for those left out
 };
 
 }  // namespace tessaly

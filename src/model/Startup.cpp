@@ -23,15 +23,10 @@ void startUpBeforeScheme(Session& session, const std::string& applicationDirecto
 void startUpAfterScheme(Session& session) {
   session.clearEventLog();
 
-  for (int i = 0; i <= kCells; ++i) session.CellOrder[std::size_t(i)] = i;
-  for (int i = 0; i <= 9; ++i) session.DigitOrder[std::size_t(i)] = i;
-  for (int i = 0; i <= 9; ++i) session.BoxPositionOrder[std::size_t(i)] = i;
+  session.blankingOrders.reset();
   // Rule slot i holds rule i + 1; the solve step reorders them.
   session.run.RuleTable[0] = 0;
   for (int i = 1; i <= 6; ++i) session.run.RuleTable[std::size_t(i)] = i + 1;
-
-  // Only filled: nothing consults the table afterwards.
-  readPermutationTable(session, session.appDir + kPermutationFileName);
 
   // File errors from here on only mean "no collection".
   const std::string path = session.collection.CurrentFile;

@@ -15,10 +15,9 @@ class Session;
 /// The window applies config.ColourSchemeFile after this returns.
 void startUpBeforeScheme(Session& session, const std::string& applicationDirectory);
 
-/// Second half, after the scheme is applied: clears the event log, sets
-/// CellOrder, DigitOrder, BoxPositionOrder and the rule slots to their identity
-/// values, reads Permu.txt from the application directory and finds the default
-/// collection. When CurrentFile has a length above 0, TotalPuzzles is its puzzle
+/// Second half, after the scheme is applied: clears the event log, sets the
+/// blanking orders and the rule slots to their identity values and finds the
+/// default collection. When CurrentFile has a length above 0, TotalPuzzles is its puzzle
 /// count, PuzzleTitle "Total Puzzles" + count and CurrentPuzzleNumber 0; otherwise
 /// the message "Default puzzle file not found: " + path is shown and TotalPuzzles
 /// is 0. No puzzle is read.

@@ -114,10 +114,7 @@ std::string reportWithLogLines(const Session& session, bool includeLog, int last
     addLine(out, "");
     addLine(out, "EVENT LOG");
     const int last = std::min(lastLogLine, session.log.TotalLines());
-    for (int n = 1; n <= last; ++n) {
-      const std::string& stored = session.log.line(n);
-      addLine(out, stored.size() > 2 ? std::string_view(stored).substr(2) : std::string_view());
-    }
+    for (int n = 1; n <= last; ++n) addLine(out, session.log.text(n));
   }
 
   addLine(out, "");

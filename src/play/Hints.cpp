@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <span>
-#include <string_view>
 #include <vector>
 
 #include "model/Session.h"
@@ -16,23 +15,14 @@ namespace {
 
 constexpr const char* kRule1Shown = "NOW REMOVE DUPLICATES AS A RESULT OF ANY SINGLES GENERATED ABOVE";
 
-/// The text split at every blank; neighbouring blanks give empty words.
-std::vector<std::string_view> splitAt(std::string_view text, char separator) {
-  std::vector<std::string_view> words;
-  std::size_t start = 0;
-  while (true) {
-    const std::size_t end = text.find(separator, start);
-    if (end == std::string_view::npos) {
-      words.push_back(text.substr(start));
-      return words;
-    }
-    words.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-}
+HintLine heading(std::string text) { return HintLine{HintKind::Heading, 0, 0, std::move(text)}; }
 
-long long wordNumber(const std::vector<std::string_view>& words, std::size_t index) {
-  return index < words.size() ? numericValue(words[index]) : 0;
+HintLine narration(std::string text) { return HintLine{HintKind::Narration, 0, 0, std::move(text)}; }
+
+HintLine placement(int cell, int digit) {
+  return HintLine{HintKind::Placement, cell, digit,
+                  "Row=" + num(CellRow[cell]) + ", Col=" + num(CellCol[cell]) + ", Cell=" + num(cell) +
+                      ", Value=" + num(digit)};
 }
 
 void runRules(SolverEngine& engine, int index) {
@@ -82,13 +72,12 @@ void restoreBoardSnapshot(Session& s, const BoardSnapshot& snapshot) {
 
 void runRuleHint(Session& s, int index, ManualPlay* manual) {
   if (index < 0 || index > kAllRulesHint) return;
-  s.Hints.clear();
+  s.hints.clear();
   const BoardSnapshot snapshot = saveBoardSnapshot(s);
   const RunState savedRunMode = s.run.mode;
 
   // A single run as a solve step starts it, on the candidates as they stand.
-  s.run.guessStack.clear();
-  s.run.candidateQueue.clear();
+  s.run.dropPlacements();
   s.run.RuleReductions = 0;
   s.BlanksLeft = countBlanks(s);
   const int firstLine = s.log.TotalLines() + 1;
@@ -113,7 +102,7 @@ void runRuleHint(Session& s, int index, ManualPlay* manual) {
   s.log.RecordedLineCount = s.log.TotalLines();
   const int lastLine = s.log.TotalLines();
 
-  s.Hints.push_back(index == kAllRulesHint ? std::string() : "APPLY RULE" + num(kRules[std::size_t(index)].number));
+  s.hints.push_back(heading(index == kAllRulesHint ? std::string() : "APPLY RULE" + num(kRules[std::size_t(index)].number)));
 
   // Only what this run found counts: older findings are never read.
   const std::vector<Finding>& all = s.run.findings;
@@ -123,65 +112,57 @@ void runRuleHint(Session& s, int index, ManualPlay* manual) {
       std::ranges::find_if(found, [](const Finding& f) { return f.kind == FindingKind::SinglesFound; });
   const int singles = singlesFound == found.end() ? 0 : singlesFound->count;
   if (singles <= 0) {
-    s.Hints.push_back("This rule did not generate any single values");
+    s.hints.push_back(heading("This rule did not generate any single values"));
     finishHint(s, snapshot, manual);
     return;
   }
-  s.Hints.push_back("This rule generated" + num(singles) + " single values:");
-  if (std::ranges::any_of(found, announcesSolved)) s.Hints.push_back("THE PUZZLE IS SOLVED");
+  s.hints.push_back(heading("This rule generated" + num(singles) + " single values:"));
+  if (std::ranges::any_of(found, announcesSolved)) s.hints.push_back(heading("THE PUZZLE IS SOLVED"));
 
   // The placements are the first "Set row" findings after the first singles
   // finding; Rule 5's own come before it and are reductions, not placements.
   int placements = 0;
   for (auto f = std::next(singlesFound); f != found.end() && placements < singles; ++f) {
     if (!setsCellValue(f->kind)) continue;
-    s.Hints.push_back("Row=" + num(CellRow[f->cell]) + ", Col=" + num(CellCol[f->cell]) + ", Cell=" + num(f->cell) +
-                      ", Value=" + num(f->digit));
+    s.hints.push_back(placement(f->cell, f->digit));
     ++placements;
   }
 
   // The run's whole narration, Rule 1's start shown as the task it stands for.
-  s.Hints.push_back("These single values were deduced based on the following logic:");
+  s.hints.push_back(heading("These single values were deduced based on the following logic:"));
   auto f = found.begin();
   for (int n = firstLine; n <= lastLine; ++n) {
     while (f != found.end() && f->logLine < n) ++f;
     if (f != found.end() && f->logLine == n && isRule1Start(*f))
-      s.Hints.push_back(kRule1Shown);
+      s.hints.push_back(narration(kRule1Shown));
     else
-      s.Hints.emplace_back(s.log.text(n));
+      s.hints.push_back(narration(std::string(s.log.text(n))));
   }
   finishHint(s, snapshot, manual);
 }
 
 void hintLineClicked(Session& s, ManualPlay& manual, int index, bool rightButton) {
-  if (!manual.active() || index < 0 || index >= int(s.Hints.size())) return;
-  const std::string& line = s.Hints[std::size_t(index)];
-  if (line.rfind("Row=", 0) != 0) return;
-  const auto pieces = splitAt(line, '=');
-  const int cell = int(wordNumber(pieces, 3));
-  const int value = int(wordNumber(pieces, 4));
-  if (cell < 1 || cell > kCells) return;
-  manual.selectCell(cell);
-  if (rightButton) manual.placeManualValue(cell, value);
+  if (!manual.active() || index < 0 || index >= int(s.hints.size())) return;
+  const HintLine& line = s.hints[std::size_t(index)];
+  if (line.kind != HintKind::Placement || line.cell < 1 || line.cell > kCells) return;
+  manual.selectCell(line.cell);
+  if (rightButton) manual.placeManualValue(line.cell, line.digit);
 }
 
 int cellHint(Session& s, ManualPlay* manual) {
-  // Entries sort as text: fewest choices first, then the lowest cell number.
-  std::vector<std::string> entries;
+  // Fewest choices first, then the lowest cell number.
+  int cell = 0;
   for (int c = 1; c <= kCells; ++c) {
-    const Cell& cell = s.grid[c];
+    const Cell& open = s.grid[c];
     // Open cells only: a given's label shows its own digit, a filled cell none.
-    if (cell.value || cell.candidates.empty()) continue;
-    entries.push_back(padded(cell.candidates.size(), 2) + padded(c, 2) + cell.candidates.text());
+    if (open.value || open.candidates.empty()) continue;
+    if (!cell || open.candidates.size() < s.grid[cell].candidates.size()) cell = c;
   }
-  if (entries.empty()) {
+  if (!cell) {
     s.message("Sorry no hints");
     return 0;
   }
-  std::sort(entries.begin(), entries.end());
-  const std::string& first = entries.front();
-  const int cell = int(numericValue(std::string_view(first).substr(2, 2)));
-  const std::string choices = first.substr(4);
+  const std::string choices = s.grid[cell].candidates.text();
   if (manual) {
     manual->selectCell(cell);
     manual->repaint();

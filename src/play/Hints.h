@@ -28,13 +28,13 @@ void restoreBoardSnapshot(Session& session, const BoardSnapshot& snapshot);
 inline constexpr int kAllRulesHint = 6;
 
 /// GetHint button `index`: 0..5 runs Rule index+1, kAllRulesHint runs Rules 1..6.
-/// Fills session.Hints with the report; the board (values, candidates, given
+/// Fills session.hints with the report; the board (values, candidates, given
 /// marks) is as before afterwards, the rules' narration stays in the log. The
 /// summaries are refreshed through `manual` when there is one.
 void runRuleHint(Session& session, int index, ManualPlay* manual = nullptr);
 
-/// A click on line `index` of the hint report: a "Row=" line selects its cell
-/// and, with the right button, places its value. Other lines do nothing.
+/// A click on line `index` of the hint report: a placement selects its cell
+/// and, with the right button, places its digit. Other lines do nothing.
 void hintLineClicked(Session& session, ManualPlay& manual, int index, bool rightButton);
 
 /// The CellHint button: selects the open cell with the fewest choices (the lowest

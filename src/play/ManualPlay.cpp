@@ -51,24 +51,15 @@ void ManualPlay::selectCell(int cell) {
   if (!active() || !isCell(cell)) return;
   selectedCell = cell;
   if (s.grid[cell].given) return;
-  CellChoice = s.grid[cell].candidates.text();
+  cellChoice = s.grid[cell].candidates;
   moveHighlightTo(cell);
 }
 
-int ManualPlay::keyReleased(int keyCode) {
-  if (!active() || !isCell(selectedCell) || s.grid[selectedCell].given) return keyCode;
-  int value = 0;
-  if (keyCode == kDeleteKey) {
-    value = kClear;
-  } else if (keyCode >= kDigitKey1 && keyCode <= kDigitKey9) {
-    // Only a digit among the cell's choices goes in; any other is swallowed.
-    if (CellChoice.find(char(keyCode)) == std::string::npos) return 0;
-    value = keyCode - kDigitKey1 + 1;
-  } else {
-    return keyCode;
-  }
+void ManualPlay::typed(int value) {
+  if (!active() || !isCell(selectedCell) || s.grid[selectedCell].given) return;
+  // Only a digit among the cell's choices goes in; any other is swallowed.
+  if (value != kClear && !cellChoice.has(value)) return;
   placeManualValue(selectedCell, value);
-  return keyCode;
 }
 
 std::vector<int> ManualPlay::dropDownDigits(int cell) {
@@ -76,13 +67,14 @@ std::vector<int> ManualPlay::dropDownDigits(int cell) {
   if (!active() || !isCell(cell)) return digits;
   selectCell(cell);
   if (s.grid[cell].given) return digits;  // a given offers nothing to choose
-  for (char d : CellChoice) digits.push_back(d - '0');
+  for (int d = 1; d <= 9; ++d)
+    if (cellChoice.has(d)) digits.push_back(d);
   return digits;
 }
 
 void ManualPlay::chooseDropDown(int digit) {
   if (!active() || !isCell(selectedCell) || s.grid[selectedCell].given) return;
-  if (digit < 1 || digit > 9 || CellChoice.find(char('0' + digit)) == std::string::npos) return;
+  if (!cellChoice.has(digit)) return;
   placeManualValue(selectedCell, digit);
 }
 
@@ -97,7 +89,6 @@ void ManualPlay::placeManualValue(int cell, int value) {
     return;
   }
 
-  const int before = s.grid[cell].value;
   s.grid[cell].value = value;
   SolverEngine(s).computeCandidates(false);
   int dead = 0;
@@ -106,9 +97,9 @@ void ManualPlay::placeManualValue(int cell, int value) {
 
   if (!dead) {
     selectedCell = cell;
-    moves.push_back({cell, before, value});
+    moves.push_back({cell, value});
     refreshCandidateSummaries();
-    CellChoice = s.grid[selectedCell].candidates.text();
+    cellChoice = s.grid[selectedCell].candidates;
     if (s.BlanksLeft == 0) s.message("Puzzle is solved");
     return;
   }
@@ -119,7 +110,7 @@ void ManualPlay::placeManualValue(int cell, int value) {
   m_display->paintRefused(dead);
   m_display->repaint();
   const std::string advice =
-      CellChoice.size() == 1 ? "You must now undo previous placements" : "Select another choice for this cell";
+      cellChoice.size() == 1 ? "You must now undo previous placements" : "Select another choice for this cell";
   s.message("placing" + num(value) + " in this cell will result in no choices for cell" + num(dead) + "\n" + advice);
   m_display->paintNormal(dead);
   s.grid[cell].value = 0;
@@ -188,7 +179,7 @@ void ManualPlay::resetSelection() {
   if (highlightedCell != -1) m_display->paintNormal(highlightedCell);
   highlightedCell = -1;
   selectedCell = 0;
-  CellChoice.clear();
+  cellChoice = {};
   refreshCandidateSummaries();
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/CandidateSet.h"
 #include "model/Event.h"
 
 namespace tessaly {
@@ -37,11 +38,7 @@ class ManualDisplay {
 /// them, and when the ManualSolve tab is current starts manual play afresh.
 class ManualPlay {
  public:
-  /// The Delete key and the digit keys 1..9 of the main keyboard.
-  static constexpr int kDeleteKey = 46;
-  static constexpr int kDigitKey1 = 49;
-  static constexpr int kDigitKey9 = 57;
-  /// The value that asks placeManualValue to clear the cell.
+  /// The value that asks placeManualValue (and typed) to clear the cell.
   static constexpr int kClear = -2;
 
   explicit ManualPlay(Session& session, ManualDisplay* display = nullptr);
@@ -53,12 +50,12 @@ class ManualPlay {
   int selectedCell = 0;
   /// The cell drawn in the selection colours, -1 when none.
   int highlightedCell = -1;
-  /// The candidates of the selected cell, as its candidate label showed them.
-  std::string CellChoice;
-  /// One accepted placement by hand: the cell and its value before and after.
+  /// The candidates of the selected cell, as its candidate label showed them
+  /// when it was selected (the window shows them in `CellChoice`).
+  CandidateSet cellChoice;
+  /// One accepted placement by hand: the cell and the value placed.
   struct Move {
     int cell = 0;
-    int before = 0;
     int after = 0;
   };
   /// Accepted placements, oldest first; undo and the move list read them.
@@ -75,11 +72,12 @@ class ManualPlay {
   // --- user events
   /// A click on cell 1..81. A given becomes the selected cell and nothing else changes.
   void selectCell(int cell);
-  /// A key release; returns the key code, 0 when a digit that is not among the
-  /// choices was swallowed.
-  int keyReleased(int keyCode);
+  /// A digit key (1..9) or the Delete key (kClear) on the grid, for the
+  /// selected cell. A digit that is not among its choices is swallowed; a
+  /// given takes nothing.
+  void typed(int value);
   /// A double-click on a cell: selects it and returns the digits the drop-down
-  /// shows (those in CellChoice, ascending; none for a given).
+  /// shows (those in cellChoice, ascending; none for a given).
   std::vector<int> dropDownDigits(int cell);
   /// Drop-down item d chosen: places d in the selected cell.
   void chooseDropDown(int digit);

@@ -21,16 +21,19 @@ NextStepHint nextStepHint(const Session& s) {
   NextStepHint hint;
   hint.step = findEasiestStep(board, s.controls.techniques, true);
   if (!hint.step) {
-    hint.lines.emplace_back(kNoNextStep);
+    hint.lines.push_back({HintKind::Heading, 0, 0, kNoNextStep});
     return hint;
   }
-  hint.lines.push_back(narrateStep(*hint.step));
+  hint.lines.push_back({HintKind::Heading, 0, 0, narrateStep(*hint.step)});
   for (const Candidate& p : hint.step->placements)
-    hint.lines.push_back(narrate({.kind = FindingKind::TechniqueSetValue, .cell = p.cell + 1, .digit = p.digit}));
+    hint.lines.push_back(
+        {HintKind::Placement, p.cell + 1, p.digit,
+         narrate({.kind = FindingKind::TechniqueSetValue, .cell = p.cell + 1, .digit = p.digit})});
   for (const Candidate& e : hint.step->eliminations)
-    hint.lines.push_back(narrate({.kind = FindingKind::TechniqueRemoval, .cell = e.cell + 1,
-                                  .removed = CandidateSet::of(e.digit),
-                                  .before = CandidateSet::fromBits(board.cand[std::size_t(e.cell)])}));
+    hint.lines.push_back({HintKind::Narration, 0, 0,
+                          narrate({.kind = FindingKind::TechniqueRemoval, .cell = e.cell + 1,
+                                   .removed = CandidateSet::of(e.digit),
+                                   .before = CandidateSet::fromBits(board.cand[std::size_t(e.cell)])})});
   return hint;
 }
 

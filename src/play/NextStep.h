@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/HintLine.h"
 #include "model/TechniqueStep.h"
 
 namespace tessaly {
@@ -15,7 +16,9 @@ class Session;
 
 struct NextStepHint {
   std::optional<TechniqueStep> step;  ///< cells 0..80; nothing when no technique finds a step
-  std::vector<std::string> lines;
+  /// The finding (a heading), then its values (placements: a click selects
+  /// the cell) and removals.
+  std::vector<HintLine> lines;
 };
 
 /// Looks at the session's values and candidates; changes nothing.

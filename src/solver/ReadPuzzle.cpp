@@ -83,8 +83,7 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     s.puzzleLoaded.notify();
     s.statusText.clear();
     s.clearEventLog();
-    s.run.candidateQueue.clear();
-    s.run.guessStack.clear();
+    s.run.dropPlacements();
 
     if (!engine.givensAreValid()) {
       s.message("This Puzzle does not appear to be valid, please check fixed values for duplicates");

@@ -94,12 +94,7 @@ void SolverEngine::finalCleanUp() {
   }
 }
 
-void SolverEngine::beginRun() {
-  s.run.guessStack.clear();
-  s.run.candidateQueue.clear();
-  s.run.PlacementCount = 0;
-  s.run.SavedGuessCount = 0;
-}
+void SolverEngine::beginRun() { s.run.begin(); }
 
 void SolverEngine::solveCommand() {
   const ActivityScope solving(s.run.activity, RunActivity::Solving);

@@ -291,7 +291,6 @@ void BoardView::mousePressEvent(QMouseEvent* event) {
   const QPoint point = event->position().toPoint();
   m_pressed = cellAt(point);
   m_pressedBox = m_pressed < 0 ? boxFrameAt(point) : -1;
-  if (m_pressed >= 0) emit cellPressed(m_pressed, event->button());
   event->accept();
 }
 
@@ -326,8 +325,9 @@ void BoardView::leaveEvent(QEvent* event) {
 }
 
 void BoardView::keyPressEvent(QKeyEvent* event) {
+  // Keys act when released (keyReleased); the press is taken so that it goes
+  // no further.
   if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return QWidget::keyPressEvent(event);
-  emit keyPressed(event->key());
   event->accept();
 }
 

@@ -90,14 +90,12 @@ class BoardView : public QWidget {
   QSize minimumSizeHint() const override;
 
  signals:
-  void cellPressed(int index, Qt::MouseButton button);
   /// The button released after a press on a cell; `index` is the pressed cell.
   void cellReleased(int index, Qt::MouseButton button);
   void cellDoubleClicked(int index);
   /// The pointer moved onto a cell.
   void cellHovered(int index);
   void boxFrameClicked(int box);
-  void keyPressed(int key);
   void keyReleased(int key, Qt::KeyboardModifiers modifiers);
 
  protected:

@@ -45,13 +45,9 @@ CellBoard::CellBoard(const Session& session, const ColourScheme& scheme, QWidget
   layout->addWidget(m_grid, 10);
   layout->addWidget(createCandidateDisplay(), 12);
 
-  connect(m_grid, &BoardView::cellPressed, this, [this](int index, Qt::MouseButton) { m_selectedCell = index + 1; });
   connect(m_grid, &BoardView::cellReleased, this,
           [this](int index, Qt::MouseButton button) { emit valueBoxClicked(index + 1, button); });
   connect(m_grid, &BoardView::cellDoubleClicked, this, [this](int index) { emit valueBoxDoubleClicked(index + 1); });
-  connect(m_grid, &BoardView::keyPressed, this, [this](int key) {
-    if (m_selectedCell > 0) emit valueBoxKeyPressed(m_selectedCell, key);
-  });
   connect(m_grid, &BoardView::keyReleased, this, &CellBoard::gridKeyReleased);
   connect(m_grid, &BoardView::boxFrameClicked, this, [this](int box) { emit boxFrameClicked(box + 1); });
   connect(m_candidateView, &BoardView::cellReleased, this,

@@ -110,8 +110,6 @@ class CellBoard : public QWidget {
  signals:
   void valueBoxClicked(int cell, Qt::MouseButton button);
   void valueBoxDoubleClicked(int cell);
-  /// A key pressed while the grid has the focus; the cell is the value cell last pressed.
-  void valueBoxKeyPressed(int cell, int key);
   /// A key released while the grid has the focus.
   void gridKeyReleased(int key, Qt::KeyboardModifiers modifiers);
   void candidateLabelClicked(int cell, Qt::MouseButton button);
@@ -137,7 +135,6 @@ class CellBoard : public QWidget {
   BoardMarks m_marks;
   std::array<Colours, 81> m_overlays{};  ///< back invalid: no overlay
   std::optional<PastBoard> m_snapshot;
-  int m_selectedCell = 0;  ///< the value cell last pressed, 0 before any
 };
 
 }  // namespace tessaly

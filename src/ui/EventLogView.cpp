@@ -22,7 +22,6 @@ namespace tessaly {
 namespace {
 
 constexpr int kMargin = 4;  ///< pixels left of the text
-constexpr int kStylePrefix = 2;
 
 }  // namespace
 
@@ -67,8 +66,8 @@ void EventLogView::syncWithLog(bool verify) {
   const int total = m_log.TotalLines();
   const int known = TotalLines();
   bool restart = total < known;
-  if (!restart && known > 0) restart = m_lines.back().raw != m_log.line(known);
-  for (int n = 1; verify && !restart && n < known; ++n) restart = m_lines[std::size_t(n - 1)].raw != m_log.line(n);
+  if (!restart && known > 0) restart = m_lines.back() != m_log.line(known);
+  for (int n = 1; verify && !restart && n < known; ++n) restart = m_lines[std::size_t(n - 1)] != m_log.line(n);
   if (restart) clearView();
   if (!restart && total == known) return;
   for (int n = TotalLines() + 1; n <= total; ++n) appendLine(m_log.line(n));
@@ -82,15 +81,14 @@ void EventLogView::clearView() {
   m_selectionAnchor = m_selectionEnd = -1;
 }
 
-void EventLogView::appendLine(const std::string& raw) {
-  m_lines.push_back(Line{raw, int(numericValue(std::string_view(raw).substr(0, kStylePrefix)))});
+void EventLogView::appendLine(const LogLine& line) {
+  m_lines.push_back(line);
   wrapLine(int(m_lines.size()) - 1);
 }
 
 QString EventLogView::textOf(int index) const {
-  const std::string& raw = m_lines[std::size_t(index)].raw;
-  if (raw.size() <= std::size_t(kStylePrefix)) return QString();
-  return QString::fromUtf8(raw.data() + kStylePrefix, qsizetype(raw.size()) - kStylePrefix);
+  const std::string& text = m_lines[std::size_t(index)].text;
+  return QString::fromUtf8(text.data(), qsizetype(text.size()));
 }
 
 int EventLogView::wrapWidth() const { return std::max(1, viewport()->width() - 2 * kMargin); }
@@ -123,9 +121,7 @@ void wrapText(const Text& text, int width, Advance advance, Row row) {
 }  // namespace
 
 void EventLogView::wrapLine(int index) {
-  const std::string& raw = m_lines[std::size_t(index)].raw;
-  const std::string_view bytes =
-      raw.size() > std::size_t(kStylePrefix) ? std::string_view(raw).substr(kStylePrefix) : std::string_view();
+  const std::string_view bytes = m_lines[std::size_t(index)].text;
   const int width = m_wrapWidth > 0 ? m_wrapWidth : wrapWidth();
   const auto row = [this, index](int start, int length) { m_rows.push_back(Row{index, start, length}); };
   // The log is ASCII but for names the user chose; an ASCII line is measured

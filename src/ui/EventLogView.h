@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-namespace tessaly {
+#include "model/EventLog.h"
 
-class EventLog;
+namespace tessaly {
 
 class EventLogView : public QAbstractScrollArea {
   Q_OBJECT
@@ -31,7 +31,7 @@ class EventLogView : public QAbstractScrollArea {
 
   /// Lines shown (the log's TotalLines at the last sync).
   int TotalLines() const { return int(m_lines.size()); }
-  /// The text of line n (1-based) as shown, without its style prefix.
+  /// The text of line n (1-based) as shown.
   QString lineText(int n) const { return textOf(n - 1); }
   int lineStyle(int n) const { return m_lines[std::size_t(n - 1)].style; }
   /// Number of the first line with a row on screen (0 when empty).
@@ -70,12 +70,10 @@ class EventLogView : public QAbstractScrollArea {
   void changeEvent(QEvent* event) override;
 
  private:
-  /// A line as the log stores it; its text is made for the screen only when
-  /// it is drawn or copied, since most lines of a long run never are.
-  struct Line {
-    std::string raw;  ///< with its style prefix, also to notice a cleared log
-    int style = 0;
-  };
+  /// The lines are kept as the log's records (also to notice a cleared log);
+  /// their text is made for the screen only when it is drawn or copied, since
+  /// most lines of a long run never are.
+  using Line = LogLine;
   /// One display row: a piece of a line that fits the width.
   struct Row {
     int line = 0;  ///< index into m_lines
@@ -84,9 +82,9 @@ class EventLogView : public QAbstractScrollArea {
   };
 
   void clearView();
-  void appendLine(const std::string& raw);
+  void appendLine(const LogLine& line);
   void wrapLine(int index);
-  /// The text of the line with that index, without its style prefix.
+  /// The text of the line with that index.
   QString textOf(int index) const;
   /// Width of a character in pixels: from a table for ASCII, measured otherwise.
   int advance(QChar ch) const;

@@ -198,8 +198,6 @@ void MainWindow::connectBoard() {
           [this](int cell, Qt::MouseButton button) { currentPage()->valueBoxClicked(cell, button); });
   connect(m_board, &CellBoard::valueBoxDoubleClicked, this,
           [this](int cell) { currentPage()->valueBoxDoubleClicked(cell); });
-  connect(m_board, &CellBoard::valueBoxKeyPressed, this,
-          [this](int cell, int key) { currentPage()->valueBoxKeyPressed(cell, key); });
   // Keys act on the grid only while it has the focus: typing in the
   // puzzle-number box or a list never places digits.
   connect(m_board, &CellBoard::gridKeyReleased, this,

@@ -38,34 +38,30 @@ void MainWindow::createMenus() {
 void MainWindow::createFileMenu() {
   QMenu* menu = menuBar()->addMenu("&File");
   menu->setObjectName(names::mnuFile);
-  // Every entry redraws afterwards: the commands may have changed what is shown.
-  const auto command = [this](const std::function<void()>& body) {
-    return [this, body] {
-      body();
-      refresh(false);
-    };
-  };
-  connect(addEntry(menu, "mnuOpen", "&Open..."), &QAction::triggered, this, [this] { openFile(); });
-  connect(addEntry(menu, "mnuSave2InFile", "Save this puzzle"), &QAction::triggered, this, [this] {
+  // The exports run as every command does: a run still under way ends first,
+  // and the window redraws afterwards.
+  const auto command = [this](const std::function<void()>& body) { return [this, body] { runCommand(body); }; };
+  connect(addEntry(menu, names::mnuOpen, "&Open..."), &QAction::triggered, this, [this] { openFile(); });
+  connect(addEntry(menu, names::mnuSave2InFile, "Save this puzzle"), &QAction::triggered, this, [this] {
     if (saveThisPuzzleCommand) runCommand(saveThisPuzzleCommand);
   });
   menu->addSeparator();
-  connect(addEntry(menu, "mnusavecsv", "Save as CSV..."), &QAction::triggered, this,
+  connect(addEntry(menu, names::mnusavecsv, "Save as CSV..."), &QAction::triggered, this,
           command([this] { saveAsCsv(m_session); }));
-  connect(addEntry(menu, "mnusavetxt", "Save as TXT..."), &QAction::triggered, this,
+  connect(addEntry(menu, names::mnusavetxt, "Save as TXT..."), &QAction::triggered, this,
           command([this] { saveAsTxt(m_session); }));
-  connect(addEntry(menu, "mnusavexls", "Save as XLS..."), &QAction::triggered, this,
+  connect(addEntry(menu, names::mnusavexls, "Save as XLS..."), &QAction::triggered, this,
           command([this] { saveAsXls(m_session); }));
   menu->addSeparator();
-  connect(addEntry(menu, "mnuPrPuz2File", "Print puzzle to file"), &QAction::triggered, this,
+  connect(addEntry(menu, names::mnuPrPuz2File, "Print puzzle to file"), &QAction::triggered, this,
           command([this] { printToTextFile(m_session, false); }));
-  connect(addEntry(menu, "mnuPrintEL2File", "Print puzzle and event log to file"), &QAction::triggered, this,
+  connect(addEntry(menu, names::mnuPrintEL2File, "Print puzzle and event log to file"), &QAction::triggered, this,
           command([this] { printToTextFile(m_session, true); }));
-  connect(addEntry(menu, "mnuPrint", "Print puzzle..."), &QAction::triggered, this, [this] { printReport(false); });
-  connect(addEntry(menu, "mnuPrintEL", "Print puzzle and event log..."), &QAction::triggered, this,
+  connect(addEntry(menu, names::mnuPrint, "Print puzzle..."), &QAction::triggered, this, [this] { printReport(false); });
+  connect(addEntry(menu, names::mnuPrintEL, "Print puzzle and event log..."), &QAction::triggered, this,
           [this] { printReport(true); });
   menu->addSeparator();
-  QAction* exit = addEntry(menu, "mnuexit", "E&xit");
+  QAction* exit = addEntry(menu, names::mnuexit, "E&xit");
   exit->setShortcut(QKeySequence::Quit);
   connect(exit, &QAction::triggered, this, [this] { exitProgram(); });
 }
@@ -75,11 +71,11 @@ void MainWindow::createEditMenu() {
   menu->setObjectName(names::mnuEdit);
   // The keys reach these entries unless the widget with the focus takes them
   // (a text box copies and pastes its own text; the event log is handled in copyPuzzle).
-  QAction* copy = addEntry(menu, "mnuCopyPuzzle", "&Copy puzzle");
+  QAction* copy = addEntry(menu, names::mnuCopyPuzzle, "&Copy puzzle");
   copy->setShortcut(QKeySequence::Copy);
   copy->setToolTip("Put the givens on the clipboard as one line of 81 characters");
   connect(copy, &QAction::triggered, this, [this] { copyPuzzle(); });
-  QAction* paste = addEntry(menu, "mnuPastePuzzle", "&Paste puzzle");
+  QAction* paste = addEntry(menu, names::mnuPastePuzzle, "&Paste puzzle");
   paste->setShortcut(QKeySequence::Paste);
   paste->setToolTip("Take a puzzle from the clipboard: one line of 81 cells or nine lines of nine");
   connect(paste, &QAction::triggered, this, [this] { pastePuzzle(); });
@@ -88,10 +84,8 @@ void MainWindow::createEditMenu() {
 void MainWindow::createOptionsMenu() {
   QMenu* menu = menuBar()->addMenu("&Options");
   menu->setObjectName(names::mnuOptions);
-  connect(addEntry(menu, "mnuRules", "Rule order..."), &QAction::triggered, this, [this] {
-    ruleOrderDialog(m_session);
-    refresh(false);
-  });
+  connect(addEntry(menu, names::mnuRules, "Rule order..."), &QAction::triggered, this,
+          [this] { runCommand([this] { ruleOrderDialog(m_session); }); });
   m_techniquesAction = addEntry(menu, names::mnuTechniques, "Further techniques");
   m_techniquesAction->setCheckable(true);
   m_techniquesAction->setToolTip("When the six rules stall, solve and hint with the further techniques before guessing");
@@ -114,10 +108,10 @@ void MainWindow::createOptionsMenu() {
 void MainWindow::createHelpMenu() {
   QMenu* menu = menuBar()->addMenu("&Help");
   menu->setObjectName(names::mnuHelp);
-  QAction* help = addEntry(menu, "mnuHelpContents", "Help");
+  QAction* help = addEntry(menu, names::mnuHelpContents, "Help");
   help->setShortcut(QKeySequence::HelpContents);
   connect(help, &QAction::triggered, this, [this] { showHelp(); });
-  connect(addEntry(menu, "mnuAbout", "About Tessaly"), &QAction::triggered, this, [this] { showAbout(); });
+  connect(addEntry(menu, names::mnuAbout, "About Tessaly"), &QAction::triggered, this, [this] { showAbout(); });
 }
 
 void MainWindow::printReport(bool includeLog) {

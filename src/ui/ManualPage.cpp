@@ -255,7 +255,7 @@ QBoxLayout* ManualPage::buildHintColumn() {
   connect(m_nextStep, &QPushButton::clicked, this, [this] {
     endExplanationHighlight();
     const NextStepHint hint = nextStepHint(m_session);
-    m_session.Hints = hint.lines;
+    m_session.hints = hint.lines;
     if (hint.step) m_stepCells = patternCells(*hint.step);
     for (int cell : m_stepCells) paint(cell, ManualPaint::BoxHighlight);
     m_host.refreshFromSession();
@@ -308,12 +308,12 @@ ManualPage::~ManualPage() {
   m_play.reset();
 }
 
-int ManualPage::manualKeyCode(int key, Qt::KeyboardModifiers modifiers) {
+int ManualPage::typedValue(int key, Qt::KeyboardModifiers modifiers) {
   // A key held with Ctrl, Alt or Meta belongs to a shortcut, not to the grid.
   if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
-  if (key == Qt::Key_Delete) return ManualPlay::kDeleteKey;
+  if (key == Qt::Key_Delete) return ManualPlay::kClear;
   // The digits of the numeric pad count as well as those of the main keyboard.
-  if (key >= Qt::Key_1 && key <= Qt::Key_9) return ManualPlay::kDigitKey1 + (key - Qt::Key_1);
+  if (key >= Qt::Key_1 && key <= Qt::Key_9) return 1 + (key - Qt::Key_1);
   return 0;
 }
 
@@ -358,7 +358,7 @@ void ManualPage::clearReadOuts() {
 
 void ManualPage::refreshFromSession() {
   const ManualPlay& play = *m_play;
-  m_cellChoice->setText(qt(play.CellChoice));
+  m_cellChoice->setText(qt(play.cellChoice.text()));
   for (std::size_t i = 0; i < m_rows.size(); ++i) {
     m_rows[i]->setText(qt(play.PossibleInRow[i]));
     m_cols[i]->setText(qt(play.PossibleInCol[i]));
@@ -366,7 +366,7 @@ void ManualPage::refreshFromSession() {
   const int logCount = m_log->count();
   showLines(m_log, play.LogManual());
   if (m_log->count() > logCount) m_log->scrollToBottom();
-  showLines(m_hints, m_session.Hints);
+  showLines(m_hints, hintTexts(m_session.hints));
 }
 
 void ManualPage::endExplanationHighlight() {
@@ -415,9 +415,9 @@ void ManualPage::onKeyReleased(int key, Qt::KeyboardModifiers modifiers) {
     case Qt::Key_Down: moveSelection(1, 0); return;
     default: break;
   }
-  const int code = manualKeyCode(key, modifiers);
-  if (!code) return;
-  run([this, code] { m_play->keyReleased(code); });
+  const int value = typedValue(key, modifiers);
+  if (!value) return;
+  run([this, value] { m_play->typed(value); });
 }
 
 void ManualPage::moveSelection(int rowStep, int colStep) {

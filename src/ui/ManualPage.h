@@ -89,10 +89,10 @@ class ManualPage : public TabPage {
   void boxFrameClicked(int box) override { onBoxFrameClicked(box); }
   void keyReleased(int key, Qt::KeyboardModifiers modifiers) override { onKeyReleased(key, modifiers); }
 
-  /// The key code the core expects for a Qt key: 46 for Delete, 49..57 for
-  /// the digits 1..9 of the main keyboard or the numeric pad, else 0 (also for
-  /// any key held with Ctrl, Alt or Meta).
-  static int manualKeyCode(int key, Qt::KeyboardModifiers modifiers);
+  /// What a Qt key asks of the selected cell: ManualPlay::kClear for Delete,
+  /// 1..9 for the digits of the main keyboard or the numeric pad, else 0 (also
+  /// for any key held with Ctrl, Alt or Meta).
+  static int typedValue(int key, Qt::KeyboardModifiers modifiers);
 
  signals:
   /// A command selected another cell (a click on the grid, the move list or a

@@ -28,7 +28,6 @@ class TabPage : public QWidget {
   // Clicks and keys on the grid while the page is shown.
   virtual void valueBoxClicked(int /*cell*/, Qt::MouseButton) {}
   virtual void valueBoxDoubleClicked(int /*cell*/) {}
-  virtual void valueBoxKeyPressed(int /*cell*/, int /*key*/) {}
   virtual void candidateLabelClicked(int /*cell*/, Qt::MouseButton) {}
   virtual void candidateLabelHovered(int /*cell*/) {}
   /// A click on the frame of box 1..9 of the grid.

@@ -1,4 +1,4 @@
-// A session's files: where they are, start-up, Quorrel.cfg, the rule-order dialog, Permu.txt, collections.
+// A session's files: where they are, start-up, Quorrel.cfg, the rule-order dialog, collections.
 
 #include <gtest/gtest.h>
 
@@ -73,9 +73,8 @@ TEST(StartUp, StartValuesComeFirstThenTheConfigurationThenTheSchemeThenTheCollec
   test::writeFile(f.app.file("Quorrel.cfg"), " 120 \r\n\r\n");  // stops after the rule order
   s.config = {7, "6", "Old.sch"};
   s.BlanksLeft = 3;
-  s.CellOrder[5] = 77;
-  s.DigitOrder[2] = 9;
-  s.BoxPositionOrder[4] = 1;
+  s.blankingOrders.cells[5] = 77;
+  s.blankingOrders.boxPositions[4] = 1;
   s.run.RuleTable = {0, 7, 6, 5, 4, 3, 2};
   std::string seen;  // the scheme and the puzzle count when the scheme is applied
   const auto applyScheme = [&](Session& x) { seen = x.config.ColourSchemeFile + "|" + std::to_string(x.collection.TotalPuzzles); };
@@ -84,9 +83,8 @@ TEST(StartUp, StartValuesComeFirstThenTheConfigurationThenTheSchemeThenTheCollec
   EXPECT_EQ(seen, "|0");  // the start values, not the old ones
   EXPECT_EQ(s.collection.TotalPuzzles, 1);
   EXPECT_EQ(s.BlanksLeft, 81);
-  for (int i = 1; i <= 81; ++i) EXPECT_EQ(s.CellOrder[std::size_t(i)], i);
-  for (std::size_t i = 1; i <= 9; ++i)
-    EXPECT_EQ(std::pair(s.DigitOrder[i], s.BoxPositionOrder[i]), std::pair(int(i), int(i)));
+  for (int i = 1; i <= 81; ++i) EXPECT_EQ(s.blankingOrders.cells[std::size_t(i)], i);
+  for (std::size_t i = 1; i <= 9; ++i) EXPECT_EQ(s.blankingOrders.boxPositions[i], int(i));
   EXPECT_EQ(s.run.RuleTable, (decltype(s.run.RuleTable){0, 2, 3, 4, 5, 6, 7}));
 
   test::writeFile(f.app.file("Quorrel.cfg"), " 250 \r\n23456\r\nSky.sch\r\nMine.sud\r\n");
@@ -171,20 +169,6 @@ TEST(RuleOrderDialog, AsksUntilAnAcceptableAnswerAndStoresItAsTyped) {
   }
   for (const char* ok : {"23456", "1", "666666666"}) EXPECT_TRUE(isAcceptableRuleOrder(ok)) << ok;
   for (const char* bad : {"27", "2-3", "0"}) EXPECT_FALSE(isAcceptableRuleOrder(bad)) << bad;
-}
-
-TEST(PermutationTable, HoldsUpTo84LinesAsTheyStand) {
-  AppFolder f;
-  std::string many;
-  std::vector<std::string> first84;
-  for (int i = 0; i < 90; ++i) many += (i < 84 ? first84.emplace_back("item" + std::to_string(i)) : "x") + "\r\n";
-  for (const auto& [text, table] : {std::pair{many, first84}, {"123\n 456 \n\n789", {"123", " 456 ", "", "789"}}}) {
-    test::writeFile(f.app.file("Permu.txt"), text);
-    readPermutationTable(f.session, f.app.file("Permu.txt"));
-    EXPECT_EQ(f.session.PermutationTable, table);
-  }
-  readPermutationTable(f.session, f.app.file("none.txt"));  // missing: the table is emptied
-  EXPECT_TRUE(f.session.PermutationTable.empty());
 }
 
 TEST(Folders, UserFoldersFollowTheXdgRules) {

@@ -59,12 +59,12 @@ TEST(SolveState, QueueKeysSortIntoPlacementOrderAndRetriesComeFirst) {
   EXPECT_EQ(st.entry(0) + "|" + st.entry(2) + "|" + st.entry(-1), "0000SQ23BX03VL8||");  // beyond the end: ""
 }
 
-TEST(EventLog, StoresTheStylePrefixHolds5000LinesAtMostAndWritesTheRecordedOnes) {
+TEST(EventLog, KeepsStyleAndTextListsThemHolds5000LinesAtMostAndWritesTheRecordedOnes) {
   EventLog log;
   log.append(0, "Click Start to commence");
   log.append(4, "This puzzle does not appear to have a solution!");
   log.append(0, "");
-  EXPECT_EQ(log.line(1) + "|" + log.line(2) + "|" + log.line(3),
+  EXPECT_EQ(log.listed(1) + "|" + log.listed(2) + "|" + log.listed(3),
             "00Click Start to commence|04This puzzle does not appear to have a solution!|00");
   EXPECT_EQ(log.style(2), 4);
   EXPECT_EQ(log.text(3), "");
@@ -113,10 +113,10 @@ TEST(LogEvent, FollowsTheRunStateAndAWaitEndedWithoutReleaseStopsTheRun) {
   EXPECT_EQ(s.run.mode, RunState::Released);
   EXPECT_EQ(test::logLines(s), (std::vector<std::string>{"00never waits", "00no pause flag", "00a pause point"}));
   // Clearing the log also empties the hints and the rule statistics.
-  s.Hints.push_back("APPLY RULE 1");
+  s.hints.push_back({HintKind::Heading, 0, 0, "APPLY RULE 1"});
   s.run.stats.timesApplied[3] = s.run.stats.totalReductions[6] = 2;
   s.clearEventLog();
-  EXPECT_EQ(s.log.TotalLines() + s.Hints.size(), 0u);
+  EXPECT_EQ(s.log.TotalLines() + s.hints.size(), 0u);
   EXPECT_EQ(s.run.stats.timesApplied, (std::array<int, 7>{}));
   EXPECT_EQ(s.run.stats.totalReductions, (std::array<int, 7>{}));
 

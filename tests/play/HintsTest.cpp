@@ -39,7 +39,7 @@ TEST(RuleHint, TheBoardStaysAsItWasAndARepeatGivesTheSameReport) {
     const std::string before = board(s);
     const int blanks = s.BlanksLeft;
     runRuleHint(s, index);
-    const Lines report = s.Hints;
+    const Lines report = hintTexts(s.hints);
     EXPECT_EQ(test::joinLines(report), test::readFile(test::dataFile(std::string("cli/") + cliCase + ".out")));
     EXPECT_EQ(board(s), before);
     EXPECT_EQ(s.BlanksLeft, blanks);
@@ -50,7 +50,7 @@ TEST(RuleHint, TheBoardStaysAsItWasAndARepeatGivesTheSameReport) {
       EXPECT_EQ(std::string(s.log.text(s.log.TotalLines())), report.back());
     }
     runRuleHint(s, index);  // only the new lines of the log count
-    EXPECT_EQ(s.Hints, report);
+    EXPECT_EQ(hintTexts(s.hints), report);
   }
 }
 
@@ -60,17 +60,17 @@ TEST(RuleHint, WithManualPlayTheBoardStaysTheSummariesAreRefreshedAndHintLinesSe
   ASSERT_TRUE(m.read(test::kPe96, 1));
   const std::string fresh = board(s);
   runRuleHint(s, 0, &m.play);  // Rule 1 alone would solve it: it stays unsolved, and nothing is said
-  EXPECT_EQ(s.Hints[2], "THE PUZZLE IS SOLVED");
+  EXPECT_EQ(s.hints[2].text, "THE PUZZLE IS SOLVED");
   EXPECT_EQ(board(s), fresh);
   EXPECT_EQ(s.BlanksLeft, 49);
   EXPECT_TRUE(m.recorder.messages.empty());
 
-  // A left click on a "Row=" line selects its cell, a right click places its value.
-  ASSERT_EQ(s.Hints[3], "Row= 1, Col= 1, Cell= 1, Value= 4");
+  // A left click on a placement selects its cell, a right click places its digit.
+  ASSERT_EQ(s.hints[3], (HintLine{HintKind::Placement, 1, 4, "Row= 1, Col= 1, Cell= 1, Value= 4"}));
   for (int notARowLine : {0, 2, 99}) hintLineClicked(s, m.play, notARowLine, true);
   EXPECT_EQ(m.play.selectedCell, 0);
   hintLineClicked(s, m.play, 3, false);
-  EXPECT_TRUE(m.play.selectedCell == 1 && m.play.highlightedCell == 1 && m.play.CellChoice == "45");
+  EXPECT_TRUE(m.play.selectedCell == 1 && m.play.highlightedCell == 1 && m.play.cellChoice.text() == "45");
   EXPECT_EQ(s.grid[1].value, 0);
   hintLineClicked(s, m.play, 3, true);
   EXPECT_EQ(s.grid[1].value, 4);
@@ -99,7 +99,7 @@ TEST(RuleHint, TheRunStartsFromEmptyRecordsReadsOnlyItsOwnLinesAndPutsTheBoardBa
   s.run.candidateQueue.insert(QueueEntry{2, 3, 5, 2, CandidateSet::fromText("23")});
   s.BlanksLeft = 0;  // wrong: recounted from the grid, or no rule would run
   runRuleHint(s, 1);
-  EXPECT_EQ(s.Hints.size(), 17u);
+  EXPECT_EQ(s.hints.size(), 17u);
   EXPECT_EQ(t.pacer.pauses, 0);
   EXPECT_EQ(s.run.mode, RunState::Released);
   EXPECT_TRUE(s.run.guessStack.empty() && s.run.candidateQueue.empty());
@@ -111,7 +111,7 @@ TEST(RuleHint, TheRunStartsFromEmptyRecordsReadsOnlyItsOwnLinesAndPutsTheBoardBa
   EXPECT_EQ(t.ui.messages, (Lines{"Event log is full (5000 lines)"}));
   EXPECT_EQ(board(s), before);
   EXPECT_EQ(s.run.mode, RunState::Released);
-  EXPECT_TRUE(s.Hints.empty());
+  EXPECT_TRUE(s.hints.empty());
   EXPECT_EQ(s.log.TotalLines(), EventLog::kCapacity);
 
   // Lines an earlier run left in the log that look like findings are not read.
@@ -121,7 +121,7 @@ TEST(RuleHint, TheRunStartsFromEmptyRecordsReadsOnlyItsOwnLinesAndPutsTheBoardBa
                      "Place additional 3 single values generated, the puzzle appears to have been solved");
   u.session.logEvent(kStyleNormal, "Set row 1, col 1, cell 1 to value 5");
   runRuleHint(u.session, 0);
-  EXPECT_EQ(u.session.Hints, (Lines{"APPLY RULE 1", "This rule did not generate any single values"}));
+  EXPECT_EQ(hintTexts(u.session.hints), (Lines{"APPLY RULE 1", "This rule did not generate any single values"}));
 }
 
 TEST(RuleHint, AnEarlierRunsFindingsInTheLogPlayNoPart) {
@@ -140,7 +140,7 @@ TEST(RuleHint, AnEarlierRunsFindingsInTheLogPlayNoPart) {
   restoreBoardSnapshot(s, puzzle);
   s.run.mode = RunState::Waiting;
   runRuleHint(s, kAllRulesHint);
-  EXPECT_EQ(test::joinLines(s.Hints), test::readFile(test::dataFile("cli/hint-all-rules-found.out")));
+  EXPECT_EQ(test::joinLines(hintTexts(s.hints)), test::readFile(test::dataFile("cli/hint-all-rules-found.out")));
 }
 
 TEST(CellHint, TheOpenCellWithFewestChoicesLowestFirstAndThePointerReadouts) {
@@ -152,7 +152,7 @@ TEST(CellHint, TheOpenCellWithFewestChoicesLowestFirstAndThePointerReadouts) {
   // one choice, the lowest wins.
   EXPECT_EQ(cellHint(m.session, &m.play), 42);
   EXPECT_EQ(m.recorder.events, (Lines{"selected 42", "repaint", "message Cell 42 has choices: 4"}));
-  EXPECT_TRUE(m.play.selectedCell == 42 && m.play.CellChoice == "4");
+  EXPECT_TRUE(m.play.selectedCell == 42 && m.play.cellChoice.text() == "4");
   // Its 4 leaves cell 39 of the same row the single choice 9.
   m.type(42, 4);
   EXPECT_EQ(cellHint(m.session, &m.play), 39);

@@ -19,7 +19,7 @@ class ManualPlayTest : public ::testing::Test {
   std::string choices(int cell) { return s.grid[cell].candidates.text(); }
   /// The selected cell, the highlighted cell and the selected cell's choices.
   std::string selection() const {
-    return std::to_string(play.selectedCell) + " " + std::to_string(play.highlightedCell) + " " + play.CellChoice;
+    return std::to_string(play.selectedCell) + " " + std::to_string(play.highlightedCell) + " " + play.cellChoice.text();
   }
   /// The explanation of the cell, one string.
   std::string explained(int cell) {
@@ -44,19 +44,18 @@ TEST_F(ManualPlayTest, AClickMovesTheHighlightAGivenIsOnlySelectedOnlyAChoiceGoe
   play.selectCell(3);  // holds the given 3
   EXPECT_EQ(selection(), "3 2 4578");
   // Keys on a given do nothing, Delete included; it offers no drop-down.
-  for (int key : {ManualPlay::kDeleteKey, ManualPlay::kDigitKey1 + 3}) EXPECT_EQ(play.keyReleased(key), key);
+  for (int value : {ManualPlay::kClear, 4}) play.typed(value);
   EXPECT_TRUE(s.grid[3].value == 3 && s.grid[3].given && play.LogManual().empty());
   EXPECT_TRUE(play.dropDownDigits(7).empty());
   EXPECT_EQ(play.selectedCell, 7);
 
   play.selectCell(1);                                          // choices 45
   EXPECT_EQ(rec.events, (Lines{"selected 2", "normal 2", "selected 1"}));
-  EXPECT_EQ(play.keyReleased(ManualPlay::kDigitKey1 + 8), 0);  // 9: swallowed
-  for (int key : {65, 100}) EXPECT_EQ(play.keyReleased(key), key);  // A and the pad's 4: nothing
+  for (int value : {9, 0, 10}) play.typed(value);  // 9 is not among the choices: swallowed
   EXPECT_EQ(s.grid[1].value, 0);
-  EXPECT_EQ(play.keyReleased(ManualPlay::kDigitKey1 + 3), ManualPlay::kDigitKey1 + 3);
+  play.typed(4);
   EXPECT_TRUE(s.grid[1].value == 4 && !s.grid[1].given);
-  EXPECT_EQ(play.CellChoice, "");  // a filled cell has no choices
+  EXPECT_EQ(play.cellChoice.text(), "");  // a filled cell has no choices
   EXPECT_EQ(choices(2), "578");    // recomputed at once
   EXPECT_EQ(play.dropDownDigits(2), (std::vector<int>{5, 7, 8}));
   EXPECT_EQ(selection(), "2 2 578");
@@ -70,7 +69,7 @@ TEST_F(ManualPlayTest, AClickMovesTheHighlightAGivenIsOnlySelectedOnlyAChoiceGoe
 TEST_F(ManualPlayTest, ARefusedPlacementAdvisesAnotherChoiceOrUndoWithTheEmptiedCellInRed) {
   play.selectCell(4);  // choices 49; cell 76 below it has the single choice 4
   rec.events.clear();
-  play.keyReleased(ManualPlay::kDigitKey1 + 3);
+  play.typed(4);
   const std::string another =
       "placing 4 in this cell will result in no choices for cell 76\nSelect another choice for this cell";
   // Red while the message is open, normal again afterwards, then the cell itself.
@@ -81,7 +80,7 @@ TEST_F(ManualPlayTest, ARefusedPlacementAdvisesAnotherChoiceOrUndoWithTheEmptied
   // recomputation; the cell stays selected with its choices.
   EXPECT_EQ(choices(76) + "|" + choices(4), "|");
   EXPECT_EQ(selection(), "4 -1 49");
-  play.keyReleased(ManualPlay::kDigitKey1 + 8);
+  play.typed(9);
   EXPECT_EQ(s.grid[4].value, 9);
   EXPECT_EQ(choices(76), "4");
 
@@ -111,13 +110,13 @@ TEST_F(ManualPlayTest, AMoveListClickSelectsDeleteTakesTheCellsEntryOutUndoTakes
   EXPECT_TRUE(play.selectedCell == 1 && play.highlightedCell == 1);
 
   play.selectCell(2);
-  play.keyReleased(ManualPlay::kDeleteKey);
+  play.typed(ManualPlay::kClear);
   EXPECT_EQ(s.grid[2].value, 0);
   EXPECT_EQ(m.moves(), "C09 = 7, C01 = 4, C04 = 9");
   EXPECT_EQ(choices(2), "58");
   // Delete again on the now empty cell: nothing to take off, the summaries refreshed all the same.
   play.PossibleInRow[0] = "stale";
-  play.keyReleased(ManualPlay::kDeleteKey);
+  play.typed(ManualPlay::kClear);
   play.removeManualLogEntry(81);  // no entry: nothing happens
   EXPECT_EQ(m.moves(), "C09 = 7, C01 = 4, C04 = 9");
   EXPECT_EQ(play.PossibleInRow[0], "123568");  // the givens 2, 3, 6 and the choices of cells 2, 6 and 8
@@ -155,7 +154,7 @@ TEST_F(ManualPlayTest, SummariesListTheDigitsStillOpenAndAGamePlayedToTheEndIsSo
   EXPECT_EQ(play.PossibleInRow[0] + "|" + play.PossibleInCol[0] + "|" + play.PossibleInCol[1], "236|7  8  9  |");
   // A Delete and the same digit again tells once more.
   play.selectCell(81);
-  play.keyReleased(ManualPlay::kDeleteKey);
+  play.typed(ManualPlay::kClear);
   m.type(81, 2);
   EXPECT_EQ(rec.messages, (Lines{"Puzzle is solved", "Puzzle is solved"}));
 }
@@ -175,7 +174,7 @@ TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNoneAndOnAnothe
   s.collection.CurrentPuzzleNumber = 1;
   s.controls.currentTab = Tab::AutoSolve;
   play.selectCell(2);
-  play.keyReleased(ManualPlay::kDeleteKey);
+  play.typed(ManualPlay::kClear);
   play.undo();
   play.clearManual();
   EXPECT_TRUE(play.dropDownDigits(2).empty());

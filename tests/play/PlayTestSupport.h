@@ -54,7 +54,7 @@ struct ManualSession {
   /// Selects the cell and releases the key of the digit.
   void type(int cell, int digit) {
     play.selectCell(cell);
-    play.keyReleased(ManualPlay::kDigitKey1 + digit - 1);
+    play.typed(digit);
   }
   /// The move list, one string: "C01 = 4, C02 = 8".
   std::string moves() const {

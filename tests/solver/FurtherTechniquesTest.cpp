@@ -108,7 +108,7 @@ TEST(FurtherTechniques, NextStepTellsTheEasiestStepAndItsCells) {
   const NextStepHint rules = nextStepHint(s);
   ASSERT_TRUE(rules.step);
   EXPECT_EQ(techniqueInfo(rules.step->technique).family, TechniqueFamily::Rules);
-  EXPECT_EQ(rules.lines.front(), narrateStep(*rules.step));
+  EXPECT_EQ(rules.lines.front().text, narrateStep(*rules.step));
   EXPECT_EQ(rules.lines.size(), 1 + rules.step->placements.size() + rules.step->eliminations.size());
   EXPECT_EQ(s.grid.valueCode(), before);
   const std::vector<int> cells = patternCells(*rules.step);
@@ -117,7 +117,7 @@ TEST(FurtherTechniques, NextStepTellsTheEasiestStepAndItsCells) {
   // A board no technique can move on.
   Session empty;
   SolverEngine(empty).computeCandidates(false);
-  EXPECT_EQ(nextStepHint(empty).lines, std::vector<std::string>{kNoNextStep});
+  EXPECT_EQ(hintTexts(nextStepHint(empty).lines), std::vector<std::string>{kNoNextStep});
 }
 
 }  // namespace

@@ -166,7 +166,7 @@ TEST(ReadPuzzle, ProblemsAreToldAndDuplicateGivensStayOnScreen) {
     if (const auto at = message.find('@'); at != std::string::npos) message.replace(at, 1, dir.file("p.sud"));
     EXPECT_EQ(t.ui.messages, Strings{message});
     EXPECT_EQ(s.grid.valueCode().substr(0, 18), r.grid) << message;
-    EXPECT_EQ(s.log.TotalLines() ? s.log.line(s.log.TotalLines()) : "", r.lastLine) << message;
+    EXPECT_EQ(s.log.TotalLines() ? s.log.listed(s.log.TotalLines()) : "", r.lastLine) << message;
   }
   // A window closed during the read ends it quietly.
   struct ClosingPacer : Pacer { bool processEvents() override { return false; } } closing;
@@ -211,7 +211,7 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuessAndAnExhaustedSear
   // The retry places 8 without saving a new level.
   const int before = s.log.TotalLines();
   engine.placeNext();
-  EXPECT_EQ(s.log.line(before + 1), "00Set row 3, col 5, cell 23 to value 8");
+  EXPECT_EQ(s.log.listed(before + 1), "00Set row 3, col 5, cell 23 to value 8");
   EXPECT_EQ(s.run.SavedGuessCount, 1);
 
   // Givens that leave cell 9 without candidates and no guess to go back to.
@@ -225,7 +225,7 @@ TEST_F(SolveRunTest, ADeadEndRetriesTheNextDigitOfTheLastGuessAndAnExhaustedSear
   EXPECT_EQ(u.ui.messages,
             Strings{"There appears to be no possible solution to this puzzle.\nPlease check you number placements."});
   EXPECT_TRUE(u.session.run.candidateQueue.empty());
-  EXPECT_EQ(u.session.log.line(u.session.log.TotalLines()),
+  EXPECT_EQ(u.session.log.listed(u.session.log.TotalLines()),
             "04OOPs, this placement will leave cell 9 in box 3 with no valid options, must retract");
 }
 
@@ -257,7 +257,7 @@ TEST_F(SolveRunTest, AFullGridStopsStartButSolveStillReportsAndSaysDone) {
   engine.computeCandidates(false);
   engine.solveCommand();
   EXPECT_EQ(t.ui.messages, Strings{"Done"});
-  EXPECT_EQ(s.log.line(1) + "|" + s.log.line(3), "00The puzzle is solved|00Solved with no re-tries");
+  EXPECT_EQ(s.log.listed(1) + "|" + s.log.listed(3), "00The puzzle is solved|00Solved with no re-tries");
   EXPECT_EQ(readWholeFile("Eventlog.txt"), std::optional<std::string>(""));
 }
 

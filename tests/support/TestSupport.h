@@ -78,7 +78,7 @@ inline void loadGivens(Session& s, const std::string& puzzle) {
 /// The stored log lines from line `from` on (with their style prefix).
 inline std::vector<std::string> logLines(const Session& s, int from = 1) {
   std::vector<std::string> lines;
-  for (int n = from; n <= s.log.TotalLines(); ++n) lines.push_back(s.log.line(n));
+  for (int n = from; n <= s.log.TotalLines(); ++n) lines.push_back(s.log.listed(n));
   return lines;
 }
 

@@ -174,7 +174,7 @@ TEST_F(LayoutTest, TheShortcutsClickTheButtonsOfTheShownPageAndTheToolTipsNameTh
   for (const auto& [name, keys] : tips) EXPECT_TRUE(child(name)->toolTip().endsWith(keys)) << name;
 
   QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);  // a hint key while its page is not shown
-  EXPECT_TRUE(session.Hints.empty());
+  EXPECT_TRUE(session.hints.empty());
   QTest::keyClick(window.get(), Qt::Key_F7);  // Solve
   EXPECT_EQ(ui.messages, std::vector<std::string>{"Done"});
   EXPECT_EQ(blanksShown(), 0);
@@ -182,8 +182,8 @@ TEST_F(LayoutTest, TheShortcutsClickTheButtonsOfTheShownPageAndTheToolTipsNameTh
   click("ClearCommand");
   selectTab(Tab::ManualSolve);
   QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);  // Rule 2's hint
-  ASSERT_FALSE(session.Hints.empty());
-  EXPECT_EQ(session.Hints[0], "APPLY RULE 2");
+  ASSERT_FALSE(session.hints.empty());
+  EXPECT_EQ(session.hints[0].text, "APPLY RULE 2");
   EXPECT_EQ(lines(child<QListWidget>("LogManual")), std::vector<std::string>{});
 }
 

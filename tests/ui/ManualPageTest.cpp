@@ -101,19 +101,19 @@ TEST_F(ManualPageTest, ClicksOnTheMoveListAndTheHintLinesReachTheirCells) {
   // Each hint button runs its own rule; the list shows the session's hints.
   for (int k = 0; k <= kAllRulesHint; ++k) {
     click(&page, QString("GetHint_%1").arg(k));
-    EXPECT_EQ(list("Hints"), session.Hints) << k;
+    EXPECT_EQ(list("Hints"), hintTexts(session.hints)) << k;
     EXPECT_EQ(list("Hints").at(0), k < kAllRulesHint ? "APPLY RULE " + std::to_string(k + 1) : "") << k;
   }
-  const auto single = std::find_if(session.Hints.begin(), session.Hints.end(),
-                                   [](const std::string& line) { return line.rfind("Row=", 0) == 0; });
-  ASSERT_NE(single, session.Hints.end()) << "no hint found a single value";
-  const std::string line = *single;  // Row= 3, Col= 5, Cell= 23, Value= 7
-  const int row = int(single - session.Hints.begin()), cell = std::stoi(line.substr(line.find("Cell=") + 5));
+  const auto single = std::find_if(session.hints.begin(), session.hints.end(),
+                                   [](const HintLine& line) { return line.kind == HintKind::Placement; });
+  ASSERT_NE(single, session.hints.end()) << "no hint found a single value";
+  const HintLine line = *single;
+  const int row = int(single - session.hints.begin()), cell = line.cell;
   clickLine("Hints", row, Qt::LeftButton);
   EXPECT_EQ(page.play().selectedCell, cell);
   EXPECT_EQ(session.grid[cell].value, 0);
   clickLine("Hints", row, Qt::RightButton);
-  EXPECT_EQ(session.grid[cell].value, std::stoi(line.substr(line.find("Value=") + 6)));
+  EXPECT_EQ(session.grid[cell].value, line.digit);
   EXPECT_EQ(list("LogManual").size(), 3u);
 }
 
