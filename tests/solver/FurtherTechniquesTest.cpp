@@ -57,6 +57,14 @@ TEST(FurtherTechniques, NarratedSolveIsNeverWrongAndNeedsNoGuessOnHardPuzzles) {
     }
     if (guessed) ++unsolved;
     EXPECT_EQ(s.grid.valueCode(), solution) << puzzle;
+    // What the run removed goes with it: the next puzzle's choices come from its values alone.
+    loadGivens(s, puzzles.front());
+    SolverEngine(s).computeCandidates(false);
+    const TechniqueBoard plain = boardFromPuzzle(puzzles.front());
+    for (int c = 1; c <= kCells; ++c)
+      if (!s.grid[c].value) {
+        ASSERT_EQ(s.grid[c].candidates.bits(), plain.cand[std::size_t(c - 1)]) << puzzle;
+      }
   }
   EXPECT_GT(steps, 0);
   // The sample's forum puzzles need nested chains; all of top95 and the rest go without a guess.
