@@ -29,6 +29,16 @@ TEST_F(TechniquesTest, TheOptionReachesTheSolveAndComesBackInTheNextRun) {
   EXPECT_EQ(session.controls.techniques, TechniqueSet::rulesOnly());
 }
 
+TEST_F(TechniquesTest, TheGradeShownFollowsTheTechniquesTurnedOn) {
+  start();
+  window->readPuzzleFile(puzzleFile("top95.sud"), 4);  // five guesses for the six rules, a W-Wing for the rest
+  EXPECT_EQ(child<QLabel>("GradeLabel")->text().toStdString(), "Grade 5 \u00B7 Diabolical");
+  action("mnuTechniques")->trigger();
+  EXPECT_EQ(child<QLabel>("GradeLabel")->text().toStdString(), "Grade 3 \u00B7 Hard");
+  action("mnuTechniques")->trigger();
+  EXPECT_EQ(child<QLabel>("GradeLabel")->text().toStdString(), "Grade 5 \u00B7 Diabolical");
+}
+
 TEST_F(TechniquesTest, NextStepListsTheStepAndHighlightsItsCellsUntilTheNextClick) {
   start(1);
   selectTab(Tab::ManualSolve);
