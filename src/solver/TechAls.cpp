@@ -242,7 +242,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
   }
   if (bestTotal > 2 * kMaxAlsCells) return std::nullopt;
 
-  const auto [x, z] = best;
+  const int x = best.first, z = best.second;  // named, not bound: a lambda below captures z
   TechniqueStep step;
   step.technique = Technique::AlsXz;
   step.groups = {sets[bestA].group(), sets[bestB].group()};
