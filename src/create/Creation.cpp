@@ -7,6 +7,7 @@
 #include "model/FileUtil.h"
 #include "model/Session.h"
 #include "solver/Grader.h"
+#include "solver/Techniques.h"
 #include "solver/SolutionCounter.h"
 #include "solver/SolverEngine.h"
 
@@ -52,7 +53,7 @@ std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateRe
   const BoardBefore before = keepBoard();
   s.ui().setBusy(true);
   try {
-    const bool graded = settings.targetGrade.has_value();
+    const bool graded = settings.targetGrade.has_value() || settings.targetTechnique.has_value();
     const int tries = graded ? std::max(1, settings.gradeTries) : 1;
     // A Manual template that cannot be used is told once: the tries after it
     // blank at random, as the fallback chose.
@@ -70,13 +71,18 @@ std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateRe
       if (settings.uniqueOnly) result.blanks = keepOneSolution(solution, result.settings.distribution);
       current = result.settings;
       if (!graded) break;
-      result.grade = gradePuzzle(gridText()).grade;
-      if (result.grade == *settings.targetGrade) break;
+      const PuzzleGrade grade = gradePuzzle(gridText(), s.controls.techniques);
+      result.grade = grade.grade;
+      if ((!settings.targetGrade || result.grade == *settings.targetGrade) &&
+          (!settings.targetTechnique || (grade.graded() && grade.guesses == 0 &&
+                                         grade.hardestTechnique == *settings.targetTechnique)))
+        break;
       if (result.tries >= tries) {
         result.outcome = CreateResult::Outcome::GradeNotReached;
         restoreBoard(before);
         s.ui().setBusy(false);
-        return gradeNotReachedText(*settings.targetGrade, tries);
+        return settings.targetTechnique ? techniqueNotReachedText(*settings.targetTechnique, tries)
+                                        : gradeNotReachedText(*settings.targetGrade, tries);
       }
     }
     makeKeptCellsGivens();
@@ -137,6 +143,11 @@ bool PuzzleCreator::fillGrid() {
 
 std::string gradeNotReachedText(int grade, int tries) {
   return "No puzzle of grade " + std::to_string(grade) + " (" + std::string(gradeName(grade)) + ") was made in " +
+         std::to_string(tries) + (tries == 1 ? " try" : " tries") + "; try other blanks or more tries";
+}
+
+std::string techniqueNotReachedText(Technique technique, int tries) {
+  return "No puzzle that needs " + std::string(techniqueInfo(technique).name) + " was made in " +
          std::to_string(tries) + (tries == 1 ? " try" : " tries") + "; try other blanks or more tries";
 }
 
