@@ -65,7 +65,7 @@ struct SolveRun {
   CandidateQueue candidateQueue;  ///< open cells, sorted by their placement key
   GuessStack guessStack;          ///< one level per guess still open to retraction
   /// Slot i (1..6) holds the rule applied i-th; slot 0 is unused.
-  std::array<int, 7> RuleTable{0, 2, 3, 4, 5, 6, 7};
+  std::array<int, kRuleCount + 1> RuleTable{0, 2, 3, 4, 5, 6, 7};
   int currentCell = 0;  ///< the cell the last placement coloured, 0 when none
   /// A new run: no queue, no guess levels, no placements or guesses counted.
   void begin() {
