@@ -55,8 +55,8 @@ bool saveAs(Session& session, const SaveKind& kind) {
   std::string path = chooseSaveFile(session, kind);
   if (path.empty()) return false;
   if (!confirmOverwrite(session, path)) return false;
-  if (!writeExport(session, kind.format, path)) {
-    session.message("Could not write file: " + path);
+  if (const FileResult written = writeExport(session, kind.format, path); !written) {
+    session.message(couldNotWriteText(path, written));
     return false;
   }
   session.message("Puzzle and its solution saved in file: " + path);
@@ -90,7 +90,7 @@ std::optional<ExportFormat> exportFormatForPath(const std::string& path) {
   return std::nullopt;
 }
 
-bool writeExport(const Session& session, ExportFormat format, const std::string& path) {
+FileResult writeExport(const Session& session, ExportFormat format, const std::string& path) {
   switch (format) {
     case ExportFormat::Csv:
       return writeCsvExport(session, path);
@@ -99,7 +99,7 @@ bool writeExport(const Session& session, ExportFormat format, const std::string&
     case ExportFormat::Xls:
       return writeXlsExport(session, path);
   }
-  return false;
+  return FileResult::failure("unknown export format");
 }
 
 }  // namespace tessaly
