@@ -173,7 +173,7 @@ int runBatch(const std::string& source, int jobs, TechniqueSet techniques, Batch
   std::ifstream file;
   if (!fromStdin) {
     if (std::string problem = readProblem(source); !problem.empty()) {
-      std::cerr << "tessaly-cli: cannot read " << source << ": " << problem << '\n';
+      std::cerr << "tessaly-cli: " << couldNotReadText(source, problem) << '\n';
       return kExitUsage;
     }
     file.open(source, std::ios::binary);

@@ -216,7 +216,7 @@ bool requireFile(const std::string& path) {
   if (problem == "no such file")
     std::cerr << "tessaly-cli: no such file: " << path << '\n';
   else
-    std::cerr << "tessaly-cli: cannot read " << path << ": " << problem << '\n';
+    std::cerr << "tessaly-cli: " << couldNotReadText(path, problem) << '\n';
   return false;
 }
 

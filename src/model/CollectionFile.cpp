@@ -283,7 +283,7 @@ std::string collectionProblemText(const CollectionScan& scan, const std::string&
     case CollectionScan::Problem::Binary: return path + " is not a text file of puzzles";
     case CollectionScan::Problem::Utf16:
       return path + " is UTF-16 text; puzzle files are read as ASCII or UTF-8";
-    case CollectionScan::Problem::NotAFile: return "Could not read file: " + path + " (" + scan.reason + ")";
+    case CollectionScan::Problem::NotAFile: return couldNotReadText(path, scan.reason);
     case CollectionScan::Problem::Unreadable:
     case CollectionScan::Problem::None: break;
   }

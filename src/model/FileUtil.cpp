@@ -101,6 +101,10 @@ std::string couldNotWriteText(const std::string& path, const FileResult& result)
   return text;
 }
 
+std::string couldNotReadText(const std::string& path, const std::string& reason) {
+  return "Could not read file: " + path + " (" + reason + ")";
+}
+
 FileResult writeFileAtomically(const std::string& path, const std::string& content) {
   // Through a symbolic link the file it points at is written, and the link
   // stays; a link that leads nowhere (dangling, or a loop) is an error rather

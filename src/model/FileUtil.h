@@ -22,6 +22,9 @@ std::string systemReason(int error);
 /// "Could not write file: PATH", followed by the reason in brackets when known.
 std::string couldNotWriteText(const std::string& path, const FileResult& result);
 
+/// "Could not read file: PATH (reason)".
+std::string couldNotReadText(const std::string& path, const std::string& reason);
+
 /// Writes the whole content to a temporary file beside `path`, syncs it and
 /// renames it into place (syncing the folder after), so an error never leaves
 /// a half-written file. Only regular files are written: a directory, device,
