@@ -29,6 +29,15 @@ bool saveAsCsv(Session& session);
 bool saveAsTxt(Session& session);
 bool saveAsXls(Session& session);
 
+/// Every line of the event log as it is shown (its text, CR LF each), the
+/// lines a hint recorded and the rest alike.
+std::string eventLogText(const Session& session);
+/// File > Save log as...: the file chooser in save mode (*.txt; cancel stops
+/// silently), confirmOverwrite, the write through writeFileAtomically and
+/// "Event log saved in file: " + path, or "Could not write file: " + path and
+/// the reason. Eventlog.txt is not touched. True when a file was written.
+bool saveEventLogAs(Session& session);
+
 /// The export formats.
 enum class ExportFormat { Csv, Txt, Xls };
 /// The format a file name asks for by its extension (.csv, .txt, .xls, any
