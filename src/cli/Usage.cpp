@@ -42,7 +42,9 @@ constexpr OptionHelp kCreate[] = {
     {"--count K", "how many puzzles to create (1 by default)"},
     {"--unique", "only puzzles with one solution"},
     {"--grade G", "only puzzles of grade G (1 to 5)"},
-    {"--grade-tries T", "the most puzzles made to reach the grade (with --grade)"},
+    {"--grade-tries T", "the most puzzles made to reach the grade or the technique (with --grade or --needs)"},
+    {"--techniques six|all|NAME,...", "the techniques the grading may use besides the six rules"},
+    {"--needs NAME", "only puzzles whose solve needs the technique NAME"},
     {"--into FILE.sud", "also append each puzzle to this collection"},
     {"--seed S", "fix the random choices with the number S"},
     {"--max-tries N", "the most guesses before a fill is given up"},
@@ -85,7 +87,8 @@ constexpr CommandUsage kUsages[] = {
      kExport},
     {"create",
      "tessaly-cli create --blanks N --distribution mirror|box|random|manual [--template FILE] [--count K] "
-     "[--unique] [--grade G [--grade-tries T]] [--into FILE.sud] [--seed S] [--max-tries N]",
+     "[--unique] [--grade G] [--needs NAME] [--grade-tries T] [--techniques six|all|NAME,...] [--into FILE.sud] "
+     "[--seed S] [--max-tries N]",
      kCreate},
     {"count", "tessaly-cli count FILE [--solutions N | --check] | count --solutions FILE|- [--jobs J]", kCount},
     {"grade", "tessaly-cli grade FILE [N] [--jobs J] [--techniques six|all|NAME,...]  (FILE - reads standard input)",

@@ -9,6 +9,9 @@ namespace tessaly {
 
 namespace {
 constexpr const char* kNoSolutionStatus = "There appears to be no possible solution to this puzzle.";
+constexpr const char* kAttemptLimitAdvice =
+    ". To go on, raise Options > Attempt limit... or turn on Options > Further techniques";
+constexpr const char* kAttemptLimitAdviceWithTechniques = ". To go on, raise Options > Attempt limit...";
 constexpr const char* kProblemMessage =
     "This Puzzle appears to have a problem, please check fixed values for duplicates and solve again";
 }  // namespace
@@ -28,6 +31,9 @@ void SolverEngine::guarded(F&& body) {
     s.run.mode = RunState::Released;
     s.ui().setBusy(false);
   }
+  // What the further techniques removed belongs to the run that found it: the
+  // choices shown afterwards are computed from the values alone again.
+  s.run.excluded.fill(CandidateSet());
 }
 
 void SolverEngine::solveAll() {
@@ -39,10 +45,13 @@ void SolverEngine::solveAll() {
       s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
     do {
       placeNext();
-      if (s.run.PlacementCount > s.config.MaxTries) {
+      // The attempt limit is the narrated solve's: a silent run (creation
+      // completing its seeded grid) searches until it is done.
+      if (s.run.mode != RunState::Silent && s.run.PlacementCount > s.config.MaxTries) {
         const std::string text = "Tried" + num(s.config.MaxTries) + " times, solution aborted";
         s.message(text);
-        s.statusText = text;
+        // The status line stays after the message is gone: it tells the ways on.
+        s.statusText = text + (s.controls.techniques.any() ? kAttemptLimitAdviceWithTechniques : kAttemptLimitAdvice);
         s.run.mode = RunState::Released;
         s.run.PlacementCount = 0;
         return;

@@ -30,6 +30,8 @@ class PuzzleFrame : public FrameBox {
   PuzzleFrame(Session& session, CommandHost& host, QWidget* parent = nullptr);
 
   void refreshFromSession();
+  /// Judges the givens again (the techniques the grade is measured with changed).
+  void judgeAgain();
   void applyColours(const ColourScheme& scheme);
 
  protected:
@@ -53,6 +55,7 @@ class PuzzleFrame : public FrameBox {
   QLineEdit* m_number = nullptr;
   std::array<RightClickButton*, 3> m_buttons{};
   std::string m_shownNumber;  ///< PuzNumNow as last drawn, so typing is not overwritten
+  bool m_enterPressed = false;  ///< Enter went down in the number box and is not yet released
 };
 
 }  // namespace tessaly
