@@ -4,9 +4,11 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "model/CollectionFile.h"
 #include "model/Event.h"
 #include "model/EventLog.h"
 #include "model/Finding.h"
@@ -111,6 +113,9 @@ struct Collection {
   /// puzzles when the user was last told of them, so that reading another of
   /// its puzzles does not tell them again (a change to the file does).
   std::map<std::string, std::pair<int, int>> toldSkippedLines;
+  /// The collection as last looked through: Previous, Next and the number box
+  /// read from it while the file is unchanged.
+  std::optional<CollectionIndex> index;
 };
 
 /// Creation's blanking orders: permutations it shuffles before blanking cells.
