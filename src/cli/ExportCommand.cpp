@@ -1,11 +1,14 @@
-// tessaly-cli export FILE N --csv|--txt|--xls|--report PATH: reads puzzle N,
+// tessaly-cli export FILE N --csv|--txt|...|--report PATH: reads puzzle N,
 // solves it as the Solve command does and writes the puzzle with its solution.
+// The options of the formats come from the table of export formats.
 
 #include <filesystem>
 #include <iostream>
+#include <vector>
 
 #include "cli/CliSupport.h"
 #include "model/FileUtil.h"
+#include "output/ExportFormats.h"
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
 #include "solver/ReadPuzzle.h"
@@ -14,27 +17,51 @@
 namespace tessaly::cli {
 
 namespace {
-constexpr const char* kExportUsage =
-    "tessaly-cli export FILE N (--csv PATH | --txt PATH | --xls PATH | --report PATH [--with-log]) [--seed S] "
-    "[--rule-order S] [--max-tries N]";
+
+constexpr const char* kReportOption = "--report";
+
+std::string exportUsage() {
+  std::string usage = "tessaly-cli export FILE N (";
+  for (const ExportFormat& format : exportFormats()) usage += std::string(format.cliOption) + " PATH | ";
+  return usage + kReportOption +
+         " PATH [--with-log]) [--seed S] [--rule-order S] [--max-tries N]";
+}
+
+}  // namespace
+
+std::string exportedKinds() {
+  std::string kinds;
+  for (const ExportFormat& format : exportFormats()) kinds += std::string(format.name) + ", ";
+  kinds.resize(kinds.size() - 2);
+  return kinds + " or report";
 }
 
 int exportCommand(const Arguments& arguments) {
   Arguments args = arguments;
   struct Target {
-    const char* option;
+    const ExportFormat* format;  ///< null for the report
     std::string path;
     bool present = false;
-  } targets[] = {{"--csv", {}}, {"--txt", {}}, {"--xls", {}}, {"--report", {}}};
+  };
+  std::vector<Target> targets;
+  for (const ExportFormat& format : exportFormats()) targets.push_back({&format, {}});
+  targets.push_back({nullptr, {}});
   for (Target& t : targets)
-    if (!takeOption(args, t.option, t.path, t.present)) return kExitUsage;
+    if (!takeOption(args, t.format ? std::string(t.format->cliOption) : kReportOption, t.path, t.present))
+      return kExitUsage;
   const bool withLog = takeFlag(args, "--with-log");
-  auto options = parsePuzzleOptions(args, kExportUsage);
+  const std::string usage = exportUsage();
+  auto options = parsePuzzleOptions(args, usage.c_str());
   if (!options) return kExitUsage;
-  int chosen = 0;
-  for (const Target& t : targets) chosen += t.present ? 1 : 0;
-  if (chosen != 1 || !args.empty()) {
-    std::cerr << "Usage: " << kExportUsage << '\n';
+  const Target* chosen = nullptr;
+  int count = 0;
+  for (const Target& t : targets)
+    if (t.present) {
+      chosen = &t;
+      ++count;
+    }
+  if (count != 1 || !args.empty()) {
+    std::cerr << "Usage: " << usage << '\n';
     return kExitUsage;
   }
   if (!requireFile(options->file)) return kExitUsage;
@@ -44,20 +71,15 @@ int exportCommand(const Arguments& arguments) {
   SolverEngine(session).solveCommand();
 
   bool written = false;
-  std::string path;
-  if (targets[3].present) {
-    path = targets[3].path;
+  const std::string& path = chosen->path;
+  if (!chosen->format) {
     written = writeFileAtomically(path, reportText(session, withLog));
   } else {
-    const ExportFormat format = targets[0].present ? ExportFormat::Csv
-                                : targets[1].present ? ExportFormat::Txt
-                                                     : ExportFormat::Xls;
-    path = targets[0].present ? targets[0].path : targets[1].present ? targets[1].path : targets[2].path;
     if (!gridIsComplete(session)) {
-      cli.session().message("There is no solution to save");
+      session.message("There is no solution to save");
       return kExitFailure;
     }
-    written = writeExport(session, format, path);
+    written = chosen->format->write(session, path);
   }
   if (!written) {
     session.message("Could not write file: " + path);

@@ -1,10 +1,10 @@
 #pragma once
-// The menu commands that save the puzzle with its solution (`mnusavecsv`,
-// `mnusavetxt`, `mnusavexls`) and one entry point for saving without dialogs,
-// for the command line.
+// The File menu's exports: the puzzle with its solution saved in one of the
+// formats of ExportFormats.h, through the save dialog.
 
-#include <optional>
 #include <string>
+
+#include "output/ExportFormats.h"
 
 namespace tessaly {
 
@@ -18,23 +18,12 @@ bool gridIsComplete(const Session& session);
 /// A missing or empty file needs no question. True to go on.
 bool confirmOverwrite(Session& session, const std::string& path);
 
-/// The save commands: "There is no solution to save" when a cell is empty; then
+/// The save command of a format: "There is no solution to save" when a cell is empty; then
 /// the file chooser in save mode starting in the application directory
 /// (cancel stops silently), confirmOverwrite, the write, and
 /// "Puzzle and its solution saved in file: " + path. A failed write shows
 /// "Could not write file: " + path. True when a file was written.
-bool saveAsCsv(Session& session);
-bool saveAsTxt(Session& session);
-bool saveAsXls(Session& session);
-
-/// The export formats.
-enum class ExportFormat { Csv, Txt, Xls };
-/// The format a file name asks for by its extension (.csv, .txt, .xls, any
-/// letter case); nothing for any other name.
-std::optional<ExportFormat> exportFormatForPath(const std::string& path);
-/// Writes the puzzle and its solution in the given format, without any dialog,
-/// check or message (the caller decides about incomplete grids and existing
-/// files). False when the file could not be written.
-bool writeExport(const Session& session, ExportFormat format, const std::string& path);
+/// The dialog's title, filter and extension come from the format.
+bool saveAs(Session& session, const ExportFormat& format);
 
 }  // namespace tessaly

@@ -26,6 +26,8 @@ QAction* addEntry(QMenu* menu, const char* objectName, const QString& text) {
   return action;
 }
 
+QString text(std::string_view s) { return QString::fromUtf8(s.data(), qsizetype(s.size())); }
+
 }  // namespace
 
 void MainWindow::createMenus() {
@@ -46,12 +48,11 @@ void MainWindow::createFileMenu() {
     if (saveThisPuzzleCommand) runCommand(saveThisPuzzleCommand);
   });
   menu->addSeparator();
-  connect(addEntry(menu, names::mnusavecsv, "Save as CSV..."), &QAction::triggered, this,
-          command([this] { saveAsCsv(m_session); }));
-  connect(addEntry(menu, names::mnusavetxt, "Save as TXT..."), &QAction::triggered, this,
-          command([this] { saveAsTxt(m_session); }));
-  connect(addEntry(menu, names::mnusavexls, "Save as XLS..."), &QAction::triggered, this,
-          command([this] { saveAsXls(m_session); }));
+  for (const ExportFormat& format : exportFormats()) {
+    QAction* entry = menu->addAction(text(format.menuCaption));
+    entry->setObjectName(QString(names::mnusave_N).arg(text(format.extension)));
+    connect(entry, &QAction::triggered, this, command([this, &format] { saveAs(m_session, format); }));
+  }
   menu->addSeparator();
   connect(addEntry(menu, names::mnuPrPuz2File, "Print puzzle to file"), &QAction::triggered, this,
           command([this] { printToTextFile(m_session, false); }));

@@ -70,7 +70,7 @@ struct App {
   bool solveAndExport(const std::string& path) {
     SolverEngine(s).solveCommand();
     ui.files.push_back(path);
-    return saveAsTxt(s);
+    return saveAs(s, *exportFormatNamed("txt"));
   }
   Lines takeMessages() { return std::exchange(ui.messages, {}); }
 };
