@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "output/ExcelFile.h"
+#include "output/OdsFile.h"
 #include "output/TextExport.h"
 
 namespace tessaly {
@@ -15,6 +16,8 @@ constexpr ExportFormat kFormats[] = {
     {"CSV", "csv", writeCsvExport, "Save as CSV...", "--csv", "Select a CSV file to save Puzzle", "CSV Files"},
     {"TXT", "txt", writeTxtExport, "Save as TXT...", "--txt", "Select a TXT file to save Puzzle", "Text Files"},
     {"XLS", "xls", writeXlsExport, "Save as XLS...", "--xls", "Select an XLS file to save Puzzle", "Excel Files"},
+    {"ODS", "ods", writeOdsExport, "Save as ODS...", "--ods", "Select an ODS file to save Puzzle",
+     "OpenDocument Spreadsheets"},
 };
 
 }  // namespace

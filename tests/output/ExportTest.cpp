@@ -106,7 +106,8 @@ TEST(SaveCommands, AskForTheirKindOfFileInTheApplicationFolderAndNeverForAnIncom
   const std::string in = "|" + f.dir.dir() + "\n";
   EXPECT_EQ(requests, "save|Select a CSV file to save Puzzle|*.csv|CSV Files" + in +
                           "save|Select a TXT file to save Puzzle|*.txt|Text Files" + in +
-                          "save|Select an XLS file to save Puzzle|*.xls|Excel Files" + in);
+                          "save|Select an XLS file to save Puzzle|*.xls|Excel Files" + in +
+                          "save|Select an ODS file to save Puzzle|*.ods|OpenDocument Spreadsheets" + in);
   EXPECT_EQ(f.ui.messages.size() + f.ui.questions.size(), 0u);  // a cancel is silent
   // An installed copy, which keeps its files in the user's folders, starts in the output folder.
   f.session.folders = {"/u/config/", "/u/data/", "/u/docs/"};
@@ -122,7 +123,7 @@ TEST(SaveCommands, AskForTheirKindOfFileInTheApplicationFolderAndNeverForAnIncom
 }
 
 TEST(WriteExport, TheFormatFollowsTheExtensionInAnyLetterCase) {
-  for (auto [name, extension] : {std::pair{"a.csv", "csv"}, {"b.TXT", "txt"}, {"c.Xls", "xls"},
+  for (auto [name, extension] : {std::pair{"a.csv", "csv"}, {"b.TXT", "txt"}, {"c.Xls", "xls"}, {"f.oDs", "ods"},
                                  {"d.xlsx", ""}, {"csv", ""}, {"e.csv.bak", ""}, {"g.", ""}}) {
     const ExportFormat* format = exportFormatForPath(name);
     EXPECT_EQ(format ? std::string(format->extension) : "", extension) << name;
