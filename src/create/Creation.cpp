@@ -15,7 +15,6 @@ namespace tessaly {
 namespace {
 constexpr const char* kTempHeader = "#001";
 constexpr const char* kLineEnd = "\r\n";
-constexpr const char* kNewPuzzleNumber = "NEW";
 }  // namespace
 
 int requestedBlanks(std::string_view totBlanksText) {
@@ -74,10 +73,9 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     const std::string path = tempCollectionPath(s);
     if (!appendFileAtomically(path, tempRecord())) s.message("Could not write file: " + path);
 
-    s.PuzNumNow = kNewPuzzleNumber;
+    s.collection.setOrigin(BoardOrigin::created(result.blanks));
     s.collection.boardFromFile = false;
     s.puzzleLoaded.notify();
-    s.PuzzleTitle = "New Puzzle (" + std::to_string(result.blanks) + " blanks)";
     finishView();
     s.ui().setBusy(false);
     result.outcome = CreateResult::Outcome::Created;

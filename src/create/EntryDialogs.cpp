@@ -70,7 +70,7 @@ void applyGridEntry(Session& session, std::string_view digits) {
     session.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
   }
   SolverEngine(session).computeCandidates(false);
-  session.PuzzleTitle = kNewPuzzleTitle;
+  session.collection.setOrigin(BoardOrigin::entered());
   session.collection.boardFromFile = false;
   session.puzzleLoaded.notify();
 }

@@ -209,4 +209,16 @@ void SolverEngine::writeLine(int style, std::string_view text, bool wait) {
   s.logEvent(style, text, wait);
 }
 
+std::string gaveUpText(int tries) { return "Tried" + num(tries) + " times, solution aborted"; }
+
+std::string statusLine(const RunEnd& end) {
+  switch (end.kind) {
+    case RunEnd::Kind::None: return {};
+    case RunEnd::Kind::GaveUp: return gaveUpText(end.count);
+    case RunEnd::Kind::NoSolution: return "There appears to be no possible solution to this puzzle.";
+    case RunEnd::Kind::Solved: return narrate({.kind = FindingKind::Outcome, .count = end.count});
+  }
+  return {};
+}
+
 }  // namespace tessaly

@@ -8,7 +8,6 @@
 namespace tessaly {
 
 namespace {
-constexpr const char* kNoSolutionStatus = "There appears to be no possible solution to this puzzle.";
 constexpr const char* kProblemMessage =
     "This Puzzle appears to have a problem, please check fixed values for duplicates and solve again";
 }  // namespace
@@ -40,9 +39,8 @@ void SolverEngine::solveAll() {
     do {
       placeNext();
       if (s.run.PlacementCount > s.config.MaxTries) {
-        const std::string text = "Tried" + num(s.config.MaxTries) + " times, solution aborted";
-        s.message(text);
-        s.statusText = text;
+        s.message(gaveUpText(s.config.MaxTries));
+        s.run.ended = {RunEnd::Kind::GaveUp, s.config.MaxTries};
         s.run.mode = RunState::Released;
         s.run.PlacementCount = 0;
         return;
@@ -51,7 +49,7 @@ void SolverEngine::solveAll() {
   }
   if (s.run.mode == RunState::Silent) return;  // creation reports nothing
   if (hasBlankCell()) {
-    s.statusText = kNoSolutionStatus;
+    s.run.ended = {RunEnd::Kind::NoSolution, 0};
     finalCleanUp();
     return;
   }
@@ -69,7 +67,7 @@ void SolverEngine::reportOutcome() {
   if (s.run.PlacementCount <= 1) s.run.PlacementCount = 1;
   const Finding outcome{.kind = FindingKind::Outcome, .count = s.run.SavedGuessCount};
   report(outcome);
-  s.statusText = narrate(outcome);
+  s.run.ended = {RunEnd::Kind::Solved, outcome.count};
   say(kStyleNormal, false, "");
   say(kStyleNormal, false, " Rules statistics");
   say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");

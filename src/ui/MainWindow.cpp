@@ -24,6 +24,7 @@
 #include "model/CollectionFile.h"
 #include "model/Configuration.h"
 #include "model/Startup.h"
+#include "solver/Narrator.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "solver/Texts.h"
@@ -354,8 +355,13 @@ void MainWindow::releasePause() {
 void MainWindow::readPuzzleFile(const std::string& path, int n) {
   runCommand([this, path, n] {
     m_session.collection.CurrentFile = path;
-    readPuzzle(m_session, path, n);
+    puzzleRead(readPuzzle(m_session, path, n));
   });
+}
+
+void MainWindow::puzzleRead(const ReadResult& result) {
+  // The configuration remembers the collection of every puzzle read.
+  if (result.analysed) writeConfiguration(m_session);
 }
 
 void MainWindow::pastePuzzle() {
@@ -456,7 +462,7 @@ void MainWindow::refresh(bool verifyLog) {
   const bool views = commandStates(m_session).views;
   m_board->candidateDisplay()->setVisible(views);
   m_log->setVisible(views);
-  m_status->setText(QString::fromStdString(m_session.statusText));
+  m_status->setText(QString::fromStdString(statusLine(m_session.run.ended)));
   m_log->syncWithLog(verifyLog);
   m_replay->logChanged();
 }

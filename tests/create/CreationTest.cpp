@@ -38,7 +38,7 @@ TEST(CreateBlankCount, NineToSeventyTwoByNumericValueAnythingElseIsRefusedAndNot
     SCOPED_TRACE(typed);
     CreateSession t;
     test::loadGivens(t.session, puzzle);
-    t.session.PuzzleTitle = "before";
+    t.session.collection.setOrigin(BoardOrigin::read(7, 9, 50));
     // Random leaves the box as typed; a refused Mirror must not rewrite it either.
     const CreateResult r = create(t, typed, refusal ? Mirror : Random);
     EXPECT_EQ(r.settings.TotBlanks, typed);
@@ -49,7 +49,7 @@ TEST(CreateBlankCount, NineToSeventyTwoByNumericValueAnythingElseIsRefusedAndNot
       continue;
     }
     // Nothing changed: the grid, the title, the run's flag, the views, PuzTemp.sud.
-    EXPECT_TRUE(t.session.grid.valueCode() == puzzle && t.session.PuzzleTitle == "before");
+    EXPECT_TRUE(t.session.grid.valueCode() == puzzle && puzzleTitle(t.session.collection.origin()) == "Puzzle 7 of 9 (50 blanks)");
     EXPECT_TRUE(!t.session.run.CreationFlag && t.display.views.empty() && fileLength(t.tempFile()) == -1);
   }
 }
@@ -81,7 +81,7 @@ TEST(CreateLeftBehind, AGivenUpRunBlanksAndSavesNothingAnUnwritablePuzTempIsTold
   EXPECT_EQ(create(t, "40", Random).outcome, CreateResult::Outcome::Failed);
   EXPECT_EQ(t.ui.messages, (Lines{"Tried 5 times, solution aborted", kCreationFailed}));
   EXPECT_EQ(fileLength(t.tempFile()), -1);
-  EXPECT_NE(t.session.PuzNumNow, "NEW");
+  EXPECT_NE(puzzleNumberText(t.session.collection.origin()).value_or(""), "NEW");
   EXPECT_EQ(t.display.views, (Views{false, true}));
   EXPECT_GT(t.session.grid.filledCount(), 9);  // what the run filled stays, nothing blanked
 
@@ -89,7 +89,7 @@ TEST(CreateLeftBehind, AGivenUpRunBlanksAndSavesNothingAnUnwritablePuzTempIsTold
   u.session.appDir = u.dir.file("missing/");
   EXPECT_TRUE(create(u, "20", Random).created());
   EXPECT_EQ(u.ui.messages, Lines{"Could not write file: " + u.dir.file("missing/PuzTemp.sud")});
-  EXPECT_EQ(u.session.PuzNumNow, "NEW");
+  EXPECT_EQ(puzzleNumberText(u.session.collection.origin()).value_or(""), "NEW");
 }
 
 TEST(CreateDistribution, CountsAndPatternsOverTenSeedsEach) {
@@ -127,7 +127,7 @@ TEST(CreateDistribution, MirrorsCentreCellCanTakeTheCountOneAboveTheTarget) {
   CreateSession t(std::make_unique<ScriptedRandom>(draws));
   const CreateResult r = create(t, "41", Mirror);
   ASSERT_TRUE(r.created());
-  EXPECT_EQ(r.settings.TotBlanks + " " + t.session.PuzzleTitle, "40 New Puzzle (41 blanks)");
+  EXPECT_EQ(r.settings.TotBlanks + " " + puzzleTitle(t.session.collection.origin()), "40 New Puzzle (41 blanks)");
   for (int cell : {1, 19, 20, 41, 62, 63, 81}) EXPECT_EQ(t.session.grid[cell].value, 0) << cell;
   EXPECT_NE(t.session.grid[21].value, 0);
 }
@@ -144,7 +144,7 @@ TEST(CreateNewPuzzle, KeptCellsBecomeGivensWithCandidatesForTheBlanksAndThePuzzl
     EXPECT_EQ(cell.given, cell.value != 0) << c;
     EXPECT_TRUE(cell.value ? cell.candidates == CandidateSet::of(cell.value) : !cell.candidates.empty()) << c;
   }
-  EXPECT_EQ(s.PuzNumNow + " " + s.PuzzleTitle, "NEW New Puzzle (45 blanks)");
+  EXPECT_EQ(puzzleNumberText(s.collection.origin()).value_or("") + " " + puzzleTitle(s.collection.origin()), "NEW New Puzzle (45 blanks)");
   EXPECT_EQ(s.run.activity, RunActivity::None);
   EXPECT_EQ(s.run.stats.totalReductions[2], 0);
   EXPECT_EQ(t.display.views, (Views{false, true}));
@@ -189,7 +189,7 @@ TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirro
       const std::string puzzle = puzzleText(t.session);
       EXPECT_EQ(countSolutions(puzzle, 2), 1);
       EXPECT_EQ(result.blanks, std::count(puzzle.begin(), puzzle.end(), '.'));
-      EXPECT_EQ(t.session.PuzzleTitle, "New Puzzle (" + std::to_string(result.blanks) + " blanks)");
+      EXPECT_EQ(puzzleTitle(t.session.collection.origin()), "New Puzzle (" + std::to_string(result.blanks) + " blanks)");
       for (std::size_t i = 0; i < puzzle.size() && distribution == Mirror; ++i)
         EXPECT_EQ(puzzle[i] == '.', puzzle[80 - i] == '.') << i;
     }
