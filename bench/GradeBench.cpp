@@ -1,5 +1,6 @@
 // Grading and counting on one core: puzzles per second on a sample of the
-// Kaggle set (all five levels) and on top95; creation with and without the
+// Kaggle set (all five levels) and on top95, with the six rules and with every
+// further technique; creation with and without the
 // one-solution option.
 
 #include <benchmark/benchmark.h>
@@ -49,6 +50,12 @@ void BM_GradeKaggleSample(benchmark::State& state) {
 void BM_GradeTop95(benchmark::State& state) {
   perPuzzle(state, "top95.txt", [](const std::string& p) { return gradePuzzle(p).grade; });
 }
+void BM_GradeKaggleSampleAllTechniques(benchmark::State& state) {
+  perPuzzle(state, "kaggle3m_sample200.txt", [](const std::string& p) { return gradePuzzle(p, TechniqueSet::all()).grade; });
+}
+void BM_GradeTop95AllTechniques(benchmark::State& state) {
+  perPuzzle(state, "top95.txt", [](const std::string& p) { return gradePuzzle(p, TechniqueSet::all()).grade; });
+}
 void BM_CountKaggleSample(benchmark::State& state) {
   perPuzzle(state, "kaggle3m_sample200.txt", [](const std::string& p) { return countSolutions(p, 2); });
 }
@@ -80,6 +87,8 @@ void BM_Create56RandomOneSolution(benchmark::State& state) { createPuzzles(state
 
 BENCHMARK(BM_GradeKaggleSample);
 BENCHMARK(BM_GradeTop95);
+BENCHMARK(BM_GradeKaggleSampleAllTechniques);
+BENCHMARK(BM_GradeTop95AllTechniques);
 BENCHMARK(BM_CountKaggleSample);
 BENCHMARK(BM_CountTop95);
 BENCHMARK(BM_Create56Random)->Unit(benchmark::kMillisecond);

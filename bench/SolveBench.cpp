@@ -1,5 +1,6 @@
 // The narrated Solve over every puzzle of public collections: puzzles per
-// second, log lines and placements per puzzle.
+// second, log lines and placements per puzzle, with the six rules and with
+// every further technique.
 //
 // By default it runs on the sets in tests/data/puzzles. To measure other sets,
 // point TESSALY_PUZZLES at a folder of collection files (*.sud; the public
@@ -21,10 +22,11 @@ namespace {
 
 using namespace tessaly;
 
-void narratedSolve(benchmark::State& state, const std::string& path) {
+void narratedSolve(benchmark::State& state, const std::string& path, TechniqueSet techniques) {
   const auto puzzles = bench::loadCollection(path, 2000);  // enough for a steady figure
   bench::BenchSession b("tessaly-bench");
   Session& s = b.session;
+  s.controls.techniques = techniques;
   long long lines = 0, placements = 0, solved = 0;
   for (auto _ : state) {
     for (const std::string& puzzle : puzzles) {
@@ -49,9 +51,15 @@ void narratedSolve(benchmark::State& state, const std::string& path) {
 void registerCollections() {
   const char* chosen = std::getenv("TESSALY_PUZZLES");
   const std::filesystem::path folder = chosen && *chosen ? chosen : TESSALY_TEST_PUZZLES_DIR;
-  for (const auto& file : bench::collectionFiles(folder))
-    benchmark::RegisterBenchmark(("narratedSolve/" + file.stem().string()).c_str(), narratedSolve, file.string())
+  // Each set with the six rules, then with every further technique.
+  for (const auto& file : bench::collectionFiles(folder)) {
+    benchmark::RegisterBenchmark(("narratedSolve/" + file.stem().string()).c_str(), narratedSolve, file.string(),
+                                 TechniqueSet::rulesOnly())
         ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(("narratedSolveAllTechniques/" + file.stem().string()).c_str(), narratedSolve,
+                                 file.string(), TechniqueSet::all())
+        ->Unit(benchmark::kMillisecond);
+  }
 }
 
 }  // namespace

@@ -3,13 +3,15 @@
 
 Usage:
   scripts/grade-check.py --cli build/src/cli/tessaly-cli \
-      [--kaggle RATED.tsv] [--exchange RATINGS.tsv]
+      [--kaggle RATED.tsv] [--exchange RATINGS.tsv] [--techniques all]
 
 --kaggle takes a tab-separated file with a header line and the columns
 `puzzle`, `difficulty` and `level` (Beginner, Easy, Medium, Hard, Expert);
 --exchange one with the columns `puzzle` and `rating`. Every puzzle is graded
 by `tessaly-cli grade -`; the report gives Spearman's rank correlation between
 our grade and their level or rating, and our mean grade per level.
+--techniques grades with the further techniques too (six, all or a list of
+names, as tessaly-cli takes them).
 Python standard library only.
 """
 
@@ -26,15 +28,18 @@ def read_table(path):
         return list(csv.DictReader(handle, delimiter="\t"))
 
 
+TECHNIQUES = []
+
+
 def grades(cli, puzzles):
     """Our grade of every puzzle (None for a puzzle without one)."""
     text = "".join(p + "\n" for p in puzzles)
-    run = subprocess.run([cli, "grade", "-"], input=text, capture_output=True, text=True, check=False)
+    run = subprocess.run([cli, "grade", "-", *TECHNIQUES], input=text, capture_output=True, text=True, check=False)
     if run.returncode != 0:
         sys.exit("tessaly-cli grade failed:\n" + run.stderr)
     found = {}
     for line in run.stdout.splitlines():
-        puzzle, _solutions, grade, _name = line.split("\t")
+        puzzle, _solutions, grade = line.split("\t")[:3]
         found[puzzle] = None if grade == "-" else int(grade)
     return [found.get(p.replace("0", ".")) for p in puzzles]
 
@@ -106,7 +111,10 @@ def main():
     parser.add_argument("--cli", required=True, help="the tessaly-cli program")
     parser.add_argument("--kaggle", help="rated puzzles: puzzle, difficulty and level columns")
     parser.add_argument("--exchange", help="rated puzzles: puzzle and rating columns")
+    parser.add_argument("--techniques", help="grade with these techniques (six, all or names)")
     args = parser.parse_args()
+    if args.techniques:
+        TECHNIQUES.extend(["--techniques", args.techniques])
     if not args.kaggle and not args.exchange:
         parser.error("give --kaggle, --exchange or both")
     if args.kaggle:

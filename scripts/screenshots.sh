@@ -2,7 +2,10 @@
 # Makes the README's pictures of the window (docs/*.png) on a virtual display:
 # a stepped solve in progress, a new puzzle on the Create tab, and a puzzle
 # partly played by hand; and the help page's picture of an earlier line of the
-# log shown on the board (data/replay.png, shipped beside the help page). Run it after ./run or ./test has built the program.
+# log shown on the board (data/replay.png, shipped beside the help page), and
+# for each further technique a real finding of it in the shipped collection,
+# replayed (data/techniques/NAME.png, for the help page's sections; a technique
+# no shipped puzzle needs gets none). Run it after ./run or ./test has built the program.
 # The virtual screen is 1366x768, a small laptop's: the script fails when a tab
 # needs more room than that.
 #
@@ -19,7 +22,7 @@ place=/tmp/Tessaly
 [ -e "$place" ] && { echo "$place is in the way: remove it first." >&2; exit 1; }
 trap 'rm -rf "$place"' EXIT
 mkdir -p "$place" "$top/docs"
-cp "$program" "$place/"
+cp "$program" "$top/build/src/cli/tessaly-cli" "$place/"
 (cd "$top/data" && cp Puzzles.sud Permu.txt SuDoKu.htm ./*.sch "$place/")
 
 for tab in autosolve create manual replay; do
@@ -29,4 +32,17 @@ for tab in autosolve create manual replay; do
   rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
   (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "$tab" "$top/$picture")
   echo "$picture"
+done
+
+# The techniques' names, as the command line lists them.
+names=$( ("$place/tessaly-cli" grade /dev/null --techniques '?' 2>&1 || true) | sed -n 's/.*list of: //p' | tr -d ',')
+mkdir -p "$top/data/techniques"
+for name in $names; do
+  rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
+  if (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "technique:$name" \
+        "$top/data/techniques/$name.png" 2>/dev/null); then
+    echo "data/techniques/$name.png"
+  else
+    echo "no picture for $name: no shipped puzzle needs it"
+  fi
 done

@@ -2,6 +2,7 @@
 // each to PuzTemp.sud in the current folder (and, with --into, saves it into a
 // collection), and prints each as nine rows followed by an empty line.
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -10,6 +11,7 @@
 #include "create/EntryDialogs.h"
 #include "model/CollectionFile.h"
 #include "model/FileUtil.h"
+#include "solver/Techniques.h"
 
 namespace tessaly::cli {
 
@@ -17,7 +19,8 @@ namespace {
 
 constexpr const char* kCreateUsage =
     "tessaly-cli create --blanks N --distribution mirror|box|random|manual [--template FILE] [--count K] "
-    "[--into FILE.sud] [--seed S] [--max-tries N]";
+    "[--into FILE.sud] [--seed S] [--max-tries N] [--unique] [--grade G] [--grade-tries N] "
+    "[--techniques six|all|NAME,...] [--needs NAME]";
 
 int usageError(const std::string& text) {
   std::cerr << "tessaly-cli: " << text << "\nUsage: " << kCreateUsage << '\n';
@@ -63,17 +66,20 @@ std::string gridRows(const Session& session) {
 
 int createCommand(const Arguments& arguments) {
   Arguments args = arguments;
-  std::string blanks, distribution, templateFile, count = "1", into, seed, tries, grade, gradeTries;
+  std::string blanks, distribution, templateFile, count = "1", into, seed, tries, grade, gradeTries, needs;
   bool hasBlanks = false, hasDistribution = false, hasTemplate = false, hasCount = false, hasInto = false,
-       hasSeed = false, hasTries = false, hasGrade = false, hasGradeTries = false;
+       hasSeed = false, hasTries = false, hasGrade = false, hasGradeTries = false, hasNeeds = false;
   const bool unique = takeFlag(args, "--unique");
   if (!takeOption(args, "--blanks", blanks, hasBlanks) ||
       !takeOption(args, "--distribution", distribution, hasDistribution) ||
       !takeOption(args, "--template", templateFile, hasTemplate) || !takeOption(args, "--count", count, hasCount) ||
       !takeOption(args, "--into", into, hasInto) || !takeOption(args, "--seed", seed, hasSeed) ||
       !takeOption(args, "--max-tries", tries, hasTries) || !takeOption(args, "--grade", grade, hasGrade) ||
-      !takeOption(args, "--grade-tries", gradeTries, hasGradeTries))
+      !takeOption(args, "--grade-tries", gradeTries, hasGradeTries) || !takeOption(args, "--needs", needs, hasNeeds))
     return kExitUsage;
+  const bool hasTechniques = std::find(args.begin(), args.end(), "--techniques") != args.end();
+  std::optional<TechniqueSet> techniques = takeTechniques(args);
+  if (!techniques) return kExitUsage;
   if (!args.empty()) return usageError("unexpected argument '" + args[0] + "'");
   if (!hasBlanks || !hasDistribution) return usageError("--blanks and --distribution are needed");
 
@@ -90,9 +96,20 @@ int createCommand(const Arguments& arguments) {
     if (!n || *n < 1 || *n > 5) return usageError("--grade needs a grade from 1 to 5");
     settings.targetGrade = int(*n);
   }
+  if (hasNeeds) {
+    // A technique asked for is graded with every technique unless a set was given.
+    const std::optional<TechniqueSet> named = parseTechniqueSet(needs);
+    const auto row = std::find_if(kTechniques.begin(), kTechniques.end(),
+                                  [&](const TechniqueInfo& t) { return t.cliName == needs; });
+    if (!named || row == kTechniques.end() || row->family == TechniqueFamily::Rules)
+      return usageError("--needs takes one of: " + techniqueNameList());
+    if (!hasTechniques) techniques = TechniqueSet::all();
+    if (!techniques->has(row->id)) return usageError("--needs names a technique that --techniques leaves out");
+    settings.targetTechnique = row->id;
+  }
   if (hasGradeTries) {
     const auto n = wholeNumber(gradeTries);
-    if (!hasGrade) return usageError("--grade-tries goes with --grade");
+    if (!hasGrade && !hasNeeds) return usageError("--grade-tries goes with --grade or --needs");
     if (!n || *n < 1 || *n > 1000000) return usageError("--grade-tries needs a whole number from 1 to 1000000");
     settings.gradeTries = int(*n);
   }
@@ -111,6 +128,7 @@ int createCommand(const Arguments& arguments) {
     if (!n || *n < 0 || *n > 2000000000) return usageError("--max-tries needs a non-negative whole number");
     options.maxTries = int(*n);
   }
+  options.techniques = *techniques;
   CliSession cli(options);
   Session& session = cli.session();
 

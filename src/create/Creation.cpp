@@ -7,6 +7,7 @@
 #include "model/FileUtil.h"
 #include "model/Session.h"
 #include "solver/Grader.h"
+#include "solver/Techniques.h"
 #include "solver/SolutionCounter.h"
 #include "solver/SolverEngine.h"
 
@@ -39,7 +40,7 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
   const ActivityScope creating(s.run.activity, RunActivity::Creating);
   s.ui().setBusy(true);
   try {
-    const bool graded = settings.targetGrade.has_value();
+    const bool graded = settings.targetGrade.has_value() || settings.targetTechnique.has_value();
     const int tries = graded ? std::max(1, settings.gradeTries) : 1;
     for (result.tries = 1;; ++result.tries) {
       result.settings = settings;
@@ -54,13 +55,18 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
       result.blanks = applyBlankDistribution(result.settings);
       if (settings.uniqueOnly) result.blanks = keepOneSolution(solution, result.settings.distribution);
       if (!graded) break;
-      result.grade = gradePuzzle(gridText()).grade;
-      if (result.grade == *settings.targetGrade) break;
+      const PuzzleGrade grade = gradePuzzle(gridText(), s.controls.techniques);
+      result.grade = grade.grade;
+      if ((!settings.targetGrade || result.grade == *settings.targetGrade) &&
+          (!settings.targetTechnique || (grade.graded() && grade.guesses == 0 &&
+                                         grade.hardestTechnique == *settings.targetTechnique)))
+        break;
       if (result.tries >= tries) {
         result.outcome = CreateResult::Outcome::GradeNotReached;
         s.display().showViews(true);
         s.ui().setBusy(false);
-        s.message(gradeNotReachedText(*settings.targetGrade, tries));
+        s.message(settings.targetTechnique ? techniqueNotReachedText(*settings.targetTechnique, tries)
+                                           : gradeNotReachedText(*settings.targetGrade, tries));
         return result;
       }
     }
@@ -92,6 +98,11 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
 
 std::string gradeNotReachedText(int grade, int tries) {
   return "No puzzle of grade " + std::to_string(grade) + " (" + std::string(gradeName(grade)) + ") was made in " +
+         std::to_string(tries) + (tries == 1 ? " try" : " tries") + "; try other blanks or more tries";
+}
+
+std::string techniqueNotReachedText(Technique technique, int tries) {
+  return "No puzzle that needs " + std::string(techniqueInfo(technique).name) + " was made in " +
          std::to_string(tries) + (tries == 1 ? " try" : " tries") + "; try other blanks or more tries";
 }
 

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/TechniqueStep.h"
+
 namespace tessaly {
 
 class Session;
@@ -26,6 +28,8 @@ std::string tempCollectionPath(const Session& session);
 
 /// The message when no puzzle of the target grade was made within the tries.
 std::string gradeNotReachedText(int grade, int tries);
+/// The message when no puzzle needing the technique was made within the tries.
+std::string techniqueNotReachedText(Technique technique, int tries);
 
 inline constexpr const char* kTooManyBlanks = "Cannot have more than 72 blanks";
 inline constexpr const char* kTooFewBlanks = "Must have at least 9 blanks";
@@ -52,6 +56,10 @@ struct CreateSettings {
   bool uniqueOnly = false;
   /// Create until the puzzle has this grade (1..5), at most gradeTries times.
   std::optional<int> targetGrade{};
+  /// Create until the puzzle needs this technique: graded with the session's
+  /// techniques, it is the hardest one the solve uses (with or without a
+  /// target grade), at most gradeTries times.
+  std::optional<Technique> targetTechnique{};
   int gradeTries = kDefaultGradeTries;
 };
 

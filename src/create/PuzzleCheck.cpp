@@ -7,14 +7,16 @@
 
 namespace tessaly {
 
-PuzzleVerdict judgePuzzle(std::string_view puzzle81) {
+PuzzleVerdict judgePuzzle(std::string_view puzzle81, TechniqueSet techniques) {
   PuzzleVerdict verdict;
   verdict.solutions = countSolutions(puzzle81, 2);
-  if (verdict.solutions > 0) verdict.grade = gradePuzzle(puzzle81).grade;
+  if (verdict.solutions > 0) verdict.grade = gradePuzzle(puzzle81, techniques).grade;
   return verdict;
 }
 
-PuzzleVerdict judgeGivens(const Session& session) { return judgePuzzle(givensText(session)); }
+PuzzleVerdict judgeGivens(const Session& session) {
+  return judgePuzzle(givensText(session), session.controls.techniques);
+}
 
 std::string solutionsCaption(int solutions) {
   switch (solutions) {

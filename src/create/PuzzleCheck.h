@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/TechniqueStep.h"
+
 namespace tessaly {
 
 class Session;
@@ -20,9 +22,9 @@ struct PuzzleVerdict {
 };
 
 /// Counts the solutions of an 81-character puzzle ("1".."9" givens, anything
-/// else blank) and grades it when it has one.
-PuzzleVerdict judgePuzzle(std::string_view puzzle81);
-/// The verdict on the grid's givens.
+/// else blank) and grades it, with the techniques given, when it has one.
+PuzzleVerdict judgePuzzle(std::string_view puzzle81, TechniqueSet techniques = TechniqueSet::rulesOnly());
+/// The verdict on the grid's givens, graded with the techniques turned on.
 PuzzleVerdict judgeGivens(const Session& session);
 
 /// "No solution", "One solution" or "Several solutions".

@@ -88,6 +88,7 @@ struct SolveRun {
   void dropPlacements() {
     candidateQueue.clear();
     guessStack.clear();
+    excluded.fill(CandidateSet());
   }
   /// What the event log tells, as records: one per narrated finding, in log
   /// order, each with its line. Emptied with the log, so never longer than it.

@@ -60,8 +60,8 @@ inline constexpr int kFiendishGuesses = 6;
 int gradeFor(int hardestRule, int guesses);
 
 /// The grade number when further techniques are allowed: the hardest
-/// technique's grade (1 singles, 2 the other rules, 3 subsets, fish and
-/// single-digit patterns, 4 wings, uniqueness and colouring, 5 chains, almost
+/// technique's grade (1 singles, 2 the other rules, 3 subsets, fish,
+/// single-digit patterns, wings, uniqueness and colouring, 4 chains, 5 almost
 /// locked sets and forcing chains), and 5 for any guess.
 int gradeForTechnique(Technique hardest, int guesses);
 

@@ -27,6 +27,9 @@ void SolverEngine::guarded(F&& body) {
     s.run.mode = RunState::Released;
     s.ui().setBusy(false);
   }
+  // What the further techniques removed belongs to the run that found it: the
+  // choices shown afterwards are computed from the values alone again.
+  s.run.excluded.fill(CandidateSet());
 }
 
 void SolverEngine::solveAll() {

@@ -1,9 +1,258 @@
-// Almost locked sets.
+// Almost locked sets: ALS-XZ.
+//
+// An almost locked set is N cells of one area holding N + 1 digits between
+// them: take any one digit away and the rest are locked in. Two such sets
+// that do not share a cell, with a digit x whose places in both all see each
+// other (the restricted common digit: at most one of the sets holds it), are
+// then such that one of them loses x and is locked: so for any other digit z
+// both hold, one of the sets holds z, and a cell that sees every z of both
+// sets cannot be z.
+
+#include <algorithm>
+#include <bit>
+#include <utility>
 
 #include "solver/Techniques.h"
 
 namespace tessaly {
+namespace {
 
-std::optional<TechniqueStep> findAlsXz(const TechniqueBoard&) { return std::nullopt; }
+using namespace bitgrid;
+
+/// A set of cells (bit c for cell c).
+struct CellSet {
+  std::uint64_t lo = 0;  ///< cells 0..63
+  std::uint64_t hi = 0;  ///< cells 64..80
+  constexpr void add(int c) {
+    if (c < 64)
+      lo |= std::uint64_t(1) << c;
+    else
+      hi |= std::uint64_t(1) << (c - 64);
+  }
+  constexpr bool empty() const { return !(lo | hi); }
+  constexpr bool within(CellSet o) const { return !(lo & ~o.lo) && !(hi & ~o.hi); }
+  friend constexpr CellSet operator&(CellSet a, CellSet b) { return {a.lo & b.lo, a.hi & b.hi}; }
+  template <class F>
+  void forEach(F f) const {
+    for (std::uint64_t w = lo; w; w &= w - 1) f(std::countr_zero(w));
+    for (std::uint64_t w = hi; w; w &= w - 1) f(64 + std::countr_zero(w));
+  }
+};
+
+constexpr CellSet kEveryCell{~std::uint64_t(0), ~std::uint64_t(0)};
+
+constexpr std::array<CellSet, kCellCount> makePeerSets() {
+  std::array<CellSet, kCellCount> t{};
+  for (int c = 0; c < kCellCount; ++c)
+    for (std::uint8_t p : kPeers[std::size_t(c)]) t[std::size_t(c)].add(p);
+  return t;
+}
+constexpr auto kPeerSets = makePeerSets();
+
+/// The largest set looked at: larger ones are rare in the patterns people
+/// use, and each size adds many sets to pair.
+constexpr int kMaxAlsCells = 6;
+
+struct Als {
+  std::array<std::uint8_t, kMaxAlsCells> cells{};  ///< ascending
+  std::uint8_t size = 0;
+  std::uint16_t digits = 0;
+  std::uint16_t reaching = 0;  ///< the digits some cell outside sees in all of the set's places
+  CellSet where;               ///< its cells
+  CellGroup group() const { return {std::vector<int>(cells.begin(), cells.begin() + size), digits}; }
+};
+
+/// Per set and digit: the cells that see all of the set's places of the digit.
+using Seeing = std::array<CellSet, 9>;
+
+/// Every almost locked set of 1..kMaxAlsCells cells, each once (in the first
+/// area holding it: a row, else a column, else a box), ordered by size and
+/// then cells, with what sees its places.
+std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>& holds,
+                                  std::vector<Seeing>& seeing) {
+  std::vector<Als> found;
+  std::vector<std::uint64_t> order;  // size, cells (7 bits each), then the index in found
+  std::array<std::uint16_t, 512> digits{}, positions{};
+  for (int a = 0; a < 27; ++a) {
+    std::array<std::uint8_t, 9> open{}, place{};
+    int openCount = 0;
+    for (int k = 0; k < 9; ++k) {
+      const std::uint8_t c = kAreas[std::size_t(a)][std::size_t(k)];
+      if (board.cand[c]) open[std::size_t(openCount)] = c, place[std::size_t(openCount++)] = std::uint8_t(k);
+    }
+    for (unsigned m = 1; m < (1u << openCount); ++m) {
+      const int low = std::countr_zero(m);
+      const unsigned rest = m & (m - 1);
+      digits[m] = std::uint16_t(digits[rest] | board.cand[open[std::size_t(low)]]);
+      positions[m] = std::uint16_t(positions[rest] | (1u << place[std::size_t(low)]));
+      const int size = count(std::uint16_t(m));
+      if (size > kMaxAlsCells || count(digits[m]) != size + 1) continue;
+      // A set inside one row or column of a box is that line's.
+      const std::uint16_t p = positions[m];
+      if (a >= 9 && size == 1) continue;
+      if (a >= 18 && ((p & 0x7) == p || (p & 0x38) == p || (p & 0x1C0) == p || (p & 0x49) == p || (p & 0x92) == p ||
+                      (p & 0x124) == p))
+        continue;
+      Als s;
+      s.size = std::uint8_t(size);
+      s.digits = digits[m];
+      std::uint64_t key = std::uint64_t(size) << 60 | found.size();
+      int k = 0;  // the area's cells are in ascending order
+      for (unsigned w = m; w; w &= w - 1, ++k) {
+        const std::uint8_t c = open[std::size_t(std::countr_zero(w))];
+        s.cells[std::size_t(k)] = c;
+        s.where.add(c);
+        key |= std::uint64_t(c) << (53 - 7 * k);
+      }
+      found.push_back(s);
+      order.push_back(key);
+    }
+  }
+  std::sort(order.begin(), order.end());
+  // Keep the sets with a digit z to remove: a pair needs one in both.
+  std::vector<Als> sets;
+  sets.reserve(found.size());
+  seeing.clear();
+  seeing.reserve(found.size());
+  for (std::uint64_t key : order) {
+    Als s = found[key & 0x3FFFF];
+    Seeing see{};
+    for (std::uint16_t m = s.digits; m; m &= std::uint16_t(m - 1)) see[std::size_t(std::countr_zero(m))] = kEveryCell;
+    for (int k = 0; k < s.size; ++k) {
+      const std::uint8_t c = s.cells[std::size_t(k)];
+      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
+        see[std::size_t(std::countr_zero(m))] = see[std::size_t(std::countr_zero(m))] & kPeerSets[c];
+    }
+    for (std::uint16_t m = s.digits; m; m &= std::uint16_t(m - 1)) {
+      const int d = std::countr_zero(m);
+      if (!(see[std::size_t(d)] & holds[std::size_t(d)]).empty()) s.reaching |= std::uint16_t(1u << d);
+    }
+    if (!s.reaching) continue;
+    sets.push_back(s);
+    seeing.push_back(see);
+  }
+  return sets;
+}
+
+/// Sets of almost locked sets, bit i for the i-th, in rows.
+class AlsRows {
+ public:
+  AlsRows(std::size_t rows, std::size_t count) : m_words((count + 63) / 64), m_bits(rows * m_words) {}
+  std::size_t words() const { return m_words; }
+  const std::uint64_t* row(std::size_t r) const { return &m_bits[r * m_words]; }
+  void add(std::size_t r, std::size_t i) { m_bits[r * m_words + i / 64] |= std::uint64_t(1) << (i % 64); }
+
+ private:
+  std::size_t m_words;
+  std::vector<std::uint64_t> m_bits;
+};
+
+/// The restricted common digit x and the digit z of a pair, lowest first
+/// ({0, 0} when the pair removes nothing).
+std::pair<int, int> linkOf(const std::array<CellSet, 9>& holds, const Als& a, const Seeing& aSees, const Als& b,
+                           const Seeing& bSees) {
+  const auto common = std::uint16_t(a.digits & b.digits);
+  for (std::uint16_t xs = common; xs; xs &= std::uint16_t(xs - 1)) {
+    const auto x = std::size_t(std::countr_zero(xs));
+    if (!(b.where & holds[x]).within(aSees[x])) continue;
+    for (std::uint16_t zs = common & a.reaching & b.reaching & ~(1u << x); zs; zs &= std::uint16_t(zs - 1)) {
+      const auto z = std::size_t(std::countr_zero(zs));
+      if (!(holds[z] & aSees[z] & bSees[z]).empty()) return {int(x) + 1, int(z) + 1};
+    }
+  }
+  return {0, 0};
+}
+
+}  // namespace
+
+/// The pair with the fewest cells between them first, then the lowest sets
+/// (ordered by size, then cells), the lowest x and the lowest z.
+std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
+  std::array<CellSet, 9> holds{};
+  for (int c = 0; c < kCellCount; ++c)
+    for (std::uint16_t m = board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1))
+      holds[std::size_t(std::countr_zero(m))].add(c);
+  std::vector<Seeing> seeing;
+  const std::vector<Als> sets = almostLockedSets(board, holds, seeing);
+  const std::size_t n = sets.size();
+
+  // Which sets take in each cell, and hold each digit in places some cell
+  // outside sees all of (a z they might remove).
+  AlsRows byCell(kCellCount, n), byReaching(9, n);
+  for (std::size_t i = 0; i < n; ++i) {
+    for (int k = 0; k < sets[i].size; ++k) byCell.add(sets[i].cells[std::size_t(k)], i);
+    for (std::uint16_t m = sets[i].reaching; m; m &= std::uint16_t(m - 1))
+      byReaching.add(std::size_t(std::countr_zero(m)), i);
+  }
+  const std::size_t words = byCell.words();
+  std::vector<std::uint64_t> later(words), partners(words), fit(words);
+
+  int bestTotal = 2 * kMaxAlsCells + 1;
+  std::size_t bestA = 0, bestB = 0;
+  std::pair<int, int> best;
+  for (std::size_t i = 0; i < n && 2 * sets[i].size < bestTotal; ++i) {
+    const Als& a = sets[i];
+    // The sets after A sharing no cell with it.
+    for (std::size_t w = 0; w < words; ++w)
+      later[w] = w < i / 64 ? 0 : w > i / 64 ? ~std::uint64_t(0) : ~std::uint64_t(0) << (i % 64) << 1;
+    for (int k = 0; k < a.size; ++k) {
+      const std::uint64_t* in = byCell.row(a.cells[std::size_t(k)]);
+      for (std::size_t w = 0; w < words; ++w) later[w] &= ~in[w];
+    }
+    // Those with an x whose places all see A's (so holding x in a cell that
+    // sees all of A's) and a z that might remove something.
+    std::fill(partners.begin(), partners.end(), 0);
+    for (int x = 1; x <= 9; ++x) {
+      const auto zs = std::uint16_t(a.reaching & ~bitOf(x));
+      if (!(a.digits & bitOf(x)) || !zs) continue;
+      const CellSet& sees = seeing[i][std::size_t(x - 1)];
+      const CellSet& places = holds[std::size_t(x - 1)];
+      std::fill(fit.begin(), fit.end(), 0);
+      (sees & places).forEach([&](int c) {
+        const std::uint64_t* in = byCell.row(std::size_t(c));
+        for (std::size_t w = 0; w < words; ++w) fit[w] |= in[w];
+      });
+      for (std::size_t w = 0; w < words; ++w) {
+        std::uint64_t z = 0;
+        for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
+          z |= byReaching.row(std::size_t(std::countr_zero(m)))[w];
+        for (std::uint64_t bits = fit[w] & later[w] & z; bits; bits &= bits - 1) {
+          const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
+          if ((sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
+        }
+      }
+    }
+    // The first of them (the smallest) that removes something.
+    bool done = false;
+    for (std::size_t w = 0; w < words && !done; ++w)
+      for (std::uint64_t bits = partners[w]; bits && !done; bits &= bits - 1) {
+        const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
+        if (a.size + sets[j].size >= bestTotal) {
+          done = true;
+          break;
+        }
+        const auto link = linkOf(holds, a, seeing[i], sets[j], seeing[j]);
+        if (!link.first) continue;
+        bestTotal = a.size + sets[j].size;
+        bestA = i;
+        bestB = j;
+        best = link;
+        done = true;
+      }
+  }
+  if (bestTotal > 2 * kMaxAlsCells) return std::nullopt;
+
+  const int x = best.first, z = best.second;  // named, not bound: a lambda below captures z
+  TechniqueStep step;
+  step.technique = Technique::AlsXz;
+  step.groups = {sets[bestA].group(), sets[bestB].group()};
+  step.restricted = x;
+  step.zDigit = z;
+  (holds[std::size_t(z - 1)] & seeing[bestA][std::size_t(z - 1)] & seeing[bestB][std::size_t(z - 1)])
+      .forEach([&](int c) {
+        step.eliminations.push_back({c, z});
+      });
+  return step;
+}
 
 }  // namespace tessaly

@@ -1,11 +1,514 @@
 // Chains: X-Chains, XY-Chains and alternating inference chains.
+//
+// The three are found by one search on a graph. Its nodes are candidates and,
+// for the alternating chains, groups: the two or three cells where a box meets
+// a line that hold a digit there, read as "one of these cells holds it". Two
+// nodes are joined by a strong link when one being false makes the other true
+// (a digit's only two places in an area, the two candidates of a cell) and by
+// a weak link when one being true makes the other false (one digit in cells
+// that see each other, two digits of one cell). A chain assumes its first node
+// false and follows a strong link, a weak link, ..., a strong link to its last
+// node, which is then true: one of the two ends holds, and what sees both can
+// go. Only nodes with a strong link can be in a chain, so the graph keeps only
+// those.
+//
+// The search is breadth-first from every node at once, one link at a time:
+// each node keeps the set of starts that have reached it (true after a strong
+// link, false after a weak one) as a bit set, so a step costs a few word
+// operations per link. The first length at which some start reaches a node
+// that, as the other end, removes something gives the chain (the lowest start,
+// then the lowest end); it is then traced by a search from that start alone.
+// Every chain read backwards is a chain too, so only the one from its lower
+// end is looked at.
+
+#include <algorithm>
+#include <bit>
+#include <utility>
 
 #include "solver/Techniques.h"
 
 namespace tessaly {
+namespace {
 
-std::optional<TechniqueStep> findXChain(const TechniqueBoard&) { return std::nullopt; }
-std::optional<TechniqueStep> findXYChain(const TechniqueBoard&) { return std::nullopt; }
-std::optional<TechniqueStep> findAIC(const TechniqueBoard&) { return std::nullopt; }
+using namespace bitgrid;
+
+/// A set of cells (bit c for cell c).
+struct CellSet {
+  std::uint64_t lo = 0;  ///< cells 0..63
+  std::uint64_t hi = 0;  ///< cells 64..80
+  constexpr void add(int c) {
+    if (c < 64)
+      lo |= std::uint64_t(1) << c;
+    else
+      hi |= std::uint64_t(1) << (c - 64);
+  }
+  constexpr bool empty() const { return !(lo | hi); }
+  int first() const { return lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi); }
+  int last() const { return hi ? 127 - std::countl_zero(hi) : 63 - std::countl_zero(lo); }
+  friend constexpr CellSet operator&(CellSet a, CellSet b) { return {a.lo & b.lo, a.hi & b.hi}; }
+  friend constexpr CellSet operator|(CellSet a, CellSet b) { return {a.lo | b.lo, a.hi | b.hi}; }
+  friend constexpr CellSet operator-(CellSet a, CellSet b) { return {a.lo & ~b.lo, a.hi & ~b.hi}; }
+  friend constexpr bool operator==(CellSet, CellSet) = default;
+  template <class F>
+  void forEach(F f) const {
+    for (std::uint64_t w = lo; w; w &= w - 1) f(std::countr_zero(w));
+    for (std::uint64_t w = hi; w; w &= w - 1) f(64 + std::countr_zero(w));
+  }
+};
+
+constexpr std::array<CellSet, kCellCount> makePeerSets() {
+  std::array<CellSet, kCellCount> t{};
+  for (int c = 0; c < kCellCount; ++c)
+    for (std::uint8_t p : kPeers[std::size_t(c)]) t[std::size_t(c)].add(p);
+  return t;
+}
+constexpr auto kPeerSets = makePeerSets();
+
+constexpr std::array<CellSet, 27> makeAreaSets() {
+  std::array<CellSet, 27> t{};
+  for (int a = 0; a < 27; ++a)
+    for (std::uint8_t c : kAreas[std::size_t(a)]) t[std::size_t(a)].add(c);
+  return t;
+}
+constexpr auto kAreaSets = makeAreaSets();
+
+/// The 54 places where a box meets a line, three cells each: row r in band j
+/// is 3r + j, column c in stack i is 27 + 3c + i.
+constexpr std::array<CellSet, 54> makeSegments() {
+  std::array<CellSet, 54> t{};
+  for (int n = 0; n < 9; ++n)
+    for (int j = 0; j < 3; ++j)
+      for (int k = 0; k < 3; ++k) {
+        t[std::size_t(3 * n + j)].add(n * 9 + 3 * j + k);
+        t[std::size_t(27 + 3 * n + j)].add((3 * j + k) * 9 + n);
+      }
+  return t;
+}
+constexpr auto kSegments = makeSegments();
+
+/// The segments inside each area: three for a line, six for a box.
+constexpr std::array<std::array<std::uint8_t, 6>, 27> makeAreaSegments() {
+  std::array<std::array<std::uint8_t, 6>, 27> t{};
+  for (int n = 0; n < 9; ++n)
+    for (int i = 0; i < 3; ++i) {
+      t[std::size_t(n)][std::size_t(i)] = std::uint8_t(3 * n + i);
+      t[std::size_t(9 + n)][std::size_t(i)] = std::uint8_t(27 + 3 * n + i);
+      t[std::size_t(18 + n)][std::size_t(i)] = std::uint8_t(3 * (3 * (n / 3) + i) + n % 3);
+      t[std::size_t(18 + n)][std::size_t(3 + i)] = std::uint8_t(27 + 3 * (3 * (n % 3) + i) + n / 3);
+    }
+  return t;
+}
+constexpr auto kAreaSegments = makeAreaSegments();
+
+// Before they are numbered, a candidate is known as cell * 9 + digit - 1 and a
+// group as kGroupIds + segment * 9 + digit - 1.
+constexpr int kGroupIds = kCellCount * 9;
+constexpr int kIds = kGroupIds + 54 * 9;
+
+enum class ChainKind : std::uint8_t { X, XY, Alternating };
+
+struct Node {
+  std::array<std::uint8_t, 3> cells{};
+  int size = 0;
+  int digit = 0;
+  CellSet where;    ///< its cells
+  CellSet seen;     ///< the cells that see every one of its cells
+  CellSet targets;  ///< the cells of `seen` holding its digit (what a chain ending here might remove)
+};
+
+/// Sets of nodes, bit i for node i, in rows of `words` words.
+class NodeRows {
+ public:
+  void reset(std::size_t rows, std::size_t words) {
+    m_words = words;
+    m_bits.assign(rows * words, 0);
+  }
+  std::uint64_t* operator[](std::size_t r) { return &m_bits[r * m_words]; }
+  const std::uint64_t* operator[](std::size_t r) const { return &m_bits[r * m_words]; }
+
+ private:
+  std::size_t m_words = 0;
+  std::vector<std::uint64_t> m_bits;
+};
+
+void addBit(std::uint64_t* set, std::size_t i) { set[i / 64] |= std::uint64_t(1) << (i % 64); }
+
+class ChainSearch {
+ public:
+  ChainSearch(const TechniqueBoard& board, ChainKind kind);
+
+  /// The shortest chain of `minNodes` to `maxNodes` nodes that removes
+  /// something, the lowest first node, then the lowest last node, first.
+  std::optional<TechniqueStep> find(Technique technique, int minNodes, int maxNodes);
+
+ private:
+  bool removes(int s, int e) const;
+  std::vector<Candidate> removals(int s, int e) const;
+  bool step(const NodeRows& from, const std::vector<int>& at, const std::vector<int>& links, NodeRows& fresh,
+            NodeRows& seen) const;
+  std::vector<int> trace(int s, int e, int nodes) const;
+  bool simple(const std::vector<int>& path) const;
+
+  const TechniqueBoard& m_board;
+  ChainKind m_kind;
+  std::array<CellSet, 9> m_holds{};  ///< the cells holding each digit
+  std::vector<Node> m_nodes;
+  std::size_t m_words = 0;  ///< words of a node set
+  // Node i's strong links are m_strong[m_strongAt[i] .. m_strongAt[i + 1]], its weak links likewise.
+  std::vector<int> m_strongAt, m_strong, m_weakAt, m_weak;
+};
+
+ChainSearch::ChainSearch(const TechniqueBoard& board, ChainKind kind) : m_board(board), m_kind(kind) {
+  for (int c = 0; c < kCellCount; ++c)
+    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1))
+      m_holds[std::size_t(std::countr_zero(m))].add(c);
+
+  // Strong links: the two candidates of a cell, and two nodes that between
+  // them hold every place of their digit in an area.
+  std::vector<std::pair<int, int>> links;
+  links.reserve(256);
+  if (m_kind != ChainKind::X)
+    for (int c = 0; c < kCellCount; ++c) {
+      const std::uint16_t m = m_board.cand[std::size_t(c)];
+      if (count(m) == 2) links.emplace_back(c * 9 + std::countr_zero(m), c * 9 + 15 - std::countl_zero(m));
+    }
+  // How many places each digit has in each area.
+  std::array<std::array<std::uint8_t, 9>, 27> placeCount{};
+  for (int c = 0; c < kCellCount && m_kind != ChainKind::XY; ++c)
+    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
+      const auto d = std::size_t(std::countr_zero(m));
+      ++placeCount[std::size_t(rowArea(c))][d];
+      ++placeCount[std::size_t(colArea(c))][d];
+      ++placeCount[std::size_t(boxArea(c))][d];
+    }
+  if (m_kind != ChainKind::XY)
+    for (int a = 0; a < 27; ++a)
+      for (int d = 0; d < 9; ++d) {
+        const int n = placeCount[std::size_t(a)][std::size_t(d)];
+        if (n < 2 || n > (m_kind == ChainKind::X ? 2 : 6)) continue;
+        const CellSet places = m_holds[std::size_t(d)] & kAreaSets[std::size_t(a)];
+        if (n == 2) links.emplace_back(places.first() * 9 + d, places.last() * 9 + d);
+        if (m_kind != ChainKind::Alternating || n < 3 || n > 6) continue;
+        // A group against the rest, when the rest is one cell or another group.
+        const auto& segments = kAreaSegments[std::size_t(a)];
+        const int segmentCount = a < 18 ? 3 : 6;
+        for (int i = 0; i < segmentCount; ++i) {
+          const CellSet group = places & kSegments[segments[std::size_t(i)]];
+          const CellSet rest = places - group;
+          if (rest.empty() || group.first() == group.last()) continue;
+          const int id = kGroupIds + segments[std::size_t(i)] * 9 + d;
+          if (rest.first() == rest.last()) links.emplace_back(id, rest.first() * 9 + d);
+          for (int j = i + 1; j < segmentCount; ++j)
+            if ((places & kSegments[segments[std::size_t(j)]]) == rest)
+              links.emplace_back(id, kGroupIds + segments[std::size_t(j)] * 9 + d);
+        }
+      }
+
+  // Number the nodes with a strong link in order of their cells (as a
+  // sequence), then digit: a group comes after the candidates of its first cell.
+  std::array<std::int16_t, kIds> index;
+  index.fill(-1);
+  std::vector<int> groups;
+  for (const auto& [a, b] : links)
+    for (int id : {a, b}) {
+      if (index[std::size_t(id)] == 0) continue;
+      index[std::size_t(id)] = 0;
+      if (id >= kGroupIds) groups.push_back(id);
+    }
+  const auto groupNode = [&](int id) {
+    Node n;
+    n.digit = (id - kGroupIds) % 9 + 1;
+    n.seen = {~std::uint64_t(0), ~std::uint64_t(0)};
+    n.where = m_holds[std::size_t(n.digit - 1)] & kSegments[std::size_t((id - kGroupIds) / 9)];
+    n.where.forEach([&](int c) {
+      n.cells[std::size_t(n.size++)] = std::uint8_t(c);
+      n.seen = n.seen & kPeerSets[std::size_t(c)];
+    });
+    return n;
+  };
+  std::vector<Node> groupNodes;
+  for (int id : groups) groupNodes.push_back(groupNode(id));
+  // (first cell, second cell, third cell or none, digit) as one number
+  std::vector<std::pair<int, std::size_t>> groupOrder;
+  for (std::size_t i = 0; i < groupNodes.size(); ++i) {
+    const Node& g = groupNodes[i];
+    groupOrder.emplace_back(
+        (g.cells[0] << 24) | (g.cells[1] << 16) | (g.size > 2 ? (g.cells[2] + 1) << 8 : 0) | g.digit, i);
+  }
+  std::sort(groupOrder.begin(), groupOrder.end());
+  std::size_t nextGroup = 0;
+  const auto addGroupsFrom = [&](int cell) {
+    for (; nextGroup < groupOrder.size() && groupNodes[groupOrder[nextGroup].second].cells[0] == cell; ++nextGroup) {
+      index[std::size_t(groups[groupOrder[nextGroup].second])] = std::int16_t(m_nodes.size());
+      m_nodes.push_back(groupNodes[groupOrder[nextGroup].second]);
+    }
+  };
+  m_nodes.reserve(links.size() * 2);
+  for (int c = 0; c < kCellCount; ++c) {
+    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
+      const int d = std::countr_zero(m);
+      if (index[std::size_t(c * 9 + d)] < 0) continue;
+      index[std::size_t(c * 9 + d)] = std::int16_t(m_nodes.size());
+      Node n;
+      n.cells[0] = std::uint8_t(c);
+      n.size = 1;
+      n.digit = d + 1;
+      n.where.add(c);
+      n.seen = kPeerSets[std::size_t(c)];
+      m_nodes.push_back(n);
+    }
+    addGroupsFrom(c);
+  }
+  const std::size_t n = m_nodes.size();
+  m_words = (n + 63) / 64;
+
+  m_strongAt.assign(n + 1, 0);
+  for (const auto& [a, b] : links) {
+    ++m_strongAt[std::size_t(index[std::size_t(a)]) + 1];
+    ++m_strongAt[std::size_t(index[std::size_t(b)]) + 1];
+  }
+  for (std::size_t i = 0; i < n; ++i) m_strongAt[i + 1] += m_strongAt[i];
+  m_strong.resize(std::size_t(m_strongAt[n]));
+  {
+    std::vector<int> fill(m_strongAt.begin(), m_strongAt.end() - 1);
+    for (const auto& [a, b] : links) {
+      const int x = index[std::size_t(a)], y = index[std::size_t(b)];
+      m_strong[std::size_t(fill[std::size_t(x)]++)] = y;
+      m_strong[std::size_t(fill[std::size_t(y)]++)] = x;
+    }
+  }
+
+  // seenBy[c]: the nodes whose digit cell c holds and whose cells c all sees.
+  NodeRows seenBy, ofDigit;
+  seenBy.reset(kCellCount, m_words);
+  ofDigit.reset(9, m_words);
+  for (std::size_t i = 0; i < n; ++i) {
+    const Node& node = m_nodes[i];
+    addBit(ofDigit[std::size_t(node.digit - 1)], i);
+    (node.seen & m_holds[std::size_t(node.digit - 1)]).forEach([&](int c) { addBit(seenBy[std::size_t(c)], i); });
+  }
+
+  // Weak links: one digit in cells that all see each other, and (in an
+  // alternating chain) two digits of one cell.
+  std::vector<std::uint64_t> weak(m_words);
+  m_weakAt.assign(1, 0);
+  for (std::size_t i = 0; i < n; ++i) {
+    const Node& node = m_nodes[i];
+    const std::uint64_t* digit = ofDigit[std::size_t(node.digit - 1)];
+    std::copy(digit, digit + m_words, weak.begin());
+    for (int k = 0; k < node.size; ++k) {
+      const std::uint64_t* by = seenBy[node.cells[std::size_t(k)]];
+      for (std::size_t w = 0; w < m_words; ++w) weak[w] &= by[w];
+    }
+    if (m_kind == ChainKind::Alternating && node.size == 1)
+      for (int d = 0; d < 9; ++d) {
+        const int j = index[std::size_t(node.cells[0] * 9 + d)];
+        if (d != node.digit - 1 && j >= 0) addBit(weak.data(), std::size_t(j));
+      }
+    for (std::size_t w = 0; w < m_words; ++w)
+      for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1) m_weak.push_back(int(w * 64) + std::countr_zero(bits));
+    m_weakAt.push_back(int(m_weak.size()));
+  }
+
+  for (Node& node : m_nodes) node.targets = node.seen & m_holds[std::size_t(node.digit - 1)];
+}
+
+/// Whether a chain with ends s and e removes something (see removals).
+bool ChainSearch::removes(int s, int e) const {
+  const Node& a = m_nodes[std::size_t(s)];
+  const Node& b = m_nodes[std::size_t(e)];
+  if (a.digit == b.digit) return !(a.targets & b.targets).empty();
+  if (m_kind != ChainKind::Alternating) return false;
+  return (a.size == 1 && (b.where - a.seen).empty() && (m_board.cand[a.cells[0]] & bitOf(b.digit))) ||
+         (b.size == 1 && (a.where - b.seen).empty() && (m_board.cand[b.cells[0]] & bitOf(a.digit)));
+}
+
+/// What "s or e" removes: a digit of both ends from the cells that see every
+/// cell of both; with two digits, x at one end and y at the other, y from the x
+/// end's cell when it sees the whole y end, and the other way round.
+std::vector<Candidate> ChainSearch::removals(int s, int e) const {
+  const Node& a = m_nodes[std::size_t(s)];
+  const Node& b = m_nodes[std::size_t(e)];
+  std::vector<Candidate> out;
+  if (a.digit == b.digit) {
+    (a.targets & b.targets).forEach([&](int c) { out.push_back({c, a.digit}); });
+    return out;
+  }
+  if (a.size == 1 && (b.where - a.seen).empty() && (m_board.cand[a.cells[0]] & bitOf(b.digit)))
+    out.push_back({a.cells[0], b.digit});
+  if (b.size == 1 && (a.where - b.seen).empty() && (m_board.cand[b.cells[0]] & bitOf(a.digit)))
+    out.push_back({b.cells[0], a.digit});
+  std::sort(out.begin(), out.end());
+  return out;
+}
+
+/// A chain of `nodes` nodes from s (assumed false) to e (reached true): a
+/// breadth-first search from s alone, each node reached from the lowest node
+/// before it.
+std::vector<int> ChainSearch::trace(int s, int e, int nodes) const {
+  const std::size_t n = m_nodes.size();
+  std::vector<int> parentTrue(n, -1), parentFalse(n, -1);
+  std::vector<char> isTrue(n, 0), isFalse(n, 0);
+  std::vector<int> falses{s}, trues;
+  isFalse[std::size_t(s)] = 1;
+  for (int reached = 2; reached <= nodes; reached += 2) {
+    trues.clear();
+    for (int f : falses)
+      for (int k = m_strongAt[std::size_t(f)]; k < m_strongAt[std::size_t(f) + 1]; ++k) {
+        const int t = m_strong[std::size_t(k)];
+        if (isTrue[std::size_t(t)]) continue;
+        isTrue[std::size_t(t)] = 1;
+        parentTrue[std::size_t(t)] = f;
+        trues.push_back(t);
+      }
+    std::sort(trues.begin(), trues.end());
+    falses.clear();
+    for (int t : trues)
+      for (int k = m_weakAt[std::size_t(t)]; k < m_weakAt[std::size_t(t) + 1]; ++k) {
+        const int f = m_weak[std::size_t(k)];
+        if (isFalse[std::size_t(f)]) continue;
+        isFalse[std::size_t(f)] = 1;
+        parentFalse[std::size_t(f)] = t;
+        falses.push_back(f);
+      }
+    std::sort(falses.begin(), falses.end());
+  }
+  std::vector<int> path;
+  bool onTrue = true;
+  for (int cur = e; cur >= 0; onTrue = !onTrue) {
+    path.push_back(cur);
+    cur = onTrue ? parentTrue[std::size_t(cur)] : parentFalse[std::size_t(cur)];
+  }
+  std::reverse(path.begin(), path.end());
+  return path;
+}
+
+/// Whether no candidate is in two nodes of the chain.
+bool ChainSearch::simple(const std::vector<int>& path) const {
+  std::array<CellSet, 9> used{};
+  for (int i : path) {
+    const Node& n = m_nodes[std::size_t(i)];
+    CellSet& u = used[std::size_t(n.digit - 1)];
+    if (!(u & n.where).empty()) return false;
+    u = u | n.where;
+  }
+  return true;
+}
+
+/// One link further for every start at once: each node gets the starts that
+/// reached a node linked to it at the last step, less those that reached it
+/// before. Whether any start got further. `W` words per set, or any number
+/// (`words`) when 0.
+template <std::size_t W>
+bool stepAll(std::size_t nodes, std::size_t words, const NodeRows& from, const std::vector<int>& at,
+             const std::vector<int>& links, NodeRows& fresh, NodeRows& seen) {
+  std::uint64_t any = 0;
+  for (std::size_t v = 0; v < nodes; ++v) {
+    std::uint64_t* out = fresh[v];
+    std::uint64_t* before = seen[v];
+    if constexpr (W == 0) {
+      for (std::size_t w = 0; w < words; ++w) {
+        std::uint64_t reached = 0;
+        for (int k = at[v]; k < at[v + 1]; ++k) reached |= from[std::size_t(links[std::size_t(k)])][w];
+        out[w] = reached & ~before[w];
+        before[w] |= out[w];
+        any |= out[w];
+      }
+    } else {
+      std::array<std::uint64_t, W> reached{};
+      for (int k = at[v]; k < at[v + 1]; ++k) {
+        const std::uint64_t* in = from[std::size_t(links[std::size_t(k)])];
+        for (std::size_t w = 0; w < W; ++w) reached[w] |= in[w];
+      }
+      for (std::size_t w = 0; w < W; ++w) {
+        out[w] = reached[w] & ~before[w];
+        before[w] |= out[w];
+        any |= out[w];
+      }
+    }
+  }
+  return any != 0;
+}
+
+bool ChainSearch::step(const NodeRows& from, const std::vector<int>& at, const std::vector<int>& links, NodeRows& fresh,
+                       NodeRows& seen) const {
+  const std::size_t n = m_nodes.size();
+  switch (m_words) {
+    case 1: return stepAll<1>(n, 1, from, at, links, fresh, seen);
+    case 2: return stepAll<2>(n, 2, from, at, links, fresh, seen);
+    case 3: return stepAll<3>(n, 3, from, at, links, fresh, seen);
+    case 4: return stepAll<4>(n, 4, from, at, links, fresh, seen);
+    default: return stepAll<0>(n, m_words, from, at, links, fresh, seen);
+  }
+}
+
+std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes, int maxNodes) {
+  const std::size_t n = m_nodes.size(), words = m_words;
+  // Per node: the starts that have reached it true / false, and those that
+  // reached it at the last step.
+  NodeRows seenTrue, seenFalse, newTrue, newFalse;
+  seenTrue.reset(n, words);
+  seenFalse.reset(n, words);
+  newTrue.reset(n, words);
+  newFalse.reset(n, words);
+  for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(newFalse[i], i);
+  std::vector<std::pair<int, int>> hits;
+  for (int nodes = 2; nodes <= maxNodes; nodes += 2) {
+    const bool any = step(newFalse, m_strongAt, m_strong, newTrue, seenTrue);
+    if (!any) break;
+    if (nodes >= minNodes) {
+      hits.clear();
+      // A chain and its reverse are found together: keep the one from the lower end.
+      for (std::size_t e = 0; e < n; ++e)
+        for (std::size_t w = 0; w <= e / 64; ++w) {
+          std::uint64_t bits = newTrue[e][w];
+          if (w == e / 64) bits &= (std::uint64_t(1) << (e % 64)) - 1;
+          for (; bits; bits &= bits - 1) {
+            const int s = int(w * 64) + std::countr_zero(bits);
+            if (removes(s, int(e))) hits.emplace_back(s, int(e));
+          }
+        }
+      std::sort(hits.begin(), hits.end());
+      for (const auto& [s, e] : hits) {
+        std::vector<int> path = trace(s, e, nodes);
+        if (!simple(path)) continue;
+        TechniqueStep step;
+        step.technique = technique;
+        for (int i : path) {
+          const Node& node = m_nodes[std::size_t(i)];
+          step.chain.push_back({std::vector<int>(node.cells.begin(), node.cells.begin() + node.size), node.digit});
+        }
+        step.digits = std::uint16_t(bitOf(step.chain.front().digit) | bitOf(step.chain.back().digit));
+        step.eliminations = removals(s, e);
+        return step;
+      }
+    }
+    if (nodes + 2 > maxNodes) break;
+    step(newTrue, m_weakAt, m_weak, newFalse, seenFalse);
+  }
+  return std::nullopt;
+}
+
+// The longest chains looked for (in nodes; an XY-Chain has two per cell). Past
+// about twelve nodes the search has mostly reached all it can, so the bound
+// costs little; it keeps the chains within what a reader can follow.
+constexpr int kMaxXChain = 16;
+constexpr int kMaxXYChain = 16;
+constexpr int kMaxAic = 16;
+
+}  // namespace
+
+std::optional<TechniqueStep> findXChain(const TechniqueBoard& board) {
+  return ChainSearch(board, ChainKind::X).find(Technique::XChain, 4, kMaxXChain);
+}
+
+std::optional<TechniqueStep> findXYChain(const TechniqueBoard& board) {
+  // Three bivalue cells at least (six nodes): two would be a naked pair.
+  return ChainSearch(board, ChainKind::XY).find(Technique::XYChain, 6, kMaxXYChain);
+}
+
+std::optional<TechniqueStep> findAIC(const TechniqueBoard& board) {
+  return ChainSearch(board, ChainKind::Alternating).find(Technique::AIC, 4, kMaxAic);
+}
 
 }  // namespace tessaly

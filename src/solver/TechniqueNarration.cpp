@@ -85,7 +85,7 @@ std::string branchText(const Branch& b, bool unitForcing, bool first) {
   out += unitForcing ? cellText(b.cell) + " is " + number(b.digit) : std::string(first ? cellText(b.cell) + " is " : "it is ") + number(b.digit);
   std::vector<std::string> items;
   for (const Implication& i : b.steps) items.push_back(implicationText(i));
-  if (!items.empty()) out += ", then " + joined(items, ", ");
+  if (!items.empty()) out += ", then " + joined(items, ", ");  // one comma-separated sequence
   if (b.contradiction) {
     out += items.empty() ? ", then " : " and ";
     if (b.deadCell >= 0)
@@ -103,14 +103,25 @@ std::string conclusionText(const TechniqueStep& step) {
   return joined(items);
 }
 
+/// A branch whose only conclusion is about its own cell ("if cell 8 is 1,
+/// then cell 8 is not 4") says nothing a reader needs.
+bool trivialBranch(const Branch& b) {
+  return !b.contradiction && b.steps.size() == 1 && b.steps.front().cell == b.cell;
+}
+
 std::string forcingText(const TechniqueStep& step, bool unitForcing) {
   int alive = 0;
   for (const Branch& b : step.branches) alive += b.contradiction ? 0 : 1;
-  // When one assumption is left standing, the contradictions are the reason.
-  std::vector<std::string> parts;
-  for (const Branch& b : step.branches)
-    if (alive > 1 || b.contradiction) parts.push_back(branchText(b, unitForcing, parts.empty()));
-  return joined(parts, "; ") + (alive > 1 ? "; either way " : "; so ") + conclusionText(step);
+  // When one assumption is left standing, the contradictions are the reason;
+  // a branch that only restates its own assumption is left out.
+  std::string out;
+  int told = 0;
+  for (const Branch& b : step.branches) {
+    if (!b.contradiction && (alive == 1 || trivialBranch(b))) continue;
+    out += (out.empty() ? "" : "; ") + branchText(b, unitForcing, out.empty());
+    told += b.contradiction ? 0 : 1;
+  }
+  return out + (told > 1 ? "; either way " : "; so ") + conclusionText(step);
 }
 
 }  // namespace

@@ -307,6 +307,8 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
 void MainWindow::setFurtherTechniques(bool on) {
   m_session.controls.techniques = on ? TechniqueSet::all() : TechniqueSet::rulesOnly();
   if (m_settings) m_settings->setValue(kTechniquesKey, on);
+  // The grade shown follows the techniques a solve may use.
+  if (m_puzzleFrame) m_puzzleFrame->judgeAgain();
 }
 
 void MainWindow::saveLayout() {

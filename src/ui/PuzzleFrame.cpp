@@ -71,6 +71,11 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
   if (m_session.givenCount() > 0) m_verdict = judgeGivens(m_session);
 }
 
+void PuzzleFrame::judgeAgain() {
+  if (m_session.givenCount() > 0) m_verdict = judgeGivens(m_session);
+  refreshFromSession();
+}
+
 void PuzzleFrame::navigate(NavButton button, Qt::MouseButton mouseButton) {
   m_host.runCommand([this, button, mouseButton] {
     Session& s = m_session;

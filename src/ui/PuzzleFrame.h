@@ -30,6 +30,8 @@ class PuzzleFrame : public FrameBox {
   PuzzleFrame(Session& session, CommandHost& host, QWidget* parent = nullptr);
 
   void refreshFromSession();
+  /// Judges the givens again (the techniques the grade is measured with changed).
+  void judgeAgain();
   void applyColours(const ColourScheme& scheme);
 
  protected:

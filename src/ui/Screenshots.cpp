@@ -1,5 +1,6 @@
 #include "ui/Screenshots.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -7,8 +8,11 @@
 #include <QTimer>
 
 #include <iostream>
+#include <optional>
 
+#include "model/CollectionFile.h"
 #include "play/ManualPlay.h"
+#include "solver/Techniques.h"
 #include "solver/SolverEngine.h"
 #include "ui/CreatePage.h"
 #include "ui/MainWindow.h"
@@ -51,6 +55,32 @@ void saveAndQuit(MainWindow& window, const std::string& file) {
   QApplication::quit();
 }
 
+/// The first puzzle of the collection whose Start run with every technique
+/// and no pauses tells a finding of `technique`, and the log line it is told at.
+std::optional<std::pair<int, int>> findingOf(const std::string& collection, Technique technique) {
+  const int total = countPuzzles(collection);
+  for (int n = 1; n <= total; ++n) {
+    const PuzzleRowsRead read = readPuzzleRows(collection, n);
+    if (read.status != PuzzleRowsRead::Status::Found) continue;
+    Session s;
+    s.controls.techniques = TechniqueSet::all();
+    s.controls.PauseCheck = true;
+    int c = 1;
+    for (const std::string& row : read.rows)
+      for (std::size_t k = 0; k < 9 && c <= kCells; ++k, ++c) {
+        const int v = k < row.size() && row[k] >= '1' && row[k] <= '9' ? row[k] - '0' : 0;
+        s.grid[c].value = v;
+        s.grid[c].given = v != 0;
+        s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
+      }
+    SolverEngine(s).computeCandidates(false);
+    SolverEngine(s).startCommand();
+    for (const Finding& f : s.run.findings)
+      if (f.kind == FindingKind::TechniqueFound && Technique(f.technique) == technique) return {{n, f.logLine}};
+  }
+  return std::nullopt;
+}
+
 void selectTab(MainWindow& window, int index) {
   if (auto* tabs = window.findChild<QTabBar*>("ctlTabs")) tabs->setCurrentIndex(index);
   QApplication::processEvents();
@@ -63,7 +93,29 @@ void scheduleScreenshot(MainWindow& window, Session& session, const std::string&
   // screen would have it.
   if (const QScreen* screen = window.screen()) window.setGeometry(screen->availableGeometry());
   QTimer::singleShot(100, &window, [&window, &session, tab, file, collection] {
-    if (tab == "create") {
+    if (tab.rfind("technique:", 0) == 0) {
+      // A real finding of the technique, shown by replaying its line of a
+      // Start run with no pauses and every technique turned on.
+      const std::string name = tab.substr(10);
+      const auto row = std::find_if(kTechniques.begin(), kTechniques.end(),
+                                    [&](const TechniqueInfo& t) { return t.cliName == name; });
+      const auto found = row == kTechniques.end() ? std::nullopt : findingOf(collection, row->id);
+      if (!found) {
+        std::cerr << "No puzzle of " << collection << " shows " << name << "\n";
+        QApplication::exit(3);
+        return;
+      }
+      if (auto* option = window.findChild<QAction*>("mnuTechniques")) option->setChecked(true);
+      session.controls.PauseCheck = true;
+      window.readPuzzleFile(collection, found->first);
+      window.runCommand([&session] { SolverEngine(session).startCommand(); });
+      for (const Finding& f : session.run.findings)
+        if (f.kind == FindingKind::TechniqueFound && Technique(f.technique) == row->id) {
+          window.replay()->showLine(f.logLine);
+          break;
+        }
+      saveAndQuit(window, file);
+    } else if (tab == "create") {
       selectTab(window, 1);
       auto* page = static_cast<CreatePage*>(window.page(Tab::Create));
       page->createCommand();

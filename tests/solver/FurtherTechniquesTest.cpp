@@ -57,6 +57,14 @@ TEST(FurtherTechniques, NarratedSolveIsNeverWrongAndNeedsNoGuessOnHardPuzzles) {
     }
     if (guessed) ++unsolved;
     EXPECT_EQ(s.grid.valueCode(), solution) << puzzle;
+    // What the run removed goes with it: the next puzzle's choices come from its values alone.
+    loadGivens(s, puzzles.front());
+    SolverEngine(s).computeCandidates(false);
+    const TechniqueBoard plain = boardFromPuzzle(puzzles.front());
+    for (int c = 1; c <= kCells; ++c)
+      if (!s.grid[c].value) {
+        ASSERT_EQ(s.grid[c].candidates.bits(), plain.cand[std::size_t(c - 1)]) << puzzle;
+      }
   }
   EXPECT_GT(steps, 0);
   // The sample's forum puzzles need nested chains; all of top95 and the rest go without a guess.
@@ -114,6 +122,24 @@ TEST(FurtherTechniques, NextStepTellsTheEasiestStepAndItsCells) {
   const std::vector<int> cells = patternCells(*rules.step);
   EXPECT_TRUE(std::is_sorted(cells.begin(), cells.end()));
   EXPECT_FALSE(cells.empty());
+  // Where the six rules have nothing left, the next step is a further technique.
+  TechniqueBoard board;
+  for (const std::string& puzzle : top95()) {
+    board = boardFromPuzzle(puzzle);
+    std::optional<TechniqueStep> step;
+    while ((step = findEasiestStep(board, TechniqueSet::all(), true)) &&
+           techniqueInfo(step->technique).family == TechniqueFamily::Rules)
+      applyStep(board, *step);
+    if (step) break;  // the rules are stuck here
+  }
+  for (int c = 1; c <= kCells; ++c) s.grid[c].candidates = CandidateSet::fromBits(board.cand[std::size_t(c - 1)]);
+  for (int c = 1; c <= kCells; ++c) s.grid[c].value = board.value[std::size_t(c - 1)];
+  EXPECT_EQ(hintTexts(nextStepHint(s).lines), std::vector<std::string>{kNoNextStep}) << "off: the rules only";
+  s.controls.techniques = TechniqueSet::all();
+  const NextStepHint further = nextStepHint(s);
+  ASSERT_TRUE(further.step);
+  EXPECT_EQ(*further.step, *findEasiestStep(board, TechniqueSet::all(), true));
+  EXPECT_NE(techniqueInfo(further.step->technique).family, TechniqueFamily::Rules);
   // A board no technique can move on.
   Session empty;
   SolverEngine(empty).computeCandidates(false);
