@@ -156,6 +156,8 @@ int createCommand(const Arguments& arguments) {
     settings = result.settings;
     if (!result.created()) {
       allCreated = false;
+      // A grade out of reach is told once: the puzzles after it would fail alike.
+      if (result.outcome == CreateResult::Outcome::GradeNotReached) break;
       continue;
     }
     if (hasInto && !saveGridToFile(session, into)) {

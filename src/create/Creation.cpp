@@ -37,23 +37,38 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
     return result;
   }
 
-  const ActivityScope creating(s.run.activity, RunActivity::Creating);
+  // What a creation that made nothing tells, once the creation is over: the
+  // window shows the views again only then, so they stand while the message is open.
+  std::string told;
+  {
+    const ActivityScope creating(s.run.activity, RunActivity::Creating);
+    told = createWithin(settings, result);
+  }
+  if (!told.empty()) s.message(told);
+  return result;
+}
+
+std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateResult& result) {
+  const BoardBefore before = keepBoard();
   s.ui().setBusy(true);
   try {
     const bool graded = settings.targetGrade.has_value() || settings.targetTechnique.has_value();
     const int tries = graded ? std::max(1, settings.gradeTries) : 1;
+    // A Manual template that cannot be used is told once: the tries after it
+    // blank at random, as the fallback chose.
+    CreateSettings current = settings;
     for (result.tries = 1;; ++result.tries) {
-      result.settings = settings;
-      if (!completeGrid()) {
+      result.settings = current;
+      if (!fillGrid()) {
         result.outcome = CreateResult::Outcome::Failed;
-        s.display().showViews(true);
+        restoreBoard(before);
         s.ui().setBusy(false);
-        s.message(kCreationFailed);
-        return result;
+        return kCreationFailed;
       }
       const std::string solution = settings.uniqueOnly ? gridText() : std::string();
       result.blanks = applyBlankDistribution(result.settings);
       if (settings.uniqueOnly) result.blanks = keepOneSolution(solution, result.settings.distribution);
+      current = result.settings;
       if (!graded) break;
       const PuzzleGrade grade = gradePuzzle(gridText(), s.controls.techniques);
       result.grade = grade.grade;
@@ -63,11 +78,10 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
         break;
       if (result.tries >= tries) {
         result.outcome = CreateResult::Outcome::GradeNotReached;
-        s.display().showViews(true);
+        restoreBoard(before);
         s.ui().setBusy(false);
-        s.message(settings.targetTechnique ? techniqueNotReachedText(*settings.targetTechnique, tries)
-                                           : gradeNotReachedText(*settings.targetGrade, tries));
-        return result;
+        return settings.targetTechnique ? techniqueNotReachedText(*settings.targetTechnique, tries)
+                                        : gradeNotReachedText(*settings.targetGrade, tries);
       }
     }
     makeKeptCellsGivens();
@@ -81,19 +95,48 @@ CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
 
     s.collection.setOrigin(BoardOrigin::created(result.blanks));
     s.collection.boardFromFile = false;
+    // What the status line told was about the puzzle this one replaces.
+    s.run.ended = {};
     s.puzzleLoaded.notify();
     finishView();
     s.ui().setBusy(false);
     result.outcome = CreateResult::Outcome::Created;
   } catch (const RunStopped&) {
-    // Another command, or the window closing, ended the creation: the views
-    // come back and nothing is saved.
+    // Another command, or the window closing, ended the creation: the board
+    // comes back as it was and nothing is saved.
     result.outcome = CreateResult::Outcome::Failed;
-    s.display().showViews(true);
-    s.display().setProgress(0);
+    restoreBoard(before);
     s.ui().setBusy(false);
   }
-  return result;
+  return {};
+}
+
+PuzzleCreator::BoardBefore PuzzleCreator::keepBoard() const {
+  return BoardBefore{s.grid, s.BoxMissingCount, s.BlanksLeft, s.collection.boardFromFile, s.run};
+}
+
+void PuzzleCreator::restoreBoard(const BoardBefore& before) {
+  s.grid = before.grid;
+  s.BoxMissingCount = before.boxMissing;
+  s.BlanksLeft = before.blanksLeft;
+  s.collection.boardFromFile = before.boardFromFile;
+  // The run's records come back too (a later Next or replay reads them); the
+  // command under way and the creation flag stay as they are now.
+  const RunActivity activity = s.run.activity;
+  const bool creationFlag = s.run.CreationFlag;
+  s.run = before.run;
+  s.run.activity = activity;
+  s.run.CreationFlag = creationFlag;
+  for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
+  s.display().setProgress(0);
+  s.display().showViews(true);
+}
+
+bool PuzzleCreator::fillGrid() {
+  // A seeding the search cannot complete is seeded afresh.
+  for (int attempt = 1; attempt <= kFillAttempts; ++attempt)
+    if (completeGrid()) return true;
+  return false;
 }
 
 std::string gradeNotReachedText(int grade, int tries) {
@@ -130,12 +173,9 @@ bool PuzzleCreator::completeGrid() {
   SolverEngine engine(s);
   engine.solveAll();
 
-  // When the run passes MaxTries, solveAll tells the user, zeroes the counter
-  // and releases the run (RunMode 1), so the counter alone cannot show it here;
-  // the run state and the grid can. A search that ran out of guesses leaves a
-  // grid with blanks. Either way nothing may be blanked or saved.
-  const bool gaveUp = s.run.mode != RunState::Silent || s.run.PlacementCount > s.config.MaxTries;
-  return !gaveUp && s.grid.filledCount() == kCells && engine.givensAreValid();
+  // A silent run is not held to the attempt limit of narrated solving: it ends
+  // with the grid complete, or with blanks when the search ran out of guesses.
+  return s.grid.filledCount() == kCells && engine.givensAreValid();
 }
 
 void PuzzleCreator::seedGrid() {

@@ -5,10 +5,12 @@
 // temporary collection PuzTemp.sud. On request, blanks that would allow a
 // second solution are given back, and creation repeats until a chosen grade.
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "model/Session.h"
 #include "model/TechniqueStep.h"
 
 namespace tessaly {
@@ -37,6 +39,8 @@ inline constexpr const char* kCreationFailed = "Puzzle creation failed, please t
 inline constexpr const char* kTemplateNotAccepted = "Random placement will be used";
 inline constexpr const char* kTemplateAllBlanks = "Grid is all blanks, random placement will be used";
 inline constexpr int kDefaultGradeTries = 1000;
+/// Seedings one puzzle may take before creation gives up on it.
+inline constexpr int kFillAttempts = 20;
 inline constexpr const char* kTemplateNoBlanks = "There are no blanks in this grid, random placement will be used";
 
 /// What the Create tab holds when Create is pressed; the command hands back
@@ -67,8 +71,8 @@ struct CreateResult {
   enum class Outcome {
     Created,  ///< a new puzzle is on the grid and was appended to PuzTemp.sud
     Refused,  ///< the blank count was out of range; nothing changed
-    Failed,   ///< the solver could not complete the seeded grid; nothing blanked or saved
-    GradeNotReached,  ///< no puzzle of the target grade within the tries; nothing saved
+    Failed,   ///< no seeding could be completed, or the creation was stopped; the board is as it was
+    GradeNotReached,  ///< no puzzle of the target grade within the tries; the board is as it was
   };
   Outcome outcome = Outcome::Refused;
   /// What the tab shows afterwards: `TotBlanks` as rewritten by Mirror and by
@@ -97,9 +101,13 @@ class PuzzleCreator {
   CreateResult createCommand(const CreateSettings& settings);
 
   /// Steps 2 to 6 of the command: empties the grid and the solver's records,
-  /// seeds it and lets the solver complete it in a silent run. True when the
-  /// grid was completed; false (after telling the user) when the run gave up.
+  /// seeds it and lets the solver complete it in a silent run, which is not
+  /// held to the attempt limit. True when the grid was completed; false when
+  /// the search ran out of guesses (nothing is told).
   bool completeGrid();
+  /// completeGrid, seeded afresh until a grid is complete, at most
+  /// kFillAttempts times.
+  bool fillGrid();
 
   /// Places the nine seeds: digit d at the randomDigit-th cell of box d, as a given.
   void seedGrid();
@@ -125,6 +133,19 @@ class PuzzleCreator {
   std::string tempRecord() const;
 
  private:
+  /// What a creation that makes nothing gives back: the board and its run.
+  struct BoardBefore {
+    PuzzleGrid grid;
+    std::array<int, 9> boxMissing{};
+    int blanksLeft = 0;
+    bool boardFromFile = false;
+    SolveRun run;
+  };
+  /// The command once the blank count passed, while the creation is the run
+  /// under way; returns what to tell the user afterwards ("" for nothing).
+  std::string createWithin(const CreateSettings& settings, CreateResult& result);
+  BoardBefore keepBoard() const;
+  void restoreBoard(const BoardBefore& before);
   void blankCell(int cell);
   int blankCount() const;
   void blankMirror(CreateSettings& settings, int wanted);

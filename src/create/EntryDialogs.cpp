@@ -116,6 +116,17 @@ bool pastePuzzle(Session& session, std::string_view text) {
   }
   if (!confirmPuzzle(session, digits)) return false;
   applyGridEntry(session, digits);
+  // The log and the status line told of the puzzle the paste replaced: they
+  // start again with this one's blank count, as after a read.
+  session.run.ended = {};
+  session.clearEventLog();
+  session.run.dropPlacements();
+  session.run.mode = RunState::NoPause;  // these lines never wait
+  SolverEngine engine(session);
+  engine.report({.kind = FindingKind::BlankCount, .count = kCells - session.givenCount()});
+  engine.writeLine(kStyleNormal, "");
+  engine.writeLine(kStyleNormal, "Click Start to commence");
+  session.run.mode = RunState::Waiting;
   return true;
 }
 

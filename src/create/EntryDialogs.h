@@ -64,7 +64,8 @@ inline constexpr const char* kClipboardNotPuzzle = "The clipboard does not hold 
 std::string pasteRefusal(std::string_view text, std::string& digits);
 /// Paste puzzle: a text that is not a puzzle is told and changes nothing;
 /// otherwise, once kept (the question as for a typed grid), it becomes the
-/// puzzle as an accepted grid entry does. True when it did.
+/// puzzle as an accepted grid entry does; the event log and the status line
+/// then start afresh with its blank count. True when it did.
 bool pastePuzzle(Session& session, std::string_view text);
 
 // --- blank template dialog (TemplateDialog)

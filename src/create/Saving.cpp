@@ -72,6 +72,12 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
         }
         ++result.saved;
         show(std::to_string(count - i));
+      } else if (created.outcome == CreateResult::Outcome::GradeNotReached) {
+        // The grade was out of reach in all the tries; the next puzzles would
+        // only tell the same. The batch ends on that one message.
+        show(request.NumCreate);
+        result.gradeNotReached = true;
+        return result;
       }
       session.processEvents();
     }

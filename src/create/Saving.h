@@ -42,11 +42,13 @@ struct AutoSaveResult {
   /// the option applied), for the window to show.
   CreateSettings create;
   bool writeFailed = false;  ///< stopped because the collection could not be written
+  bool gradeNotReached = false;  ///< stopped because a puzzle of the target grade was not made
 };
 
 /// Create and save a batch (`AutoSaveCommand`): runs the Create command
 /// NumCreate times and appends each created puzzle to the collection; a
-/// creation that failed is skipped and the batch goes on.
+/// creation that failed is skipped and the batch goes on, but one that did not
+/// reach the target grade ends the batch (its message is the only one).
 AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request);
 
 /// The message after a save: "Puzzle#" + total + " added to file: " + path.

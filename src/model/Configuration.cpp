@@ -118,4 +118,22 @@ void ruleOrderDialog(Session& session) {
   }
 }
 
+void attemptLimitDialog(Session& session) {
+  for (;;) {
+    const std::string prompt = "Placements a solve may make before it gives up (" + std::to_string(kLeastMaxTries) +
+                               " to " + std::to_string(kMostMaxTries) + ")";
+    const std::optional<std::string> answer =
+        session.ui().textInput("Attempt limit", prompt, std::to_string(session.config.MaxTries));
+    if (!answer || trimBlanks(*answer).empty()) return;
+    const std::optional<int> limit = readMaxTries(*answer);
+    if (limit && *limit >= kLeastMaxTries && *limit <= kMostMaxTries) {
+      session.config.MaxTries = *limit;
+      writeConfiguration(session);
+      return;
+    }
+    session.message("The attempt limit is a whole number from " + std::to_string(kLeastMaxTries) + " to " +
+                    std::to_string(kMostMaxTries));
+  }
+}
+
 }  // namespace tessaly

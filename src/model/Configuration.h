@@ -1,5 +1,5 @@
 #pragma once
-// Quorrel.cfg, the rule-order dialog and Permu.txt.
+// Quorrel.cfg, the rule-order and attempt-limit dialogs and Permu.txt.
 //
 // Quorrel.cfg lives in the application directory and holds four lines, CR LF
 // ended, in this order:
@@ -47,5 +47,16 @@ bool isAcceptableRuleOrder(std::string_view answer);
 /// shows "Rules are 2 to 6 only" and asks again. The new order reaches
 /// Quorrel.cfg with the next writeConfiguration.
 void ruleOrderDialog(Session& session);
+
+/// The attempt limits the attempt-limit dialog takes.
+inline constexpr int kLeastMaxTries = 1;
+inline constexpr int kMostMaxTries = 100000000;
+
+/// The attempt-limit dialog (Options, "Attempt limit..."): asks for MaxTries,
+/// showing the present one, until the answer is empty (or cancelled: nothing
+/// changes) or a whole number from kLeastMaxTries to kMostMaxTries, which
+/// becomes MaxTries and is written to Quorrel.cfg at once. Any other answer
+/// is told and asked again.
+void attemptLimitDialog(Session& session);
 
 }  // namespace tessaly

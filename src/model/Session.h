@@ -54,11 +54,12 @@ struct Controls {
 
 /// How the last Solve ended, for the status line (`statusLine`): nothing to
 /// tell, gave up after `count` placements, found no solution, or solved with
-/// `count` re-tries. A read and a save of the puzzle forget it.
+/// `count` re-tries. Another puzzle on the board and a save forget it.
 struct RunEnd {
   enum class Kind { None, GaveUp, NoSolution, Solved };
   Kind kind = Kind::None;
   int count = 0;
+  bool withTechniques = false;  ///< GaveUp: the further techniques were on
 };
 
 /// One solve run's records: its state, the placement queue and guess levels,

@@ -31,10 +31,13 @@ ManualPlay::ManualPlay(Session& session, ManualDisplay* display)
     : s(session),
       m_display(display ? display : &m_noDisplay),
       m_puzzleLoaded(session.puzzleLoaded.subscribe([this] {
-        if (active())
+        if (active()) {
           prepare();
-        else
+        } else {
+          // The cell selected on the earlier puzzle means nothing on this one.
           moves.clear();
+          resetSelection();
+        }
       })) {}
 
 ManualPlay::~ManualPlay() = default;

@@ -24,7 +24,8 @@ bool narrationWaits(FindingKind kind);
 bool announcesSolved(const Finding& finding);
 /// "Tried N times, solution aborted": the message when a Solve gives up after N placements.
 std::string gaveUpText(int tries);
-/// The status line (`MesLab`) after a Solve ended so; "" when there is nothing to tell.
+/// The status line (`MesLab`) after a Solve ended so (after giving up, with the ways
+/// on); "" when there is nothing to tell.
 std::string statusLine(const RunEnd& end);
 /// Whether its sentence is a "Set row R, col C, cell X to value V" line: the
 /// placements and Rule 5's reductions to one digit.

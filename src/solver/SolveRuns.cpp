@@ -41,9 +41,12 @@ void SolverEngine::solveAll() {
       s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
     do {
       placeNext();
-      if (s.run.PlacementCount > s.config.MaxTries) {
+      // The attempt limit is the narrated solve's: a silent run (creation
+      // completing its seeded grid) searches until it is done.
+      if (s.run.mode != RunState::Silent && s.run.PlacementCount > s.config.MaxTries) {
         s.message(gaveUpText(s.config.MaxTries));
-        s.run.ended = {RunEnd::Kind::GaveUp, s.config.MaxTries};
+        // The status line stays after the message is gone: it tells the ways on.
+        s.run.ended = {RunEnd::Kind::GaveUp, s.config.MaxTries, s.controls.techniques.any()};
         s.run.mode = RunState::Released;
         s.run.PlacementCount = 0;
         return;

@@ -213,7 +213,9 @@ void SolverEngine::retry() {
   for (int c = 1; c <= kCells; ++c)
     s.grid[c].value = std::size_t(c - 1) < snapshot.size() ? digitValue(snapshot[std::size_t(c - 1)]) : 0;
   if (s.run.guessStack.empty()) {
-    s.message(narrate({.kind = FindingKind::NoSolution}) + "\n" + narrate({.kind = FindingKind::CheckPlacements}));
+    // A silent run tells no one: creation sees the grid it could not complete.
+    if (s.run.mode != RunState::Silent)
+      s.message(narrate({.kind = FindingKind::NoSolution}) + "\n" + narrate({.kind = FindingKind::CheckPlacements}));
     s.run.candidateQueue.clear();
     return;
   }

@@ -12,42 +12,13 @@
 #include <bit>
 #include <utility>
 
+#include "solver/CellSet.h"
 #include "solver/Techniques.h"
 
 namespace tessaly {
 namespace {
 
 using namespace bitgrid;
-
-/// A set of cells (bit c for cell c).
-struct CellSet {
-  std::uint64_t lo = 0;  ///< cells 0..63
-  std::uint64_t hi = 0;  ///< cells 64..80
-  constexpr void add(int c) {
-    if (c < 64)
-      lo |= std::uint64_t(1) << c;
-    else
-      hi |= std::uint64_t(1) << (c - 64);
-  }
-  constexpr bool empty() const { return !(lo | hi); }
-  constexpr bool within(CellSet o) const { return !(lo & ~o.lo) && !(hi & ~o.hi); }
-  friend constexpr CellSet operator&(CellSet a, CellSet b) { return {a.lo & b.lo, a.hi & b.hi}; }
-  template <class F>
-  void forEach(F f) const {
-    for (std::uint64_t w = lo; w; w &= w - 1) f(std::countr_zero(w));
-    for (std::uint64_t w = hi; w; w &= w - 1) f(64 + std::countr_zero(w));
-  }
-};
-
-constexpr CellSet kEveryCell{~std::uint64_t(0), ~std::uint64_t(0)};
-
-constexpr std::array<CellSet, kCellCount> makePeerSets() {
-  std::array<CellSet, kCellCount> t{};
-  for (int c = 0; c < kCellCount; ++c)
-    for (std::uint8_t p : kPeers[std::size_t(c)]) t[std::size_t(c)].add(p);
-  return t;
-}
-constexpr auto kPeerSets = makePeerSets();
 
 /// The largest set looked at: larger ones are rare in the patterns people
 /// use, and each size adds many sets to pair.

@@ -25,52 +25,13 @@
 #include <bit>
 #include <utility>
 
+#include "solver/CellSet.h"
 #include "solver/Techniques.h"
 
 namespace tessaly {
 namespace {
 
 using namespace bitgrid;
-
-/// A set of cells (bit c for cell c).
-struct CellSet {
-  std::uint64_t lo = 0;  ///< cells 0..63
-  std::uint64_t hi = 0;  ///< cells 64..80
-  constexpr void add(int c) {
-    if (c < 64)
-      lo |= std::uint64_t(1) << c;
-    else
-      hi |= std::uint64_t(1) << (c - 64);
-  }
-  constexpr bool empty() const { return !(lo | hi); }
-  int first() const { return lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi); }
-  int last() const { return hi ? 127 - std::countl_zero(hi) : 63 - std::countl_zero(lo); }
-  friend constexpr CellSet operator&(CellSet a, CellSet b) { return {a.lo & b.lo, a.hi & b.hi}; }
-  friend constexpr CellSet operator|(CellSet a, CellSet b) { return {a.lo | b.lo, a.hi | b.hi}; }
-  friend constexpr CellSet operator-(CellSet a, CellSet b) { return {a.lo & ~b.lo, a.hi & ~b.hi}; }
-  friend constexpr bool operator==(CellSet, CellSet) = default;
-  template <class F>
-  void forEach(F f) const {
-    for (std::uint64_t w = lo; w; w &= w - 1) f(std::countr_zero(w));
-    for (std::uint64_t w = hi; w; w &= w - 1) f(64 + std::countr_zero(w));
-  }
-};
-
-constexpr std::array<CellSet, kCellCount> makePeerSets() {
-  std::array<CellSet, kCellCount> t{};
-  for (int c = 0; c < kCellCount; ++c)
-    for (std::uint8_t p : kPeers[std::size_t(c)]) t[std::size_t(c)].add(p);
-  return t;
-}
-constexpr auto kPeerSets = makePeerSets();
-
-constexpr std::array<CellSet, 27> makeAreaSets() {
-  std::array<CellSet, 27> t{};
-  for (int a = 0; a < 27; ++a)
-    for (std::uint8_t c : kAreas[std::size_t(a)]) t[std::size_t(a)].add(c);
-  return t;
-}
-constexpr auto kAreaSets = makeAreaSets();
 
 /// The 54 places where a box meets a line, three cells each: row r in band j
 /// is 3r + j, column c in stack i is 27 + 3c + i.

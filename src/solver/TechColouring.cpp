@@ -7,6 +7,7 @@
 
 #include <bit>
 
+#include "solver/CellSet.h"
 #include "solver/Techniques.h"
 
 namespace tessaly {
@@ -14,38 +15,6 @@ namespace tessaly {
 using namespace bitgrid;
 
 namespace {
-
-/// A set of cells, bit i for cell i.
-struct CellSet {
-  std::uint64_t lo = 0;  ///< cells 0..63
-  std::uint64_t hi = 0;  ///< cells 64..80
-  constexpr void add(int cell) {
-    if (cell < 64) lo |= std::uint64_t(1) << cell;
-    else hi |= std::uint64_t(1) << (cell - 64);
-  }
-  constexpr CellSet& operator|=(const CellSet& o) {
-    lo |= o.lo;
-    hi |= o.hi;
-    return *this;
-  }
-  constexpr CellSet operator&(const CellSet& o) const { return {lo & o.lo, hi & o.hi}; }
-  constexpr CellSet without(const CellSet& o) const { return {lo & ~o.lo, hi & ~o.hi}; }
-  constexpr bool any() const { return (lo | hi) != 0; }
-  /// Calls `f(cell)` for each cell, ascending.
-  template <typename F>
-  void each(F f) const {
-    for (std::uint64_t m = lo; m; m &= m - 1) f(std::countr_zero(m));
-    for (std::uint64_t m = hi; m; m &= m - 1) f(64 + std::countr_zero(m));
-  }
-};
-
-constexpr std::array<CellSet, kCellCount> makePeerSets() {
-  std::array<CellSet, kCellCount> t{};
-  for (int c = 0; c < kCellCount; ++c)
-    for (std::uint8_t p : kPeers[std::size_t(c)]) t[std::size_t(c)].add(p);
-  return t;
-}
-constexpr auto kPeerSets = makePeerSets();
 
 /// One cluster of a digit: its cells of each colour and the cells that see them.
 struct Cluster {
@@ -115,7 +84,7 @@ std::optional<TechniqueStep> eachCluster(const TechniqueBoard& board, Look look)
 
 std::vector<int> cellsOf(const CellSet& set) {
   std::vector<int> cells;
-  set.each([&](int c) { cells.push_back(c); });
+  set.forEach([&](int c) { cells.push_back(c); });
   return cells;
 }
 
@@ -133,10 +102,10 @@ std::optional<TechniqueStep> findColourTrap(const TechniqueBoard& board) {
   return eachCluster(board, [](int digit, const CellSet& holders, const Cluster& cluster) -> std::optional<TechniqueStep> {
     CellSet coloured = cluster.colour[0];
     coloured |= cluster.colour[1];
-    const CellSet trapped = (holders & cluster.seen[0] & cluster.seen[1]).without(coloured);
+    const CellSet trapped = (holders & cluster.seen[0] & cluster.seen[1]) - coloured;
     if (!trapped.any()) return std::nullopt;
     TechniqueStep step = colourStep(Technique::ColourTrap, digit, cluster.colour[0], cluster.colour[1]);
-    trapped.each([&](int c) { step.eliminations.push_back({c, digit}); });
+    trapped.forEach([&](int c) { step.eliminations.push_back({c, digit}); });
     return step;
   });
 }
@@ -148,7 +117,7 @@ std::optional<TechniqueStep> findColourWrap(const TechniqueBoard& board) {
     if (wrapped[0] == wrapped[1]) return std::nullopt;
     const std::size_t bad = wrapped[0] ? 0 : 1;
     TechniqueStep step = colourStep(Technique::ColourWrap, digit, cluster.colour[bad], cluster.colour[1 - bad]);
-    cluster.colour[bad].each([&](int c) { step.eliminations.push_back({c, digit}); });
+    cluster.colour[bad].forEach([&](int c) { step.eliminations.push_back({c, digit}); });
     return step;
   });
 }

@@ -87,6 +87,10 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
     return dialog.exec() == QDialog::Accepted;
   };
 
+  // An area a run left highlighted (one stopped at a pause) belongs to the
+  // puzzle it ran on.
+  m_puzzleLoaded = session.puzzleLoaded.subscribe([this] { m_board->restoreHighlight(); });
+
   applyColours();
   fitToScreen();
   // A puzzle file dropped anywhere on the window opens, on a text box too: the
@@ -159,6 +163,15 @@ QWidget* MainWindow::createCentralWidget() {
   // The past can be looked at while nothing runs, or while a run waits for Next.
   m_replay->setAllowed([this] { return m_commandDepth == 0 || (m_pacer && m_pacer->waiting()); });
   bottomLayout->addWidget(m_replay->createStrip(bottom));
+
+  // A creation hides the candidate display and the log while it works; they
+  // keep their room, so the board does not jump to fill the window meanwhile
+  // (nor while a message of the creation is open).
+  for (QWidget* view : {static_cast<QWidget*>(m_board->candidateDisplay()), static_cast<QWidget*>(m_log)}) {
+    QSizePolicy policy = view->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    view->setSizePolicy(policy);
+  }
 
   auto* logSplitter = new QSplitter(Qt::Vertical, central);
   logSplitter->setObjectName(names::LogSplitter);
@@ -342,6 +355,8 @@ void MainWindow::runCommand(std::function<void()> command) {
   command();
   if (!self) return;  // the window went away while the command ran
   --m_commandDepth;
+  // Whatever ran is over: no area stays highlighted for a step no longer shown.
+  m_board->restoreHighlight();
   m_pacer->runEnded();
   m_session.ui().setBusy(false);
   refresh(true);

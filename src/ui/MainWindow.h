@@ -143,6 +143,12 @@ class MainWindow : public QMainWindow, public CommandHost {
 
   void openFile();
   void printReport(bool includeLog);
+  /// The printer set up by the chooser; null when the user cancelled.
+  std::unique_ptr<QPrinter> choosePrinter();
+  /// File > Print puzzle...: the puzzle's grid large on a page, and on request its solution on the next.
+  void printPuzzle();
+  /// File > Print collection...: every puzzle of the current collection, 1, 2, 4 or 6 to a page.
+  void printCollection();
   void exitProgram();
   void showHelp();
   void showAbout();
@@ -184,6 +190,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::function<bool(QPrinter&)> m_choosePrinter;
   std::function<std::unique_ptr<QPrinter>()> m_makePrinter;
   std::unique_ptr<QSettings> m_settings;
+  Event::Subscription m_puzzleLoaded;
 
   int m_commandDepth = 0;                 ///< commands on the stack (one, or none)
   std::function<void()> m_pendingCommand;  ///< waits for the command in progress to end

@@ -7,18 +7,26 @@
 #include <QMessageBox>
 #include <QPrinter>
 
+#include "create/PuzzleCheck.h"
+#include "create/Saving.h"
+#include "model/CollectionFile.h"
 #include "model/Configuration.h"
+#include "solver/Grader.h"
+#include "solver/SolutionCounter.h"
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
 #include "ui/HelpWindow.h"
 #include "ui/MainWindow.h"
 #include "ui/ObjectNames.h"
+#include "ui/PuzzlePrinter.h"
 #include "ui/ReportPrinter.h"
 #include "Version.h"
 
 namespace tessaly {
 
 namespace {
+
+constexpr const char* kPrintSolutionQuestion = "Print the solution on a second page?";
 
 QAction* addEntry(QMenu* menu, const char* objectName, const QString& text) {
   QAction* action = menu->addAction(text);
@@ -58,7 +66,9 @@ void MainWindow::createFileMenu() {
           command([this] { printToTextFile(m_session, false); }));
   connect(addEntry(menu, names::mnuPrintEL2File, "Print puzzle and event log to file"), &QAction::triggered, this,
           command([this] { printToTextFile(m_session, true); }));
-  connect(addEntry(menu, names::mnuPrint, "Print puzzle..."), &QAction::triggered, this, [this] { printReport(false); });
+  connect(addEntry(menu, names::mnuPrint, "Print puzzle..."), &QAction::triggered, this, [this] { printPuzzle(); });
+  connect(addEntry(menu, names::mnuPrintCollection, "Print collection..."), &QAction::triggered, this,
+          [this] { printCollection(); });
   connect(addEntry(menu, names::mnuPrintEL, "Print puzzle and event log..."), &QAction::triggered, this,
           [this] { printReport(true); });
   menu->addSeparator();
@@ -87,6 +97,8 @@ void MainWindow::createOptionsMenu() {
   menu->setObjectName(names::mnuOptions);
   connect(addEntry(menu, names::mnuRules, "Rule order..."), &QAction::triggered, this,
           [this] { runCommand([this] { ruleOrderDialog(m_session); }); });
+  connect(addEntry(menu, names::mnuAttemptLimit, "Attempt limit..."), &QAction::triggered, this,
+          [this] { runCommand([this] { attemptLimitDialog(m_session); }); });
   m_techniquesAction = addEntry(menu, names::mnuTechniques, "Further techniques");
   m_techniquesAction->setCheckable(true);
   m_techniquesAction->setToolTip("When the six rules stall, solve and hint with the further techniques before guessing");
@@ -126,6 +138,69 @@ void MainWindow::printReport(bool includeLog) {
   // The printed log is the whole log as it stands, unlike the report file's.
   if (!ReportPrinter::print(printer, header, QString::fromStdString(printerReportText(m_session, includeLog))))
     m_session.message("The report could not be printed");
+}
+
+std::unique_ptr<QPrinter> MainWindow::choosePrinter() {
+  std::unique_ptr<QPrinter> printer = m_makePrinter ? m_makePrinter() : nullptr;
+  if (!printer) printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  printer->setDocName("Tessaly");
+  if (!m_choosePrinter || !m_choosePrinter(*printer)) return nullptr;
+  return printer;
+}
+
+void MainWindow::printPuzzle() {
+  std::string puzzle;
+  for (int c = 1; c <= kCells; ++c) puzzle.push_back(m_session.grid[c].given ? char('0' + m_session.grid[c].value) : '.');
+  if (puzzle.find_first_not_of('.') == std::string::npos) {
+    m_session.message(kCreateFirst);
+    return;
+  }
+  QString caption = QString::fromStdString(puzzleTitle(m_session.collection.origin()));
+  if (const int grade = gradePuzzle(puzzle).grade; grade > 0)
+    caption += QString("  ·  %1").arg(QString::fromStdString(gradeCaption(grade)));
+  QList<PrintedGrid> grids{{caption, puzzle}};
+  // The solution goes on a page of its own when the puzzle has exactly one.
+  std::string solution;
+  if (countSolutions(puzzle, 2, &solution) == 1 && m_session.ui().question(kPrintSolutionQuestion))
+    grids.append({QString("Solution: %1").arg(QString::fromStdString(puzzleTitle(m_session.collection.origin()))), solution});
+  std::unique_ptr<QPrinter> printer = choosePrinter();
+  if (printer && !PuzzlePrinter::print(*printer, grids, 1)) m_session.message("The puzzle could not be printed");
+}
+
+void MainWindow::printCollection() {
+  const std::string path = m_session.collection.CurrentFile;
+  const CollectionScan scan = scanCollection(path);
+  const int total = scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
+  if (total == 0) {
+    m_session.message(path + " does not appear to have any puzzles");
+    return;
+  }
+  int perPage = 0;
+  for (;;) {
+    const std::optional<std::string> answer =
+        m_session.ui().textInput("Print collection", "Puzzles on each page: 1, 2, 4 or 6", "4");
+    if (!answer) return;
+    const int n = QString::fromStdString(*answer).trimmed().toInt();
+    if (std::find(PuzzlePrinter::kPerPage.begin(), PuzzlePrinter::kPerPage.end(), n) != PuzzlePrinter::kPerPage.end()) {
+      perPage = n;
+      break;
+    }
+    m_session.message("Puzzles on each page: 1, 2, 4 or 6");
+  }
+  QList<PrintedGrid> grids;
+  const QString file = QFileInfo(QString::fromStdString(path)).fileName();
+  for (int n = 1; n <= total; ++n) {
+    const PuzzleRowsRead read = readPuzzleRows(path, n);
+    if (read.status != PuzzleRowsRead::Status::Found) continue;
+    std::string cells;
+    for (const std::string& row : read.rows) cells += row.substr(0, 9);
+    const int grade = gradePuzzle(cells).grade;
+    QString caption = QString("%1  #%2").arg(file).arg(n);
+    if (grade > 0) caption += QString("  ·  %1").arg(QString::fromStdString(gradeCaption(grade)));
+    grids.append({caption, cells});
+  }
+  std::unique_ptr<QPrinter> printer = choosePrinter();
+  if (printer && !PuzzlePrinter::print(*printer, grids, perPage)) m_session.message("The collection could not be printed");
 }
 
 void MainWindow::showHelp() {

@@ -106,7 +106,11 @@ ManualPage::ManualPage(Session& session, CommandHost& host, PaintCell paintCell,
   // A puzzle read while the tab is current starts manual play afresh, and the
   // page shows it.
   m_puzzleLoaded = m_session.puzzleLoaded.subscribe([this] {
-    if (m_play->active()) prepare();
+    if (m_play->active()) return prepare();
+    // Read while another tab is shown: nothing painted for the earlier puzzle stays.
+    endExplanationHighlight();
+    for (int cell = 1; cell <= kCells; ++cell)
+      if (paintOf(cell) != ManualPaint::Normal) paint(cell, ManualPaint::Normal);
   });
 
   buildChoicesMenu();

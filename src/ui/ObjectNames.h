@@ -65,10 +65,12 @@ inline constexpr const char mnuOpen[] = "mnuOpen";
 inline constexpr const char mnuOptions[] = "mnuOptions";
 inline constexpr const char mnuPastePuzzle[] = "mnuPastePuzzle";
 inline constexpr const char mnuPrint[] = "mnuPrint";
+inline constexpr const char mnuPrintCollection[] = "mnuPrintCollection";
 inline constexpr const char mnuPrintEL2File[] = "mnuPrintEL2File";
 inline constexpr const char mnuPrintEL[] = "mnuPrintEL";
 inline constexpr const char mnuPrPuz2File[] = "mnuPrPuz2File";
 inline constexpr const char mnuRules[] = "mnuRules";
+inline constexpr const char mnuAttemptLimit[] = "mnuAttemptLimit";
 inline constexpr const char mnuSave2InFile[] = "mnuSave2InFile";
 /// The File menu's exports, one per export format, %1 its extension:
 /// mnusavecsv, mnusavetxt, mnusavexls, mnusaveods.

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <utility>
 
 #include "model/Session.h"
 #include "model/Text.h"
@@ -101,9 +102,19 @@ void PuzzleFrame::readTypedNumber() {
 }
 
 bool PuzzleFrame::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == m_number && event->type() == QEvent::KeyRelease) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (!key->isAutoRepeat() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+  if (watched == m_number) {
+    const auto isEnter = [](const QKeyEvent* key) {
+      return !key->isAutoRepeat() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
+    };
+    // The number is read when Enter is let go, but only an Enter pressed in
+    // the box counts: the release of the Enter that closed a message box lands
+    // here once the box has the focus back, and must not read the puzzle again.
+    if (event->type() == QEvent::KeyPress && isEnter(static_cast<QKeyEvent*>(event))) {
+      m_enterPressed = true;
+    } else if (event->type() == QEvent::FocusOut) {
+      m_enterPressed = false;
+    } else if (event->type() == QEvent::KeyRelease && isEnter(static_cast<QKeyEvent*>(event))) {
+      if (!std::exchange(m_enterPressed, false)) return true;
       readTypedNumber();
       return true;
     }

@@ -55,6 +55,7 @@ class PuzzleFrame : public FrameBox {
   QLineEdit* m_number = nullptr;
   std::array<RightClickButton*, 3> m_buttons{};
   int m_shownChange = 0;  ///< the origin change last shown in the number box, so typing is not overwritten
+  bool m_enterPressed = false;  ///< Enter went down in the number box and is not yet released
 };
 
 }  // namespace tessaly

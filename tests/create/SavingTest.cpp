@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "create/CreateTestSupport.h"
 #include "create/Saving.h"
 #include "model/CollectionFile.h"
@@ -115,15 +117,13 @@ TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
   EXPECT_EQ(countPuzzles(t.tempFile()), 3);  // each also went to PuzTemp.sud
 }
 
-TEST_F(SaveTest, ABatchGoesOnPastFailedCreationsAndAManualFallbackButStopsAtAnUnwritableFile) {
-  s.config.MaxTries = 5;
+TEST_F(SaveTest, ABatchIsNotHeldToTheAttemptLimitGoesOnPastAManualFallbackButStopsAtAnUnwritableFile) {
+  s.config.MaxTries = 5;  // narrated solving's limit: the creations' silent fills pass it
   AutoSaveResult result = batch("2", "30", BlankDistribution::Random);
-  EXPECT_TRUE(result.saved == 0 && fileLength(s.collection.CurrentFile) == -1);
-  const std::string tried = "Tried 5 times, solution aborted", failed = kCreationFailed;
-  // The count told is the one asked for.
-  EXPECT_EQ(t.ui.messages, (Lines{tried, failed, tried, failed, added("2 puzzles")}));
+  EXPECT_TRUE(result.saved == 2 && countPuzzles(s.collection.CurrentFile) == 2);
+  EXPECT_EQ(t.ui.messages, Lines{added("2 puzzles")});
 
-  s.config.MaxTries = 250;
+  std::filesystem::remove(s.collection.CurrentFile);
   t.ui.messages.clear();
   result = batch("2", "25", BlankDistribution::Manual);  // no template: told once, then Random
   EXPECT_TRUE(result.saved == 2 && result.create.distribution == BlankDistribution::Random);
@@ -137,7 +137,20 @@ TEST_F(SaveTest, ABatchGoesOnPastFailedCreationsAndAManualFallbackButStopsAtAnUn
   EXPECT_TRUE(result.writeFailed && result.saved == 0);
   EXPECT_EQ(t.ui.messages, Lines{"Could not write file: " + s.collection.CurrentFile});
   EXPECT_EQ(shown, Lines{"3"});
-  EXPECT_EQ(countPuzzles(t.tempFile()), 3);  // the two of the fallback and the one the write failed on
+  EXPECT_EQ(countPuzzles(t.tempFile()), 5);  // the four before and the one the write failed on
+}
+
+TEST_F(SaveTest, ABatchEndsOnAGradeOutOfReachWithItsOneMessage) {
+  const auto show = [this](const std::string& text) { shown.push_back(text); };
+  CreateSettings settings{"20", BlankDistribution::Random, std::nullopt};
+  settings.targetGrade = 5;
+  settings.gradeTries = 2;
+  const AutoSaveResult result = autoSaveCommand(s, AutoSaveRequest{"5", settings, show});
+  EXPECT_TRUE(result.saved == 0 && result.gradeNotReached && !result.writeFailed);
+  EXPECT_EQ(t.ui.messages, Lines{gradeNotReachedText(5, 2)});
+  EXPECT_EQ(shown, Lines{"5"});
+  EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
+  EXPECT_EQ(fileLength(t.tempFile()), -1);
 }
 
 }  // namespace

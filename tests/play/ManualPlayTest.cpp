@@ -180,9 +180,9 @@ TEST_F(ManualPlayTest, ClearStartsTheSamePuzzleAgainUnlessThereIsNoneAndOnAnothe
   EXPECT_TRUE(play.dropDownDigits(2).empty());
   EXPECT_EQ(play.selectedCell, 1);
   EXPECT_TRUE(m.moves() == "C01 = 4" && s.grid[1].value == 4 && rec.messages.empty());
-  // The moves belong to the puzzle: another one, read on any tab, ends them.
+  // The moves and the selected cell belong to the puzzle: another one, read on any tab, ends them.
   ASSERT_TRUE(readPuzzle(s, test::kPe96, 1));
-  EXPECT_EQ(m.moves() + "|" + std::to_string(play.selectedCell), "|1");
+  EXPECT_EQ(m.moves() + "|" + std::to_string(play.selectedCell), "|0");
 }
 
 TEST_F(ManualPlayTest, TheExplanationOfEachKindOfCellIsOneMessageWithTheBoxHighlighted) {

@@ -264,13 +264,24 @@ TEST_F(SolveRunTest, AFullGridStopsStartButSolveStillReportsAndSaysDone) {
 TEST_F(SolveRunTest, ThePlacementLimitAbortsTheRun) {
   // An empty grid from a creation: the first placement is a guess that takes the
   // smallest digit, not a drawn one (drawn guesses and their warning: solve-golden-*-501).
-  s.run.CreationFlag = true;
-  s.config.MaxTries = 1;
-  s.controls.PauseCheck = true;
-  engine.startCommand();
-  EXPECT_EQ(t.ui.messages, Strings{"Tried 1 times, solution aborted"});
-  EXPECT_EQ(statusLine(s.run.ended), "Tried 1 times, solution aborted");
-  EXPECT_EQ(std::tuple(s.run.PlacementCount, s.run.mode, s.grid[1].value), std::tuple(0, RunState::Released, 1));
+  // The status line then names the ways on: a higher limit, and the further techniques while they are off.
+  const std::tuple<TechniqueSet, const char*> cases[] = {
+      {TechniqueSet::rulesOnly(),
+       "Tried 1 times, solution aborted. To go on, raise Options > Attempt limit... or turn on Options > Further "
+       "techniques"},
+      {TechniqueSet::all(), "Tried 1 times, solution aborted. To go on, raise Options > Attempt limit..."}};
+  for (const auto& [techniques, status] : cases) {
+    s.grid.clear();
+    t.ui.messages.clear();
+    s.controls.techniques = techniques;
+    s.run.CreationFlag = true;
+    s.config.MaxTries = 1;
+    s.controls.PauseCheck = true;
+    engine.startCommand();
+    EXPECT_EQ(t.ui.messages, Strings{"Tried 1 times, solution aborted"});
+    EXPECT_EQ(statusLine(s.run.ended), status);
+    EXPECT_EQ(std::tuple(s.run.PlacementCount, s.run.mode, s.grid[1].value), std::tuple(0, RunState::Released, 1));
+  }
 }
 
 TEST_F(SolveRunTest, AFullLogStopsTheCommandWithAMessage) {

@@ -10,17 +10,7 @@
 namespace tessaly {
 namespace {
 
-/// A board whose cells all hold `rest` except those listed.
-TechniqueBoard boardOf(std::initializer_list<std::pair<std::vector<int>, std::string>> parts,
-                       const std::string& rest = "123456789") {
-  std::array<std::string, 81> tokens;
-  tokens.fill(rest);
-  for (const auto& [cells, cands] : parts)
-    for (int c : cells) tokens[std::size_t(c)] = cands;
-  std::string text;
-  for (const std::string& t : tokens) text += t + " ";
-  return boardFromCandidates(text);
-}
+using test::boardOf;
 
 TechniqueStep rectangle(Technique technique, std::vector<Candidate> eliminations) {
   TechniqueStep step;

@@ -2,23 +2,12 @@
 
 #include <gtest/gtest.h>
 
-
 #include "solver/TechniqueTestSupport.h"
 
 namespace tessaly {
 namespace {
 
-/// A board whose cells all hold `rest` except those listed.
-TechniqueBoard boardOf(std::initializer_list<std::pair<std::vector<int>, std::string>> parts,
-                       const std::string& rest = "123456789") {
-  std::array<std::string, 81> tokens;
-  tokens.fill(rest);
-  for (const auto& [cells, cands] : parts)
-    for (int c : cells) tokens[std::size_t(c)] = cands;
-  std::string text;
-  for (const std::string& t : tokens) text += t + " ";
-  return boardFromCandidates(text);
-}
+using test::boardOf;
 
 /// The step of a wing; the W-Wing adds its linking digit and strong link.
 TechniqueStep wing(Technique technique, std::uint16_t digits, int z, std::vector<int> cells,

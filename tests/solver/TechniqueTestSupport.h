@@ -26,6 +26,18 @@ inline std::vector<std::string> techniqueSample() {
   return puzzles;
 }
 
+/// A board whose cells all hold `rest` except those listed.
+inline TechniqueBoard boardOf(std::initializer_list<std::pair<std::vector<int>, std::string>> parts,
+                              const std::string& rest = "123456789") {
+  std::array<std::string, 81> tokens;
+  tokens.fill(rest);
+  for (const auto& [cells, cands] : parts)
+    for (int c : cells) tokens[std::size_t(c)] = cands;
+  std::string text;
+  for (const std::string& t : tokens) text += t + " ";
+  return boardFromCandidates(text);
+}
+
 /// Whether the step is sound against the solution: no elimination removes the
 /// solution's digit, every placement is the solution's digit, and everything it
 /// eliminates is a candidate of the board. Adds a failure naming the puzzle

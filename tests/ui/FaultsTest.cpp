@@ -293,7 +293,9 @@ TEST_F(FaultsTest, AnAbortedRunLeavesNextDisabledAndStartEnabled) {
   window->readPuzzleFile(puzzleFile("top95.sud"), 1);  // the rules alone do not solve it
   session.config.MaxTries = 1;
   stepToTheEnd();
-  EXPECT_EQ(statusLine(session.run.ended), "Tried 1 times, solution aborted");
+  EXPECT_EQ(statusLine(session.run.ended),
+            "Tried 1 times, solution aborted. To go on, raise Options > Attempt limit... or turn on Options > "
+            "Further techniques");
   EXPECT_FALSE(window->isWaiting());
   EXPECT_FALSE(enabled("NextStepCommand"));
   for (const char* name : {"StartCommand", "ClearCommand", "EditCommand", "Solveit"}) EXPECT_TRUE(enabled(name)) << name;
