@@ -22,7 +22,6 @@ struct BenchSession {
       : scratch(std::filesystem::temp_directory_path() / name) {
     std::filesystem::create_directories(scratch);
     std::filesystem::current_path(scratch);
-    session.writesConfiguration = false;
     session.appDir = scratch.string() + "/";
   }
   std::filesystem::path scratch;

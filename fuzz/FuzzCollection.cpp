@@ -47,11 +47,9 @@ struct Reader {
   SeededRandom random{1};
   Session s{Services{&ui, nullptr, nullptr, &clock, &random}};
   Reader() {
-    s.writesConfiguration = false;
     putGivens(s, kEasyPuzzle);
     s.collection.CurrentPuzzleNumber = 3;
-    s.PuzNumNow = "3";
-  }
+      }
 };
 
 void checkRead(const std::string& path, const Reference& ref, int n) {
@@ -60,7 +58,7 @@ void checkRead(const std::string& path, const Reference& ref, int n) {
   const ScriptedUserInterface& ui = reader.ui;
   const GridSnapshot before(s);
 
-  const bool ready = readPuzzle(s, path, n);
+  const bool ready = readPuzzle(s, path, n).ready;
   FUZZ_CHECK(s.collection.TotalPuzzles == ref.count);
   const int target = n == -1 ? ref.count : n;
   const long at = ref.header(target);
@@ -69,7 +67,7 @@ void checkRead(const std::string& path, const Reference& ref, int n) {
     FUZZ_CHECK(!ready);
     FUZZ_CHECK(ui.messages.size() == 1);
     FUZZ_CHECK(GridSnapshot(s) == before);
-    FUZZ_CHECK(s.collection.CurrentPuzzleNumber == 3 && s.PuzNumNow == "3");
+    FUZZ_CHECK(s.collection.CurrentPuzzleNumber == 3 && puzzleNumberText(s.collection.origin()) == "3");
     return;
   }
   // Read: the givens are the file's digits, row by row.
@@ -94,7 +92,7 @@ void checkReadAnyForm(const std::string& path, int n) {
   Session& s = reader.s;
   const ScriptedUserInterface& ui = reader.ui;
   const GridSnapshot before(s);
-  const bool ready = readPuzzle(s, path, n);
+  const bool ready = readPuzzle(s, path, n).ready;
   if (s.collection.CurrentPuzzleNumber == 3 && GridSnapshot(s) == before) {
     FUZZ_CHECK(!ready || n == 3);
     if (!ready) FUZZ_CHECK(!ui.messages.empty());

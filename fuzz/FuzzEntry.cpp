@@ -72,7 +72,7 @@ void checkGrid(const std::string& text) {
     return;
   }
   FUZZ_CHECK(ui.messages.empty());
-  FUZZ_CHECK(s.PuzzleTitle == kNewPuzzleTitle);
+  FUZZ_CHECK(puzzleTitle(s.collection.origin()) == kNewPuzzleTitle);
   for (int c = 1; c <= kCells; ++c) {
     const int d = cells[std::size_t(c - 1)] - '0';
     FUZZ_CHECK(s.grid[c].value == d && s.grid[c].given == (d != 0));

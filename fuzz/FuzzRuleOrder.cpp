@@ -56,7 +56,6 @@ const std::string& solution(const std::string& collection) {
     ScriptedUserInterface ui;
     SeededRandom random{1};
     Session s{Services{&ui, nullptr, nullptr, nullptr, &random}};
-    s.writesConfiguration = false;
     s.folders.output = scratchFolder();
     readPuzzle(s, collection, 1);
     SolverEngine(s).solveCommand();
@@ -88,7 +87,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ScriptedUserInterface ui;
   SeededRandom random{data[0]};
   Session s{Services{&ui, nullptr, nullptr, nullptr, &random}};
-  s.writesConfiguration = false;
   s.folders.output = scratchFolder();
   s.config.RuleOrder = before;
   ui.inputs.assign(answers.begin(), answers.end());

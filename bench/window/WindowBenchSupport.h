@@ -20,7 +20,6 @@ struct BenchSession {
     const auto scratch = std::filesystem::temp_directory_path() / "tessaly-window-bench";
     std::filesystem::create_directories(scratch);
     std::filesystem::current_path(scratch);
-    session.writesConfiguration = false;
     session.appDir = scratch.string() + "/";
     session.config.MaxTries = maxTries;
   }

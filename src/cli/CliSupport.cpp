@@ -42,7 +42,6 @@ CliSession::CliSession(const PuzzleOptions& options) {
   services.clock = &m_clock;
   services.random = m_random.get();
   m_session = std::make_unique<Session>(services);
-  m_session->writesConfiguration = false;
   // The event log goes to the working folder, or to the user's documents when
   // the working folder cannot take it.
   std::error_code ec;

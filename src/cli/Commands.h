@@ -28,6 +28,9 @@ int countCommand(const Arguments& args);   // CountCommand.cpp
 int hintCommand(const Arguments& args);    // HintCommand.cpp
 int gradeCommand(const Arguments& args);   // GradeCommand.cpp
 
+/// What export writes, for its line of the usage text: "CSV, TXT, XLS or report".
+std::string exportedKinds();  // ExportCommand.cpp
+
 /// Takes "--jobs J" out of args (1 to 1024 threads); ok is false after telling
 /// a bad value on standard error.
 std::optional<int> parseJobs(Arguments& args, bool& ok);

@@ -1,12 +1,15 @@
-// tessaly-cli export FILE N --csv|--txt|--xls|--report PATH: reads puzzle N,
+// tessaly-cli export FILE N --csv|--txt|...|--report PATH: reads puzzle N,
 // solves it as the Solve command does and writes the puzzle with its solution.
+// The options of the formats come from the table of export formats.
 
 #include <filesystem>
 #include <iostream>
+#include <vector>
 
 #include "cli/CliSupport.h"
 #include "cli/Usage.h"
 #include "model/FileUtil.h"
+#include "output/ExportFormats.h"
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
 #include "solver/ReadPuzzle.h"
@@ -14,24 +17,43 @@
 
 namespace tessaly::cli {
 
+namespace {
+constexpr const char* kReportOption = "--report";
+}  // namespace
+
+std::string exportedKinds() {
+  std::string kinds;
+  for (const ExportFormat& format : exportFormats()) kinds += std::string(format.name) + ", ";
+  kinds.resize(kinds.size() - 2);
+  return kinds + " or report";
+}
 
 int exportCommand(const Arguments& arguments) {
   Arguments args = arguments;
   struct Target {
-    const char* option;
+    const ExportFormat* format;  ///< null for the report
     std::string path;
     bool present = false;
-  } targets[] = {{"--csv", {}}, {"--txt", {}}, {"--xls", {}}, {"--report", {}}};
+  };
+  std::vector<Target> targets;
+  for (const ExportFormat& format : exportFormats()) targets.push_back({&format, {}});
+  targets.push_back({nullptr, {}});
   for (Target& t : targets)
-    if (!takeOption(args, t.option, t.path, t.present)) return kExitUsage;
+    if (!takeOption(args, t.format ? std::string(t.format->cliOption) : kReportOption, t.path, t.present))
+      return kExitUsage;
   const bool withLog = takeFlag(args, "--with-log");
-  const std::string kExportUsage = usageLine("export");
-  auto options = parsePuzzleOptions(args, kExportUsage.c_str());
+  const std::string usage = usageLine("export");
+  auto options = parsePuzzleOptions(args, usage.c_str());
   if (!options) return kExitUsage;
-  int chosen = 0;
-  for (const Target& t : targets) chosen += t.present ? 1 : 0;
-  if (chosen != 1 || !args.empty()) {
-    std::cerr << "Usage: " << kExportUsage << '\n';
+  const Target* chosen = nullptr;
+  int count = 0;
+  for (const Target& t : targets)
+    if (t.present) {
+      chosen = &t;
+      ++count;
+    }
+  if (count != 1 || !args.empty()) {
+    std::cerr << "Usage: " << usage << '\n';
     return kExitUsage;
   }
   if (!requireFile(options->file)) return kExitUsage;
@@ -50,17 +72,14 @@ int exportCommand(const Arguments& arguments) {
   SolverEngine(session).solveCommand();
 
   FileResult written;
-  if (targets[3].present) {
+  if (!chosen->format) {
     written = writeFileAtomically(path, reportText(session, withLog));
   } else {
-    const ExportFormat format = targets[0].present ? ExportFormat::Csv
-                                : targets[1].present ? ExportFormat::Txt
-                                                     : ExportFormat::Xls;
     if (!gridIsComplete(session)) {
-      cli.session().message("There is no solution to save");
+      session.message("There is no solution to save");
       return kExitFailure;
     }
-    written = writeExport(session, format, path);
+    written = chosen->format->write(session, path);
   }
   if (!written) {
     session.message(couldNotWriteText(path, written));

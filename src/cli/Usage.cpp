@@ -30,6 +30,7 @@ constexpr OptionHelp kExport[] = {
     {"--csv PATH", "write the puzzle and its solution as CSV"},
     {"--txt PATH", "... as text"},
     {"--xls PATH", "... as a spreadsheet"},
+    {"--ods PATH", "... as an OpenDocument spreadsheet"},
     {"--report PATH", "write the framed report"},
     {"--with-log", "the report includes the event log"},
     kPuzzleOptions[0], kPuzzleOptions[1], kPuzzleOptions[2], kPuzzleOptions[3],
@@ -82,7 +83,8 @@ constexpr CommandUsage kUsages[] = {
      "[--techniques six|all|NAME,...] [--board-at K]",
      kSolve},
     {"export",
-     "tessaly-cli export FILE N (--csv PATH | --txt PATH | --xls PATH | --report PATH [--with-log]) [--seed S] "
+     "tessaly-cli export FILE N (--csv PATH | --txt PATH | --xls PATH | --ods PATH | --report PATH [--with-log]) "
+     "[--seed S] "
      "[--rule-order S] [--max-tries N] [--techniques six|all|NAME,...]",
      kExport},
     {"create",

@@ -20,6 +20,7 @@ struct CommandEntry {
   std::string_view name;
   std::string_view summary;  ///< one line for the usage text
   CommandFunction run;
+  std::string (*kinds)() = nullptr;  ///< when set, what it lists follows the summary in brackets
 };
 
 int helpCommand(const Arguments& args);
@@ -29,7 +30,7 @@ int helpCommand(const Arguments& args);
 constexpr CommandEntry kCommands[] = {
     {"help", "show this usage text", helpCommand},
     {"solve", "read puzzle N of FILE and solve it, printing the narration", solveCommand},
-    {"export", "solve puzzle N of FILE and export it (CSV, TXT, XLS or report)", exportCommand},
+    {"export", "solve puzzle N of FILE and export it", exportCommand, exportedKinds},
     {"create", "create new puzzles with a chosen number and distribution of blanks", createCommand},
     {"count", "print the number of puzzles in FILE, or the solutions of one (0, 1 or 2+)", countCommand},
     {"grade", "print the grade (1-5) of puzzle N of FILE, or of every puzzle of FILE or -", gradeCommand},
@@ -44,7 +45,9 @@ void printUsage(std::ostream& out) {
       << "       " << kProgramName << " --help | --version\n"
       << "\nCommands:\n";
   for (const CommandEntry& command : kCommands) {
-    out << "  " << std::left << std::setw(kNameWidth) << command.name << command.summary << '\n';
+    out << "  " << std::left << std::setw(kNameWidth) << command.name << command.summary;
+    if (command.kinds) out << " (" << command.kinds() << ')';
+    out << '\n';
   }
 }
 

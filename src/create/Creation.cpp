@@ -16,7 +16,6 @@ namespace tessaly {
 namespace {
 constexpr const char* kTempHeader = "#001";
 constexpr const char* kLineEnd = "\r\n";
-constexpr const char* kNewPuzzleNumber = "NEW";
 }  // namespace
 
 int requestedBlanks(std::string_view totBlanksText) {
@@ -94,12 +93,11 @@ std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateRe
     const std::string path = tempCollectionPath(s);
     if (const FileResult written = appendToFile(path, tempRecord()); !written) s.message(couldNotWriteText(path, written));
 
-    s.PuzNumNow = kNewPuzzleNumber;
+    s.collection.setOrigin(BoardOrigin::created(result.blanks));
     s.collection.boardFromFile = false;
     // What the status line told was about the puzzle this one replaces.
-    s.statusText.clear();
+    s.run.ended = {};
     s.puzzleLoaded.notify();
-    s.PuzzleTitle = "New Puzzle (" + std::to_string(result.blanks) + " blanks)";
     finishView();
     s.ui().setBusy(false);
     result.outcome = CreateResult::Outcome::Created;

@@ -70,7 +70,7 @@ void applyGridEntry(Session& session, std::string_view digits) {
     session.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
   }
   SolverEngine(session).computeCandidates(false);
-  session.PuzzleTitle = kNewPuzzleTitle;
+  session.collection.setOrigin(BoardOrigin::entered());
   session.collection.boardFromFile = false;
   session.puzzleLoaded.notify();
 }
@@ -118,7 +118,7 @@ bool pastePuzzle(Session& session, std::string_view text) {
   applyGridEntry(session, digits);
   // The log and the status line told of the puzzle the paste replaced: they
   // start again with this one's blank count, as after a read.
-  session.statusText.clear();
+  session.run.ended = {};
   session.clearEventLog();
   session.run.dropPlacements();
   session.run.mode = RunState::NoPause;  // these lines never wait

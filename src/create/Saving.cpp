@@ -40,7 +40,7 @@ bool saveThisPuzzleCommand(Session& session) {
     return false;
   }
   if (!askAndSave(session)) return false;
-  session.statusText.clear();
+  session.run.ended = {};
   return true;
 }
 
@@ -85,10 +85,9 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
   }
   show(request.NumCreate);
   const int total = session.collection.TotalPuzzles;
-  session.PuzNumNow = std::to_string(total);
   // The title names the last puzzle of the file with the blank count asked
   // for, not one counted in the saved grid.
-  session.PuzzleTitle = "Puzzle" + num(total) + " of" + num(total) + " (" + result.create.TotBlanks + " blanks)";
+  session.collection.setOrigin(BoardOrigin::read(total, total, requestedBlanks(result.create.TotBlanks)));
   // The count told is the number asked for, as typed.
   session.message(request.NumCreate + " puzzles added to file: " + session.collection.CurrentFile);
   return result;

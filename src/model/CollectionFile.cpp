@@ -586,8 +586,7 @@ FileResult saveGridToFile(Session& session, const std::string& path) {
   for (int c = 1; c <= kCells; ++c)
     if (session.grid[c].given && session.grid[c].value) asRead[std::size_t(c - 1)] = char('0' + session.grid[c].value);
   session.collection.boardAsRead = asRead;
-  session.PuzNumNow = std::to_string(*count);
-  session.setPuzzleTitle(*count, *count, blanks);
+  session.collection.setOrigin(BoardOrigin::read(*count, *count, blanks));
   return {};
 }
 

@@ -65,8 +65,4 @@ void Session::clearEventLog() {
   run.stats.reset();
 }
 
-void Session::setPuzzleTitle(int number, int total, int blanks) {
-  PuzzleTitle = "Puzzle" + num(number) + " of" + num(total) + " (" + std::to_string(blanks) + " blanks)";
-}
-
 }  // namespace tessaly

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/CollectionFile.h"
+#include "model/BoardOrigin.h"
 #include "model/Event.h"
 #include "model/EventLog.h"
 #include "model/Finding.h"
@@ -51,6 +52,16 @@ struct Controls {
   /// The techniques a solve may use: the six rules, and the further ones
   /// when the user turned them on (Options, "Further techniques").
   TechniqueSet techniques = TechniqueSet::rulesOnly();
+};
+
+/// How the last Solve ended, for the status line (`statusLine`): nothing to
+/// tell, gave up after `count` placements, found no solution, or solved with
+/// `count` re-tries. Another puzzle on the board and a save forget it.
+struct RunEnd {
+  enum class Kind { None, GaveUp, NoSolution, Solved };
+  Kind kind = Kind::None;
+  int count = 0;
+  bool withTechniques = false;  ///< GaveUp: the further techniques were on
 };
 
 /// One solve run's records: its state, the placement queue and guess levels,
@@ -98,6 +109,8 @@ struct SolveRun {
   /// The puzzle of this run has exactly one solution (set at the start of a
   /// run that may use further techniques): the uniqueness techniques need it.
   bool uniqueSolution = false;
+  /// How the last Solve ended; outlives the run (a new run does not reset it).
+  RunEnd ended;
 };
 
 /// The collection the puzzle comes from.
@@ -116,6 +129,17 @@ struct Collection {
   /// The collection as last looked through: Previous, Next and the number box
   /// read from it while the file is unchanged.
   std::optional<CollectionIndex> index;
+
+  /// Where the board's puzzle came from: the puzzle frame's title and number box.
+  const BoardOrigin& origin() const { return m_origin; }
+  /// Another puzzle took the board (or the collection was opened).
+  void setOrigin(BoardOrigin origin) {
+    origin.changes = m_origin.changes + 1;
+    m_origin = origin;
+  }
+
+ private:
+  BoardOrigin m_origin;
 };
 
 /// Creation's blanking orders: permutations it shuffles before blanking cells.
@@ -187,18 +211,12 @@ class Session {
   // --- the collection and the run
   Collection collection;
   SolveRun run;
-  std::string PuzNumNow;    ///< text of the puzzle-number box
-  std::string PuzzleTitle;  ///< caption of the puzzle frame
-  std::string statusText;   ///< the status label (`MesLab`)
 
   // --- configuration and start-up values
   Configuration config;
   std::string appDir;  ///< application directory (the shipped data), ending in "/"
   Folders folders;     ///< where the configuration, created puzzles and output go
   BlankingOrders blankingOrders;  ///< creation's, reset at start-up
-  /// Whether a successful read remembers the collection in Quorrel.cfg (the
-  /// command line leaves the configuration alone).
-  bool writesConfiguration = true;
   /// Told whenever another puzzle takes the board: read, created or typed in
   /// (manual play forgets its moves, and starts afresh when its tab is current).
   Event puzzleLoaded;
@@ -206,9 +224,6 @@ class Session {
   // --- the window's choices the core reads
   Controls controls;
   std::vector<HintLine> hints;  ///< the last hint's report, emptied with the log and by each hint
-
-  /// Sets PuzzleTitle to "Puzzle N of T (B blanks)".
-  void setPuzzleTitle(int number, int total, int blanks);
 
  private:
   struct OwnServices;

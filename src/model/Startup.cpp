@@ -32,7 +32,7 @@ void startUpAfterScheme(Session& session) {
   const std::string path = session.collection.CurrentFile;
   if (fileLength(path) > 0) {
     session.collection.TotalPuzzles = countPuzzles(path);
-    session.PuzzleTitle = "Total Puzzles" + num(session.collection.TotalPuzzles);
+    session.collection.setOrigin(BoardOrigin::opened(session.collection.TotalPuzzles));
     session.collection.CurrentPuzzleNumber = 0;
   } else {
     session.collection.TotalPuzzles = 0;

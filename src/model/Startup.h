@@ -18,7 +18,7 @@ void startUpBeforeScheme(Session& session, const std::string& applicationDirecto
 /// Second half, after the scheme is applied: clears the event log, sets the
 /// blanking orders and the rule slots to their identity values and finds the
 /// default collection. When CurrentFile has a length above 0, TotalPuzzles is its puzzle
-/// count, PuzzleTitle "Total Puzzles" + count and CurrentPuzzleNumber 0; otherwise
+/// count, the origin "collection opened" (title "Total Puzzles" + count) and CurrentPuzzleNumber 0; otherwise
 /// the message "Default puzzle file not found: " + path is shown and TotalPuzzles
 /// is 0. No puzzle is read.
 void startUpAfterScheme(Session& session);

@@ -160,11 +160,11 @@ void ManualPlay::moveListClicked(int index) {
   selectedCell = cell;
 }
 
-void ManualPlay::clearManual() {
-  if (!active()) return;
+ReadResult ManualPlay::clearManual() {
+  if (!active()) return {};
   // Reading the puzzle again resets grid and candidates; with the tab current
   // the read calls prepare, which empties the move list.
-  clearCommand(s);
+  return clearCommand(s);
 }
 
 std::vector<std::string> ManualPlay::LogManual() const {

@@ -9,6 +9,7 @@
 
 #include "model/CandidateSet.h"
 #include "model/Event.h"
+#include "solver/ReadPuzzle.h"
 
 namespace tessaly {
 
@@ -86,7 +87,7 @@ class ManualPlay {
   /// A click on move-list entry `index` (0-based): selects and highlights its cell.
   void moveListClicked(int index);
   /// The ClearManual button: reads the current puzzle again, discarding all manual work.
-  void clearManual();
+  ReadResult clearManual();
 
   // --- operations
   /// The one way a value gets into the grid by hand: value 1..9, or kClear.

@@ -209,4 +209,21 @@ void SolverEngine::writeLine(int style, std::string_view text, bool wait) {
   s.logEvent(style, text, wait);
 }
 
+std::string gaveUpText(int tries) { return "Tried" + num(tries) + " times, solution aborted"; }
+
+std::string statusLine(const RunEnd& end) {
+  switch (end.kind) {
+    case RunEnd::Kind::None: return {};
+    case RunEnd::Kind::GaveUp:
+      // The ways on: a higher limit, and the further techniques while they are off.
+      return gaveUpText(end.count) + (end.withTechniques
+                                          ? ". To go on, raise Options > Attempt limit..."
+                                          : ". To go on, raise Options > Attempt limit... or turn on Options > "
+                                            "Further techniques");
+    case RunEnd::Kind::NoSolution: return "There appears to be no possible solution to this puzzle.";
+    case RunEnd::Kind::Solved: return narrate({.kind = FindingKind::Outcome, .count = end.count});
+  }
+  return {};
+}
+
 }  // namespace tessaly

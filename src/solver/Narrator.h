@@ -6,6 +6,7 @@
 #include <string>
 
 #include "model/Finding.h"
+#include "model/Session.h"
 #include "model/TechniqueStep.h"
 
 namespace tessaly {
@@ -21,6 +22,11 @@ int narrationStyle(FindingKind kind);
 bool narrationWaits(FindingKind kind);
 /// Whether its sentence tells that the puzzle is solved.
 bool announcesSolved(const Finding& finding);
+/// "Tried N times, solution aborted": the message when a Solve gives up after N placements.
+std::string gaveUpText(int tries);
+/// The status line (`MesLab`) after a Solve ended so (after giving up, with the ways
+/// on); "" when there is nothing to tell.
+std::string statusLine(const RunEnd& end);
 /// Whether its sentence is a "Set row R, col C, cell X to value V" line: the
 /// placements and Rule 5's reductions to one digit.
 bool setsCellValue(FindingKind kind);

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "model/CollectionFile.h"
-#include "model/Configuration.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -44,7 +43,7 @@ bool firstTimeTold(Session& s, const std::string& path, const CollectionScan& sc
 }
 }  // namespace
 
-bool readPuzzle(Session& s, const std::string& path, int n) {
+ReadResult readPuzzle(Session& s, const std::string& path, int n) {
   // The read's lines never wait, whatever an earlier run left behind.
   s.run.mode = RunState::NoPause;
   SolverEngine engine(s);
@@ -59,46 +58,45 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     s.collection.TotalPuzzles = total;
     if (scan.refused()) {
       s.message(collectionProblemText(scan, path));
-      return false;
+      return {};
     }
     if (scan.badLines > 0 && firstTimeTold(s, path, scan)) s.message(collectionProblemText(scan, path));
     if (total == 0) {
       s.message(path + " does not appear to have any puzzles");
-      return false;
+      return {};
     }
     if (n == -1) n = total;
     PuzzleRowsRead read = readPuzzleRows(*index, n);
     if (read.status == PuzzleRowsRead::Status::NotFound || read.status == PuzzleRowsRead::Status::Unreadable) {
       s.message("Puzzle number" + num(n) + " not found in file: " + path);
-      return false;
+      return {};
     }
     if (read.status == PuzzleRowsRead::Status::Incomplete) {
       s.message("Puzzle number" + num(n) + " is incomplete in file: " + path);
-      return false;
+      return {};
     }
-    s.PuzNumNow = std::to_string(n);
     s.collection.CurrentPuzzleNumber = n;
     s.collection.boardFromFile = true;
 
     const int blanks = fillGridFromRows(s, read.rows);
     s.collection.boardAsRead = s.grid.valueCode();
-    s.setPuzzleTitle(n, total, blanks);
+    s.collection.setOrigin(BoardOrigin::read(n, total, blanks));
     for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
     s.puzzleLoaded.notify();
-    s.statusText.clear();
+    s.run.ended = {};
     s.clearEventLog();
     s.run.dropPlacements();
 
     if (!engine.givensAreValid()) {
       s.message("This Puzzle does not appear to be valid, please check fixed values for duplicates");
-      return false;
+      return {};
     }
     engine.computeCandidates(false);
     // Reading only analyses: plain candidates, no rules, nothing placed.
     engine.analyseGrid(SolverEngine::AnalysisMode::CandidatesOnly);
     if (!engine.givensAreValid()) {
       s.message("This Puzzle appears to have a problem, please check fixed values for duplicates");
-      return false;
+      return {};
     }
     bool unsolvable = false;
     for (int c = 1; c <= kCells; ++c)
@@ -118,41 +116,39 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
     else
       engine.writeLine(kStyleNormal, "Click Start to commence");
     s.run.mode = RunState::Waiting;
-    if (s.writesConfiguration) writeConfiguration(s);
-    return !unsolvable;
+    return {.analysed = true, .ready = !unsolvable};
   } catch (const EventLogFull& full) {
     s.message(full.what());
   } catch (const RunStopped&) {
   }
-  return false;
+  return {};
 }
 
-bool openCollection(Session& s, const std::string& path) {
+std::optional<ReadResult> openCollection(Session& s, const std::string& path) {
   CollectionIndex index = indexCollection(path);
   const CollectionScan& scan = index.scan;
   if (scan.refused()) {
     s.message(collectionProblemText(scan, path));
-    return false;
+    return std::nullopt;
   }
   if (scan.problem != CollectionScan::Problem::None || scan.puzzles == 0) {
     if (scan.badLines > 0) s.message(collectionProblemText(scan, path));
     s.message(path + " does not appear to have any puzzles");
-    return false;
+    return std::nullopt;
   }
   s.collection.CurrentFile = path;
   s.collection.index = std::move(index);
-  readPuzzle(s, path, 1);
-  return true;
+  return readPuzzle(s, path, 1);
 }
 
-void clearCommand(Session& s) {
+ReadResult clearCommand(Session& s) {
   const int n = s.collection.CurrentPuzzleNumber;
-  if (s.collection.CurrentFile.empty() || n <= 0) return;
+  if (s.collection.CurrentFile.empty() || n <= 0) return {};
   if (!s.collection.boardFromFile &&
       !s.ui().question("The puzzle on the board is not in a collection and will be lost. Clear it and read puzzle " +
                        std::to_string(n) + " again?"))
-    return;
-  readPuzzle(s, s.collection.CurrentFile, n);
+    return {};
+  return readPuzzle(s, s.collection.CurrentFile, n);
 }
 
 }  // namespace tessaly

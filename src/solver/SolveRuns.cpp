@@ -8,10 +8,6 @@
 namespace tessaly {
 
 namespace {
-constexpr const char* kNoSolutionStatus = "There appears to be no possible solution to this puzzle.";
-constexpr const char* kAttemptLimitAdvice =
-    ". To go on, raise Options > Attempt limit... or turn on Options > Further techniques";
-constexpr const char* kAttemptLimitAdviceWithTechniques = ". To go on, raise Options > Attempt limit...";
 constexpr const char* kProblemMessage =
     "This Puzzle appears to have a problem, please check fixed values for duplicates and solve again";
 }  // namespace
@@ -48,10 +44,9 @@ void SolverEngine::solveAll() {
       // The attempt limit is the narrated solve's: a silent run (creation
       // completing its seeded grid) searches until it is done.
       if (s.run.mode != RunState::Silent && s.run.PlacementCount > s.config.MaxTries) {
-        const std::string text = "Tried" + num(s.config.MaxTries) + " times, solution aborted";
-        s.message(text);
+        s.message(gaveUpText(s.config.MaxTries));
         // The status line stays after the message is gone: it tells the ways on.
-        s.statusText = text + (s.controls.techniques.any() ? kAttemptLimitAdviceWithTechniques : kAttemptLimitAdvice);
+        s.run.ended = {RunEnd::Kind::GaveUp, s.config.MaxTries, s.controls.techniques.any()};
         s.run.mode = RunState::Released;
         s.run.PlacementCount = 0;
         return;
@@ -60,7 +55,7 @@ void SolverEngine::solveAll() {
   }
   if (s.run.mode == RunState::Silent) return;  // creation reports nothing
   if (hasBlankCell()) {
-    s.statusText = kNoSolutionStatus;
+    s.run.ended = {RunEnd::Kind::NoSolution, 0};
     finalCleanUp();
     return;
   }
@@ -78,7 +73,7 @@ void SolverEngine::reportOutcome() {
   if (s.run.PlacementCount <= 1) s.run.PlacementCount = 1;
   const Finding outcome{.kind = FindingKind::Outcome, .count = s.run.SavedGuessCount};
   report(outcome);
-  s.statusText = narrate(outcome);
+  s.run.ended = {RunEnd::Kind::Solved, outcome.count};
   say(kStyleNormal, false, "");
   say(kStyleNormal, false, " Rules statistics");
   say(kStyleNormal, false, "   Rule    No of Times Applied   Total Reductions");

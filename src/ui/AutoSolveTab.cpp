@@ -95,7 +95,7 @@ void AutoSolveTab::pauseChanged(bool checked) {
 
 void AutoSolveTab::clear() {
   // Clearing takes the puzzle back to its givens by reading it again.
-  m_host.runCommand([this] { clearCommand(m_session); });
+  m_host.runCommand([this] { m_host.puzzleRead(clearCommand(m_session)); });
 }
 
 void AutoSolveTab::refreshFromSession() {

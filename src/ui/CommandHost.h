@@ -6,6 +6,8 @@
 
 namespace tessaly {
 
+struct ReadResult;
+
 class CommandHost {
  public:
   virtual ~CommandHost() = default;
@@ -17,6 +19,8 @@ class CommandHost {
   virtual void releasePause() = 0;
   /// Redraws the window from the session.
   virtual void refreshFromSession() = 0;
+  /// A read or Clear gave this: an analysed read is remembered in the configuration.
+  virtual void puzzleRead(const ReadResult& result) = 0;
 };
 
 }  // namespace tessaly

@@ -28,6 +28,7 @@
 #include "model/FileUtil.h"
 #include "model/Startup.h"
 #include "output/SaveCommands.h"
+#include "solver/Narrator.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "solver/Texts.h"
@@ -251,7 +252,7 @@ void MainWindow::startUp(const std::string& applicationDirectory) {
     if (!remembered.empty() && remembered != m_session.collection.CurrentFile && countPuzzles(remembered) > 0) {
       m_session.collection.CurrentFile = remembered;
       m_session.collection.TotalPuzzles = countPuzzles(remembered);
-      m_session.PuzzleTitle = "Total Puzzles" + num(m_session.collection.TotalPuzzles);
+      m_session.collection.setOrigin(BoardOrigin::opened(m_session.collection.TotalPuzzles));
     }
   }
   try {
@@ -390,17 +391,29 @@ void MainWindow::releasePause() {
 void MainWindow::readPuzzleFile(const std::string& path, int n) {
   runCommand([this, path, n] {
     if (path != m_session.collection.CurrentFile) {
-      if (!openCollection(m_session, path)) return;
+      const std::optional<ReadResult> opened = openCollection(m_session, path);
+      if (!opened) return;
       rememberCollection(path);
-      if (n == 1) return;
+      if (n == 1) {
+        puzzleRead(*opened);
+        return;
+      }
     }
-    readPuzzle(m_session, path, n);
+    puzzleRead(readPuzzle(m_session, path, n));
   });
+}
+
+void MainWindow::puzzleRead(const ReadResult& result) {
+  // The configuration remembers the collection of every puzzle read.
+  if (result.analysed) writeConfiguration(m_session);
 }
 
 void MainWindow::openCollectionFile(const std::string& path) {
   runCommand([this, path] {
-    if (openCollection(m_session, path)) rememberCollection(path);
+    if (const std::optional<ReadResult> opened = openCollection(m_session, path)) {
+      rememberCollection(path);
+      puzzleRead(*opened);
+    }
   });
 }
 
@@ -446,7 +459,10 @@ void MainWindow::newCollection() {
     // A file that holds something is not emptied: it is opened instead, or told.
     if (fileLength(path) > 0) {
       if (countPuzzles(path) > 0 && m_session.ui().question(path + " already holds puzzles. Open it?")) {
-        if (openCollection(m_session, path)) rememberCollection(path);
+        if (const std::optional<ReadResult> opened = openCollection(m_session, path)) {
+          rememberCollection(path);
+          puzzleRead(*opened);
+        }
       } else if (countPuzzles(path) == 0) {
         m_session.message(path + " already exists and is not an empty collection; choose another name");
       }
@@ -461,10 +477,10 @@ void MainWindow::newCollection() {
     m_session.collection.CurrentPuzzleNumber = 0;
     m_session.collection.boardFromFile = false;
     m_session.collection.index.reset();
-    m_session.PuzzleTitle = "Total Puzzles" + num(0);
-    m_session.statusText = "New collection " + path + ": Save this puzzle adds the puzzle on the board to it";
+    m_session.collection.setOrigin(BoardOrigin::opened(0));
     rememberCollection(path);
     writeConfiguration(m_session);
+    m_session.message("New collection " + path + ": Save this puzzle adds the puzzle on the board to it");
   });
 }
 
@@ -571,7 +587,7 @@ void MainWindow::refresh(bool verifyLog) {
   const bool views = commandStates(m_session).views;
   m_board->candidateDisplay()->setVisible(views);
   m_log->setVisible(views);
-  m_status->setText(QString::fromStdString(m_session.statusText));
+  m_status->setText(QString::fromStdString(statusLine(m_session.run.ended)));
   m_log->syncWithLog(verifyLog);
   m_replay->logChanged();
 }

@@ -66,6 +66,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   /// Redraws everything from the session: values, given colours, candidates
   /// with singles highlighted, box counts, title, buttons, MesLab, progress, log.
   void refreshFromSession() override;
+  void puzzleRead(const ReadResult& result) override;
 
   // --- commands, for the menus and for programs that drive the window
   /// Reads puzzle n of a collection (as File > Open does for puzzle 1). A file

@@ -34,6 +34,8 @@ QAction* addEntry(QMenu* menu, const char* objectName, const QString& text) {
   return action;
 }
 
+QString text(std::string_view s) { return QString::fromUtf8(s.data(), qsizetype(s.size())); }
+
 }  // namespace
 
 void MainWindow::createMenus() {
@@ -64,12 +66,11 @@ void MainWindow::createFileMenu() {
     if (saveThisPuzzleCommand) runCommand(saveThisPuzzleCommand);
   });
   menu->addSeparator();
-  connect(addEntry(menu, names::mnusavecsv, "Save as CSV..."), &QAction::triggered, this,
-          command([this] { saveAsCsv(m_session); }));
-  connect(addEntry(menu, names::mnusavetxt, "Save as TXT..."), &QAction::triggered, this,
-          command([this] { saveAsTxt(m_session); }));
-  connect(addEntry(menu, names::mnusavexls, "Save as XLS..."), &QAction::triggered, this,
-          command([this] { saveAsXls(m_session); }));
+  for (const ExportFormat& format : exportFormats()) {
+    QAction* entry = menu->addAction(text(format.menuCaption));
+    entry->setObjectName(QString(names::mnusave_N).arg(text(format.extension)));
+    connect(entry, &QAction::triggered, this, command([this, &format] { saveAs(m_session, format); }));
+  }
   connect(addEntry(menu, names::mnuSaveLog, "Save &log as..."), &QAction::triggered, this, [this] { saveLogAs(); });
   menu->addSeparator();
   connect(addEntry(menu, names::mnuPrPuz2File, "Print puzzle to file"), &QAction::triggered, this,
@@ -165,14 +166,14 @@ void MainWindow::printPuzzle() {
     m_session.message(kCreateFirst);
     return;
   }
-  QString caption = QString::fromStdString(m_session.PuzzleTitle);
+  QString caption = QString::fromStdString(puzzleTitle(m_session.collection.origin()));
   if (const int grade = gradePuzzle(puzzle).grade; grade > 0)
     caption += QString("  ·  %1").arg(QString::fromStdString(gradeCaption(grade)));
   QList<PrintedGrid> grids{{caption, puzzle}};
   // The solution goes on a page of its own when the puzzle has exactly one.
   std::string solution;
   if (countSolutions(puzzle, 2, &solution) == 1 && m_session.ui().question(kPrintSolutionQuestion))
-    grids.append({QString("Solution: %1").arg(QString::fromStdString(m_session.PuzzleTitle)), solution});
+    grids.append({QString("Solution: %1").arg(QString::fromStdString(puzzleTitle(m_session.collection.origin()))), solution});
   std::unique_ptr<QPrinter> printer = choosePrinter();
   if (printer && !PuzzlePrinter::print(*printer, grids, 1)) m_session.message("The puzzle could not be printed");
 }

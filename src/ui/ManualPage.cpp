@@ -214,7 +214,7 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
     afterCommand();
   });
   connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_play->undo(); }); });
-  connect(m_clear, &QPushButton::clicked, this, [this] { run([this] { m_play->clearManual(); }); });
+  connect(m_clear, &QPushButton::clicked, this, [this] { run([this] { m_host.puzzleRead(m_play->clearManual()); }); });
   return left;
 }
 

@@ -76,9 +76,9 @@ inline constexpr const char mnuPrPuz2File[] = "mnuPrPuz2File";
 inline constexpr const char mnuRules[] = "mnuRules";
 inline constexpr const char mnuAttemptLimit[] = "mnuAttemptLimit";
 inline constexpr const char mnuSave2InFile[] = "mnuSave2InFile";
-inline constexpr const char mnusavecsv[] = "mnusavecsv";
-inline constexpr const char mnusavetxt[] = "mnusavetxt";
-inline constexpr const char mnusavexls[] = "mnusavexls";
+/// The File menu's exports, one per export format, %1 its extension:
+/// mnusavecsv, mnusavetxt, mnusavexls, mnusaveods.
+inline constexpr const char mnusave_N[] = "mnusave%1";
 inline constexpr const char mnuTechniques[] = "mnuTechniques";
 inline constexpr const char NavButton_N[] = "NavButton_%1";
 inline constexpr const char NextStepCommand[] = "NextStepCommand";

@@ -68,8 +68,6 @@ PuzzleFrame::PuzzleFrame(Session& session, CommandHost& host, QWidget* parent)
             [this, i](Qt::MouseButton mouseButton) { navigate(static_cast<NavButton>(i), mouseButton); });
     m_buttons[std::size_t(i)] = button;
   }
-  connect(m_number, &QLineEdit::textEdited, this,
-          [this](const QString& text) { m_session.PuzNumNow = m_shownNumber = text.toStdString(); });
   m_puzzleLoaded = m_session.puzzleLoaded.subscribe([this] { m_verdict = judgeGivens(m_session); });
   if (m_session.givenCount() > 0) m_verdict = judgeGivens(m_session);
 }
@@ -83,21 +81,22 @@ void PuzzleFrame::navigate(NavButton button, Qt::MouseButton mouseButton) {
   m_host.runCommand([this, button, mouseButton] {
     Session& s = m_session;
     const double uniform = button == NavButton::Random ? s.random().uniform() : 0.0;
-    const int target = navigationTarget(button, mouseButton == Qt::RightButton, int(numericValue(s.PuzNumNow)),
-                                        s.collection.TotalPuzzles, uniform);
+    const int shown = int(numericValue(m_number->text().toStdString()));
+    const int target =
+        navigationTarget(button, mouseButton == Qt::RightButton, shown, s.collection.TotalPuzzles, uniform);
     if (target <= 0) return;
-    s.PuzNumNow = std::to_string(target);
+    m_number->setText(QString::number(target));
     s.collection.CurrentPuzzleNumber = target;
-    readPuzzle(s, s.collection.CurrentFile, target);
+    m_host.puzzleRead(readPuzzle(s, s.collection.CurrentFile, target));
   });
 }
 
 void PuzzleFrame::readTypedNumber() {
   m_host.runCommand([this] {
     Session& s = m_session;
-    if (const auto n = typedPuzzleNumber(s.PuzNumNow, s.collection.TotalPuzzles)) {
+    if (const auto n = typedPuzzleNumber(m_number->text().toStdString(), s.collection.TotalPuzzles)) {
       s.collection.CurrentPuzzleNumber = *n;
-      readPuzzle(s, s.collection.CurrentFile, *n);
+      m_host.puzzleRead(readPuzzle(s, s.collection.CurrentFile, *n));
     }
   });
 }
@@ -124,7 +123,8 @@ bool PuzzleFrame::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PuzzleFrame::refreshFromSession() {
-  setTitle(QString::fromStdString(m_session.PuzzleTitle));
+  const BoardOrigin& origin = m_session.collection.origin();
+  setTitle(QString::fromStdString(puzzleTitle(origin)));
   if (m_verdict) {
     m_solutions->setText(QString::fromStdString(solutionsCaption(m_verdict->solutions)));
     m_grade->setText(QString::fromStdString(gradeCaption(m_verdict->grade)));
@@ -136,9 +136,12 @@ void PuzzleFrame::refreshFromSession() {
     m_file->setToolTip(file);
     m_file->setCursorPosition(int(file.size()));
   }
-  if (m_session.PuzNumNow != m_shownNumber) {
-    m_shownNumber = m_session.PuzNumNow;
-    m_number->setText(QString::fromStdString(m_shownNumber));
+  // The box shows the number once for each change of the board's origin, and
+  // otherwise keeps what the user types into it.
+  if (origin.changes != m_shownChange) {
+    m_shownChange = origin.changes;
+    if (const auto number = puzzleNumberText(origin); number && m_number->text().toStdString() != *number)
+      m_number->setText(QString::fromStdString(*number));
   }
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// The puzzle frame `PuzNumber`: its title is the PuzzleTitle; inside are
+// The puzzle frame `PuzNumber`: its title tells where the puzzle came from; inside are
 // what the puzzle is like (`SolutionsLabel`: one solution, several or none;
 // `GradeLabel`: its grade), the collection file `FileNow`, the puzzle-number
 // box `PuzNumNow` and the previous / next / random buttons (NavButton_0..2).
@@ -54,7 +54,7 @@ class PuzzleFrame : public FrameBox {
   QLineEdit* m_file = nullptr;
   QLineEdit* m_number = nullptr;
   std::array<RightClickButton*, 3> m_buttons{};
-  std::string m_shownNumber;  ///< PuzNumNow as last drawn, so typing is not overwritten
+  int m_shownChange = 0;  ///< the origin change last shown in the number box, so typing is not overwritten
   bool m_enterPressed = false;  ///< Enter went down in the number box and is not yet released
 };
 

@@ -32,7 +32,6 @@ std::string standardFolder(QStandardPaths::StandardLocation location) {
 int printPaths(const std::string& dataFolder, const tessaly::Folders& folders) {
   tessaly::Session session;
   session.folders = folders;
-  session.writesConfiguration = false;
   tessaly::startUp(session, dataFolder);
   std::cout << "collection: " << session.collection.CurrentFile << " (" << session.collection.TotalPuzzles << " puzzles)\n"
             << "configuration: " << tessaly::configurationPath(session) << "\n"

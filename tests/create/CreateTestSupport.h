@@ -17,7 +17,6 @@ struct RecordingDisplay : Display {
 struct CreateSession {
   explicit CreateSession(std::unique_ptr<RandomSource> source = std::make_unique<SeededRandom>(1))
       : random(std::move(source)), session(Services{&ui, &display, &pacer, &clock, random.get()}) {
-    session.writesConfiguration = false;
     session.appDir = dir.dir();
   }
   explicit CreateSession(std::uint64_t seed) : CreateSession(std::make_unique<SeededRandom>(seed)) {}

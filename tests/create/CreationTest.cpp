@@ -38,7 +38,7 @@ TEST(CreateBlankCount, NineToSeventyTwoByNumericValueAnythingElseIsRefusedAndNot
     SCOPED_TRACE(typed);
     CreateSession t;
     test::loadGivens(t.session, puzzle);
-    t.session.PuzzleTitle = "before";
+    t.session.collection.setOrigin(BoardOrigin::read(7, 9, 50));
     // Random leaves the box as typed; a refused Mirror must not rewrite it either.
     const CreateResult r = create(t, typed, refusal ? Mirror : Random);
     EXPECT_EQ(r.settings.TotBlanks, typed);
@@ -49,7 +49,7 @@ TEST(CreateBlankCount, NineToSeventyTwoByNumericValueAnythingElseIsRefusedAndNot
       continue;
     }
     // Nothing changed: the grid, the title, the run's flag, the views, PuzTemp.sud.
-    EXPECT_TRUE(t.session.grid.valueCode() == puzzle && t.session.PuzzleTitle == "before");
+    EXPECT_TRUE(t.session.grid.valueCode() == puzzle && puzzleTitle(t.session.collection.origin()) == "Puzzle 7 of 9 (50 blanks)");
     EXPECT_TRUE(!t.session.run.CreationFlag && t.display.views.empty() && fileLength(t.tempFile()) == -1);
   }
 }
@@ -92,7 +92,7 @@ TEST(CreateLeftBehind, TheSilentFillIsNotHeldToTheAttemptLimitAnUnwritablePuzTem
   u.session.appDir = u.dir.file("missing/");
   EXPECT_TRUE(create(u, "20", Random).created());
   EXPECT_EQ(u.ui.messages, Lines{"Could not write file: " + u.dir.file("missing/PuzTemp.sud") + " (No such file or directory)"});
-  EXPECT_EQ(u.session.PuzNumNow, "NEW");
+  EXPECT_EQ(puzzleNumberText(u.session.collection.origin()).value_or(""), "NEW");
 }
 
 TEST(CreateDistribution, CountsAndPatternsOverTenSeedsEach) {
@@ -130,7 +130,7 @@ TEST(CreateDistribution, MirrorsCentreCellCanTakeTheCountOneAboveTheTarget) {
   CreateSession t(std::make_unique<ScriptedRandom>(draws));
   const CreateResult r = create(t, "41", Mirror);
   ASSERT_TRUE(r.created());
-  EXPECT_EQ(r.settings.TotBlanks + " " + t.session.PuzzleTitle, "40 New Puzzle (41 blanks)");
+  EXPECT_EQ(r.settings.TotBlanks + " " + puzzleTitle(t.session.collection.origin()), "40 New Puzzle (41 blanks)");
   for (int cell : {1, 19, 20, 41, 62, 63, 81}) EXPECT_EQ(t.session.grid[cell].value, 0) << cell;
   EXPECT_NE(t.session.grid[21].value, 0);
 }
@@ -147,7 +147,7 @@ TEST(CreateNewPuzzle, KeptCellsBecomeGivensWithCandidatesForTheBlanksAndThePuzzl
     EXPECT_EQ(cell.given, cell.value != 0) << c;
     EXPECT_TRUE(cell.value ? cell.candidates == CandidateSet::of(cell.value) : !cell.candidates.empty()) << c;
   }
-  EXPECT_EQ(s.PuzNumNow + " " + s.PuzzleTitle, "NEW New Puzzle (45 blanks)");
+  EXPECT_EQ(puzzleNumberText(s.collection.origin()).value_or("") + " " + puzzleTitle(s.collection.origin()), "NEW New Puzzle (45 blanks)");
   EXPECT_EQ(s.run.activity, RunActivity::None);
   EXPECT_EQ(s.run.stats.totalReductions[2], 0);
   EXPECT_EQ(t.display.views, (Views{false, true}));
@@ -188,7 +188,7 @@ TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirro
       const std::string puzzle = puzzleText(t.session);
       EXPECT_EQ(countSolutions(puzzle, 2), 1);
       EXPECT_EQ(result.blanks, std::count(puzzle.begin(), puzzle.end(), '.'));
-      EXPECT_EQ(t.session.PuzzleTitle, "New Puzzle (" + std::to_string(result.blanks) + " blanks)");
+      EXPECT_EQ(puzzleTitle(t.session.collection.origin()), "New Puzzle (" + std::to_string(result.blanks) + " blanks)");
       for (std::size_t i = 0; i < puzzle.size() && distribution == Mirror; ++i)
         EXPECT_EQ(puzzle[i] == '.', puzzle[80 - i] == '.') << i;
     }
@@ -225,7 +225,8 @@ TEST(CreateGrade, RepeatsUntilTheGradeOrTellsThatItWasNotReached) {
   const std::string puzzle = "003020600900305001001806400008102900700000008006708200002609500800203009005010300";
   test::loadGivens(s, puzzle);
   SolverEngine(s).computeCandidates(false);
-  s.PuzzleTitle = "Puzzle 1 of 50 (49 blanks)";
+  s.collection.setOrigin(BoardOrigin::read(1, 50, 49));
+  const int originChanges = s.collection.origin().changes;
   s.collection.boardFromFile = true;
   s.run.mode = RunState::Waiting;
   s.run.SavedGuessCount = 4;
@@ -242,7 +243,8 @@ TEST(CreateGrade, RepeatsUntilTheGradeOrTellsThatItWasNotReached) {
   EXPECT_EQ(s.grid.valueCode(), grid.valueCode());
   for (int c = 1; c <= kCells; ++c)
     EXPECT_TRUE(s.grid[c].given == grid[c].given && s.grid[c].candidates == grid[c].candidates) << c;
-  EXPECT_EQ(s.PuzzleTitle + " " + s.PuzNumNow, "Puzzle 1 of 50 (49 blanks) ");
+  EXPECT_EQ(puzzleTitle(s.collection.origin()) + " " + std::to_string(s.collection.origin().changes - originChanges),
+            "Puzzle 1 of 50 (49 blanks) 0");
   EXPECT_TRUE(s.collection.boardFromFile && s.run.mode == RunState::Waiting && s.run.SavedGuessCount == 4);
   EXPECT_EQ(t.display.views, (Views{false, false, false, true}));  // hidden for each try, shown at the end
 }

@@ -62,13 +62,13 @@ TEST(EntryGrid, OkShowsARefusalAndLeavesTheSessionAloneOrMakesTheNewPuzzleAndHel
   test::CreateSession t;
   Session& s = t.session;
   test::loadGivens(s, kSolution);
-  s.PuzzleTitle = "Puzzle 1 of 5 (0 blanks)";
+  s.collection.setOrigin(BoardOrigin::read(1, 5, 0));
   EXPECT_FALSE(gridEntryOk(s, kPuzzle.substr(0, 70)));
   EXPECT_EQ(t.ui.messages, Lines{"Grid must have 81 numbers"});
-  EXPECT_EQ(s.grid.valueCode() + " " + s.PuzzleTitle, kSolution + " Puzzle 1 of 5 (0 blanks)");
+  EXPECT_EQ(s.grid.valueCode() + " " + puzzleTitle(s.collection.origin()), kSolution + " Puzzle 1 of 5 (0 blanks)");
 
   ASSERT_TRUE(gridEntryOk(s, asRows(kPuzzle)));
-  EXPECT_EQ(s.grid.valueCode() + " " + s.PuzzleTitle, kPuzzle + " New Puzzle");
+  EXPECT_EQ(s.grid.valueCode() + " " + puzzleTitle(s.collection.origin()), kPuzzle + " New Puzzle");
   EXPECT_EQ(s.givenCount(), 32);
   gridEntryHelp(s);  // each dialog's Help shows its own text; the accepted entry said nothing
   templateHelp(s);

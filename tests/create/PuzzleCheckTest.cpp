@@ -43,7 +43,7 @@ class PasteTest : public ::testing::Test {
  protected:
   void SetUp() override {
     test::loadGivens(t.session, kTop95);
-    t.session.PuzzleTitle = "Puzzle 1 of 95 (64 blanks)";
+    t.session.collection.setOrigin(BoardOrigin::read(1, 95, 64));
     t.session.collection.boardFromFile = true;
   }
   test::TestSession t;
@@ -71,7 +71,7 @@ TEST_F(PasteTest, ATextThatIsNotAPuzzleIsToldAndChangesNothing) {
     EXPECT_EQ(t.ui.messages, std::vector<std::string>{message}) << text;
     EXPECT_TRUE(t.ui.questions.empty());
     EXPECT_EQ(t.session.grid.valueCode(), before);
-    EXPECT_EQ(t.session.PuzzleTitle, "Puzzle 1 of 95 (64 blanks)");
+    EXPECT_EQ(puzzleTitle(t.session.collection.origin()), "Puzzle 1 of 95 (64 blanks)");
     EXPECT_TRUE(t.session.collection.boardFromFile);
   }
 }
@@ -97,7 +97,7 @@ TEST_F(PasteTest, APuzzleInEitherFormBecomesTheNewPuzzleOnceKept) {
     EXPECT_EQ(t.ui.questions, *c.question ? std::vector<std::string>{c.question} : std::vector<std::string>{});
     EXPECT_TRUE(t.ui.messages.empty());
     if (c.givens == kTop95) continue;
-    EXPECT_EQ(t.session.PuzzleTitle, kNewPuzzleTitle);
+    EXPECT_EQ(puzzleTitle(t.session.collection.origin()), kNewPuzzleTitle);
     EXPECT_FALSE(t.session.collection.boardFromFile);
     EXPECT_EQ(t.session.grid[9].candidates.empty(), c.givens == kNone) << "candidates computed";
   }

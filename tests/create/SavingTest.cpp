@@ -9,6 +9,7 @@
 #include "model/CollectionFile.h"
 #include "model/FileUtil.h"
 #include "solver/SolverEngine.h"
+#include "solver/Narrator.h"
 
 namespace tessaly {
 namespace {
@@ -65,13 +66,14 @@ TEST(SaveRefusals, WriteNothingAndKeepTheStatus) {
     s.collection.CurrentFile = t.dir.file(unwritable ? "missing/Mine.sud" : "Mine.sud");
     if (grid != kEmpty) test::loadGivens(s, kPuzzle);
     if (grid == kSolved) fillValues(s, kSolution);
-    s.statusText = "status";
-    s.PuzzleTitle = "before";
+    s.run.ended = {RunEnd::Kind::NoSolution, 0};
+    s.collection.setOrigin(BoardOrigin::read(7, 9, 50));
     t.ui.answers.push_back(answer);
     EXPECT_FALSE(command(s));
     EXPECT_EQ(t.ui.questions, questions);
     EXPECT_EQ(t.ui.messages, unwritable ? Lines{messages[0] + s.collection.CurrentFile + " (No such file or directory)"} : messages);
-    EXPECT_EQ(s.statusText + "|" + s.PuzzleTitle, "status|before");
+    EXPECT_EQ(statusLine(s.run.ended) + "|" + puzzleTitle(s.collection.origin()),
+              "There appears to be no possible solution to this puzzle.|Puzzle 7 of 9 (50 blanks)");
     EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
   }
 }
@@ -88,17 +90,17 @@ TEST_F(SaveTest, OnlyTheGivensAreAppendedNumberedByTheirPositionInTheFile) {
   EXPECT_EQ(t.ui.questions, (Lines{"Save this puzzle?", "Save this puzzle?"}));
   EXPECT_EQ(t.ui.messages, (Lines{added("Puzzle# 13"), added("Puzzle# 14")}));
   EXPECT_TRUE(s.collection.TotalPuzzles == 14 && s.collection.CurrentPuzzleNumber == 14);
-  EXPECT_EQ(s.PuzNumNow + " " + s.PuzzleTitle, "14 Puzzle 14 of 14 (49 blanks)");
+  EXPECT_EQ(puzzleNumberText(s.collection.origin()).value_or("") + " " + puzzleTitle(s.collection.origin()), "14 Puzzle 14 of 14 (49 blanks)");
 
   // A solved puzzle is saved as its givens, and the status is cleared.
   s.run.mode = RunState::NoPause;
   SolverEngine(s).solveAll();
   ASSERT_EQ(s.grid.valueCode(), kSolution);
-  s.statusText = "Solved with no re-tries";
+  s.run.ended = {RunEnd::Kind::Solved, 0};
   ASSERT_TRUE(saveThisPuzzleCommand(s));
   EXPECT_EQ(fileText(), twelve + record(13, std::string(81, '.')) + record(14, kPuzzle) + record(15, kPuzzle));
   EXPECT_EQ(t.ui.messages.back(), added("Puzzle# 15"));
-  EXPECT_EQ(s.statusText, "");
+  EXPECT_EQ(statusLine(s.run.ended), "");
 }
 
 TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
@@ -109,7 +111,7 @@ TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
   ASSERT_EQ(onGrid.size(), 4u);
   EXPECT_EQ(fileText(), record(1, onGrid[0]) + record(2, onGrid[1]) + record(3, onGrid[2]));
   EXPECT_EQ(s.collection.TotalPuzzles, 3);
-  EXPECT_EQ(s.PuzNumNow + " " + s.PuzzleTitle, "3 Puzzle 3 of 3 (40 blanks)");
+  EXPECT_EQ(puzzleNumberText(s.collection.origin()).value_or("") + " " + puzzleTitle(s.collection.origin()), "3 Puzzle 3 of 3 (40 blanks)");
   EXPECT_EQ(t.ui.messages, Lines{added("3 puzzles")});
   EXPECT_TRUE(t.ui.questions.empty());
   EXPECT_EQ(countPuzzles(t.tempFile()), 3);  // each also went to PuzTemp.sud
@@ -126,7 +128,7 @@ TEST_F(SaveTest, ABatchIsNotHeldToTheAttemptLimitGoesOnPastAManualFallbackButSto
   result = batch("2", "25", BlankDistribution::Manual);  // no template: told once, then Random
   EXPECT_TRUE(result.saved == 2 && result.create.distribution == BlankDistribution::Random);
   EXPECT_EQ(t.ui.messages, (Lines{kTemplateNotAccepted, added("2 puzzles")}));
-  EXPECT_EQ(s.PuzzleTitle, "Puzzle 2 of 2 (25 blanks)");
+  EXPECT_EQ(puzzleTitle(s.collection.origin()), "Puzzle 2 of 2 (25 blanks)");
 
   s.collection.CurrentFile = t.dir.file("missing/Mine.sud");
   t.ui.messages.clear();

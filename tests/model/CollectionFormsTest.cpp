@@ -120,8 +120,8 @@ TEST(CollectionForms, SavingTheGridIntoAOnePerLineFileMakesItTheLastPuzzle) {
   EXPECT_EQ(test::readFile(path), kA + "\n" + kA + "\n" + kB + "\n");
   EXPECT_EQ(t.session.collection.TotalPuzzles, 3);
   EXPECT_EQ(t.session.collection.CurrentPuzzleNumber, 3);
-  EXPECT_EQ(t.session.PuzNumNow, "3");
-  EXPECT_EQ(t.session.PuzzleTitle, "Puzzle 3 of 3 (64 blanks)");
+  EXPECT_EQ(puzzleNumberText(t.session.collection.origin()).value_or(""), "3");
+  EXPECT_EQ(puzzleTitle(t.session.collection.origin()), "Puzzle 3 of 3 (64 blanks)");
 }
 
 TEST(PuzzleText, OneLineOrNineLinesElseAReason) {

@@ -66,8 +66,13 @@ struct App {
     startUp(s, dir.path());
     s.folders.output = dir.dir();
   }
-  /// Reads puzzle n of the current collection, as Next or the number box does.
-  bool read(int n) { return readPuzzle(s, s.collection.CurrentFile, n); }
+  /// Reads puzzle n of the current collection, as Next or the number box does:
+  /// the window remembers the collection of an analysed read in the configuration.
+  bool read(int n) {
+    const ReadResult result = readPuzzle(s, s.collection.CurrentFile, n);
+    if (result.analysed) writeConfiguration(s);
+    return result.ready;
+  }
   bool create() {
     return PuzzleCreator(s).createCommand(CreateSettings{"30", BlankDistribution::Random, std::nullopt}).created();
   }
@@ -75,7 +80,7 @@ struct App {
   bool solveAndExport(const std::string& path) {
     SolverEngine(s).solveCommand();
     ui.files.push_back(path);
-    return saveAsTxt(s);
+    return saveAs(s, *exportFormatNamed("txt"));
   }
   Lines takeMessages() { return std::exchange(ui.messages, {}); }
 };
@@ -97,7 +102,7 @@ TEST(DiskFaults, AnUnwritableApplicationFolderIsToldForEachFileAndTheWorkGoesOn)
   // A created puzzle stands though PuzTemp.sud cannot be written.
   EXPECT_TRUE(app.create());
   EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "PuzTemp.sud", kNotADirectory)});
-  EXPECT_EQ(app.s.PuzNumNow, "NEW");
+  EXPECT_EQ(puzzleNumberText(app.s.collection.origin()).value_or(""), "NEW");
   // Saving into a collection of that folder is refused, and the next read goes on.
   app.s.collection.CurrentFile = inPlain + "Mine.sud";
   EXPECT_FALSE(saveNewCommand(app.s));

@@ -52,7 +52,7 @@ TEST(StartUp, FindsTheDefaultCollectionInTheApplicationFolderHoweverItIsSpelt) {
     startUp(s, given);
     EXPECT_EQ(s.appDir, appDir);
     EXPECT_EQ(s.collection.CurrentFile, appDir + "Puzzles.sud");
-    EXPECT_EQ(s.PuzzleTitle + "|" + std::to_string(s.collection.TotalPuzzles), "Total Puzzles 3|3");
+    EXPECT_EQ(puzzleTitle(s.collection.origin()) + "|" + std::to_string(s.collection.TotalPuzzles), "Total Puzzles 3|3");
     EXPECT_EQ(s.collection.CurrentPuzzleNumber + s.log.TotalLines(), 0);
   }
   EXPECT_TRUE(f.ui.messages.empty());
@@ -91,7 +91,7 @@ TEST(StartUp, StartValuesComeFirstThenTheConfigurationThenTheSchemeThenTheCollec
   startUp(s, f.app.dir(), applyScheme);
   EXPECT_EQ(seen, "Sky.sch|1");  // not yet recounted
   EXPECT_EQ(s.collection.CurrentFile, f.app.file("Mine.sud"));
-  EXPECT_EQ(s.PuzzleTitle + "|" + std::to_string(s.collection.TotalPuzzles), "Total Puzzles 2|2");
+  EXPECT_EQ(puzzleTitle(s.collection.origin()) + "|" + std::to_string(s.collection.TotalPuzzles), "Total Puzzles 2|2");
 }
 
 TEST(Configuration, WritesFourCrLfLinesThatReadBackOrSaysItCouldNot) {

@@ -60,21 +60,24 @@ struct Solved {
 TEST(SaveCommands, WriteTheWholeFileAfterTheOverwriteQuestionAndSaySo) {
   const char* saved = "Puzzle and its solution saved in file: ";
   const std::string longer(5000, 'x');
+  const ExportFormat& csv = *exportFormatNamed("csv");
+  const ExportFormat& txt = *exportFormatNamed("txt");
+  const ExportFormat& xls = *exportFormatNamed("xls");
   const struct {
     const char* file;
-    bool (*save)(Session&);
+    const ExportFormat& format;
     std::optional<std::string> before;
     bool answer, asked;
     const char *expected, *message;
-  } cases[] = {{"new.csv", saveAsCsv, std::nullopt, false, false, "solved.csv", saved},
-               {"empty.txt", saveAsTxt, "", false, false, "solved.txt", saved},
-               {"refused.txt", saveAsTxt, "old", false, true, nullptr, nullptr},
-               {"accepted.xls", saveAsXls, longer, true, true, "solved.xls", saved},
-               {"accepted.txt", saveAsTxt, longer, true, true, "solved.txt", saved},
-               {"accepted.csv", saveAsCsv, longer, true, true, "solved.csv", saved},
-               {"missing/new.csv", saveAsCsv, std::nullopt, true, false, nullptr, "Could not write file: "},
-               {"missing/new.txt", saveAsTxt, std::nullopt, true, false, nullptr, "Could not write file: "},
-               {"missing/new.xls", saveAsXls, std::nullopt, true, false, nullptr, "Could not write file: "}};
+  } cases[] = {{"new.csv", csv, std::nullopt, false, false, "solved.csv", saved},
+               {"empty.txt", txt, "", false, false, "solved.txt", saved},
+               {"refused.txt", txt, "old", false, true, nullptr, nullptr},
+               {"accepted.xls", xls, longer, true, true, "solved.xls", saved},
+               {"accepted.txt", txt, longer, true, true, "solved.txt", saved},
+               {"accepted.csv", csv, longer, true, true, "solved.csv", saved},
+               {"missing/new.csv", csv, std::nullopt, true, false, nullptr, "Could not write file: "},
+               {"missing/new.txt", txt, std::nullopt, true, false, nullptr, "Could not write file: "},
+               {"missing/new.xls", xls, std::nullopt, true, false, nullptr, "Could not write file: "}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.file);
     Solved f;
@@ -85,7 +88,7 @@ TEST(SaveCommands, WriteTheWholeFileAfterTheOverwriteQuestionAndSaySo) {
     if (c.before) writeFile(path, *c.before);
     f.ui.files.push_back(path);
     f.ui.answers.push_back(c.answer);
-    EXPECT_EQ(c.save(f.session), c.expected != nullptr);
+    EXPECT_EQ(saveAs(f.session, c.format), c.expected != nullptr);
     EXPECT_EQ(fs::current_path(), before);
     EXPECT_EQ(f.ui.questions, c.asked ? Strings{"OverWrite file: " + path + " ?"} : Strings{});
     EXPECT_EQ(f.ui.messages, c.message ? Strings{c.message + path + (c.expected ? "" : " (No such file or directory)")} : Strings{});
@@ -95,7 +98,7 @@ TEST(SaveCommands, WriteTheWholeFileAfterTheOverwriteQuestionAndSaySo) {
 
 TEST(SaveCommands, AskForTheirKindOfFileInTheApplicationFolderAndNeverForAnIncompleteGrid) {
   Solved f;
-  EXPECT_FALSE(saveAsCsv(f.session) || saveAsTxt(f.session) || saveAsXls(f.session));  // all cancelled
+  for (const ExportFormat& format : exportFormats()) EXPECT_FALSE(saveAs(f.session, format));  // all cancelled
   std::string requests;
   for (const FileRequest& r : f.ui.fileRequests)
     requests += (r.mode == FileRequest::Mode::Save ? "save|" : "open|") + r.title + "|" + r.pattern + "|" + r.typeName +
@@ -103,26 +106,28 @@ TEST(SaveCommands, AskForTheirKindOfFileInTheApplicationFolderAndNeverForAnIncom
   const std::string in = "|" + f.dir.dir() + "\n";
   EXPECT_EQ(requests, "save|Select a CSV file to save Puzzle|*.csv|CSV Files" + in +
                           "save|Select a TXT file to save Puzzle|*.txt|Text Files" + in +
-                          "save|Select an XLS file to save Puzzle|*.xls|Excel Files" + in);
+                          "save|Select an XLS file to save Puzzle|*.xls|Excel Files" + in +
+                          "save|Select an ODS file to save Puzzle|*.ods|OpenDocument Spreadsheets" + in);
   EXPECT_EQ(f.ui.messages.size() + f.ui.questions.size(), 0u);  // a cancel is silent
   // An installed copy, which keeps its files in the user's folders, starts in the output folder.
   f.session.folders = {"/u/config/", "/u/data/", "/u/docs/"};
-  saveAsCsv(f.session);
+  saveAs(f.session, *exportFormatNamed("csv"));
   EXPECT_EQ(f.ui.fileRequests.back().startDir, "/u/docs/");
   f.session.folders = {};
   f.session.grid[40].value = 0;
   f.ui.fileRequests.clear();
   f.ui.files.push_back(f.dir.file("never.csv"));
-  EXPECT_FALSE(saveAsCsv(f.session) || saveAsTxt(f.session) || saveAsXls(f.session));
-  EXPECT_EQ(f.ui.messages, Strings(3, "There is no solution to save"));
+  for (const ExportFormat& format : exportFormats()) EXPECT_FALSE(saveAs(f.session, format));
+  EXPECT_EQ(f.ui.messages, Strings(exportFormats().size(), "There is no solution to save"));
   EXPECT_TRUE(f.ui.fileRequests.empty());
 }
 
 TEST(WriteExport, TheFormatFollowsTheExtensionInAnyLetterCase) {
-  using F = ExportFormat;
-  for (auto [name, format] : {std::pair{"a.csv", std::optional(F::Csv)}, {"b.TXT", F::Txt}, {"c.Xls", F::Xls},
-                              {"d.xlsx", std::nullopt}, {"csv", std::nullopt}, {"e.csv.bak", std::nullopt}})
-    EXPECT_EQ(exportFormatForPath(name), format) << name;
+  for (auto [name, extension] : {std::pair{"a.csv", "csv"}, {"b.TXT", "txt"}, {"c.Xls", "xls"}, {"f.oDs", "ods"},
+                                 {"d.xlsx", ""}, {"csv", ""}, {"e.csv.bak", ""}, {"g.", ""}}) {
+    const ExportFormat* format = exportFormatForPath(name);
+    EXPECT_EQ(format ? std::string(format->extension) : "", extension) << name;
+  }
 }
 
 // Puzzle 12 printed at 14:05:33 into the working folder, with a log of four

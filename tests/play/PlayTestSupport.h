@@ -35,13 +35,12 @@ struct ManualSession {
   Session session{Services{&recorder, nullptr, &pacer, &clock, &random}};
   ManualPlay play{session, &recorder};
   ManualSession() {
-    session.writesConfiguration = false;
     session.controls.currentTab = Tab::ManualSolve;
   }
   /// Reads a puzzle as the window does (manual play starts afresh), forgetting what it painted and said.
   bool read(const std::string& path, int number) {
     session.collection.CurrentFile = path;
-    const bool ok = readPuzzle(session, path, number);
+    const bool ok = readPuzzle(session, path, number).ready;
     recorder.events.clear();
     recorder.messages.clear();
     return ok;

@@ -9,6 +9,7 @@
 #include "solver/SolutionCounter.h"
 #include "solver/SolverEngine.h"
 #include "support/TestSupport.h"
+#include "solver/Narrator.h"
 
 namespace tessaly {
 namespace {
@@ -133,7 +134,7 @@ TEST(ReadPuzzle, AReadSetsTheTitleAndPlainCandidatesAndWaitsForStart) {
   test::writeFile(dir.file("a.sud"), kPuzzle1 + "\r\n" + kPuzzle1);
   s.run.mode = RunState::Released;
   ASSERT_TRUE(readPuzzle(s, dir.file("a.sud"), -1));  // -1: the last one
-  EXPECT_EQ(std::to_string(s.collection.CurrentPuzzleNumber) + "|" + s.PuzNumNow + "|" + s.PuzzleTitle,
+  EXPECT_EQ(std::to_string(s.collection.CurrentPuzzleNumber) + "|" + puzzleNumberText(s.collection.origin()).value_or("") + "|" + puzzleTitle(s.collection.origin()),
             "2|2|Puzzle 2 of 2 (57 blanks)");
   EXPECT_EQ(s.run.mode, RunState::Waiting);
   EXPECT_EQ(t.pacer.pauses, 0);
@@ -172,7 +173,6 @@ TEST(ReadPuzzle, ProblemsAreToldAndDuplicateGivensStayOnScreen) {
   struct ClosingPacer : Pacer { bool processEvents() override { return false; } } closing;
   ScriptedUserInterface ui;
   Session s{Services{&ui, nullptr, &closing, nullptr, nullptr}};
-  s.writesConfiguration = false;
   EXPECT_FALSE(readPuzzle(s, test::puzzleFile("pe96.sud"), 1));
   EXPECT_TRUE(ui.messages.empty());
 }
@@ -240,7 +240,7 @@ TEST_F(SolveRunTest, StartPausesAtEveryPausePointAndEndsWithNoRunUnderWay) {
   EXPECT_GT(expected, 40);
   EXPECT_EQ(t.pacer.pauses, expected);
   EXPECT_EQ(s.grid.filledCount(), 81);
-  EXPECT_EQ(s.statusText, "Solved with no re-tries");
+  EXPECT_EQ(statusLine(s.run.ended), "Solved with no re-tries");
   EXPECT_EQ(s.run.mode, RunState::Silent);
   EXPECT_EQ(s.run.activity, RunActivity::None);
   EXPECT_TRUE(t.ui.messages.empty());
@@ -279,7 +279,7 @@ TEST_F(SolveRunTest, ThePlacementLimitAbortsTheRun) {
     s.controls.PauseCheck = true;
     engine.startCommand();
     EXPECT_EQ(t.ui.messages, Strings{"Tried 1 times, solution aborted"});
-    EXPECT_EQ(s.statusText, status);
+    EXPECT_EQ(statusLine(s.run.ended), status);
     EXPECT_EQ(std::tuple(s.run.PlacementCount, s.run.mode, s.grid[1].value), std::tuple(0, RunState::Released, 1));
   }
 }

@@ -143,7 +143,6 @@ struct TestSession {
   SeededRandom random{1};
   CountingPacer pacer;
   Session session{Services{&ui, nullptr, &pacer, &clock, &random}};
-  TestSession() { session.writesConfiguration = false; }
 };
 
 }  // namespace tessaly::test

@@ -139,7 +139,7 @@ TEST_F(EverydayTest, CreationAimingAtAGradeIsNotHeldToTheAttemptLimit) {
   for (int i = 0; i < 4; ++i) {
     click("CreateCommand");
     EXPECT_EQ(ui.messages, std::vector<std::string>{}) << i;
-    EXPECT_EQ(session.PuzNumNow, "NEW");
+    EXPECT_EQ(puzzleNumberText(session.collection.origin()).value_or(""), "NEW");
     EXPECT_EQ(child<QLabel>("GradeLabel")->text().toStdString(), gradeCaption(1));
     EXPECT_EQ(session.grid.filledCount(), session.givenCount());
   }
@@ -149,7 +149,7 @@ TEST_F(EverydayTest, CreationAimingAtAGradeIsNotHeldToTheAttemptLimit) {
 TEST_F(EverydayTest, AGradeOutOfReachIsToldOnceAndLeavesTheBoardAsItWas) {
   startWithDialogs();
   window->readPuzzleFile(appDir() + "Puzzles.sud", 3);
-  const std::string board = session.grid.valueCode(), title = session.PuzzleTitle;
+  const std::string board = session.grid.valueCode(), title = puzzleTitle(session.collection.origin());
   const QString shownTitle = child<QGroupBox>("PuzNumber")->title();
   selectTab(Tab::Create);
   child<QLineEdit>("TotBlanks")->setText("20");
@@ -169,7 +169,7 @@ TEST_F(EverydayTest, AGradeOutOfReachIsToldOnceAndLeavesTheBoardAsItWas) {
   EXPECT_EQ(viewsWhileOpen, std::vector<bool>{true});
   EXPECT_EQ(cellSizeWhileOpen, std::vector<int>{cellSize});
   EXPECT_EQ(session.grid.valueCode(), board);
-  EXPECT_EQ(session.PuzzleTitle, title);
+  EXPECT_EQ(puzzleTitle(session.collection.origin()), title);
   EXPECT_EQ(child<QGroupBox>("PuzNumber")->title(), shownTitle);
   EXPECT_EQ(blanksShown(), kCells - session.givenCount());
 
@@ -201,7 +201,7 @@ TEST_F(EverydayTest, NothingOfAnEarlierPuzzleStaysOnScreenAfterACreation) {
   click("StartCommand");
   timer.stop();
   ASSERT_TRUE(created);
-  ASSERT_EQ(session.PuzNumNow, "NEW");
+  ASSERT_EQ(puzzleNumberText(session.collection.origin()).value_or(""), "NEW");
   EXPECT_EQ(window->board()->highlightedCell(), 0);
   for (int c = 1; c <= kCells; ++c) EXPECT_FALSE(window->board()->isAreaHighlighted(c)) << c;
 

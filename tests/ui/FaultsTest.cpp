@@ -13,6 +13,7 @@
 #include "model/FileUtil.h"
 #include "output/TextExport.h"
 #include "UiSupport.h"
+#include "solver/Narrator.h"
 
 namespace tessaly::testing {
 namespace {
@@ -284,7 +285,7 @@ TEST_F(FaultsTest, ClearingNoPausesDuringARunWaitsAgainWithNextEnabled) {
   click("StartCommand");
   EXPECT_EQ(nextEnabledAtPause, (std::vector<bool>{true, true}));
   EXPECT_FALSE(window->isWaiting());
-  EXPECT_EQ(session.statusText, "Solved with no re-tries");
+  EXPECT_EQ(statusLine(session.run.ended), "Solved with no re-tries");
 }
 
 TEST_F(FaultsTest, AnAbortedRunLeavesNextDisabledAndStartEnabled) {
@@ -292,7 +293,7 @@ TEST_F(FaultsTest, AnAbortedRunLeavesNextDisabledAndStartEnabled) {
   window->readPuzzleFile(puzzleFile("top95.sud"), 1);  // the rules alone do not solve it
   session.config.MaxTries = 1;
   stepToTheEnd();
-  EXPECT_EQ(session.statusText,
+  EXPECT_EQ(statusLine(session.run.ended),
             "Tried 1 times, solution aborted. To go on, raise Options > Attempt limit... or turn on Options > "
             "Further techniques");
   EXPECT_FALSE(window->isWaiting());

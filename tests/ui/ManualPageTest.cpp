@@ -41,6 +41,7 @@ class ManualPageTest : public ::testing::Test {
     void runCommand(std::function<void()> command) override { command(); }
     void releasePause() override {}
     void refreshFromSession() override {}
+    void puzzleRead(const ReadResult&) override {}
   } host;
   ManualPage page{session, host, [this](int cell, ManualPaint paint) { paints.emplace_back(cell, paint); }};
 };

@@ -726,7 +726,7 @@ TEST_P(PauseBoxDuringARun, LeavesTheRunGoingAsItWas) {
   if (creating) {
     selectTab(Tab::Create);
     click("CreateCommand");
-    EXPECT_EQ(session.PuzzleTitle.substr(0, 11), "New Puzzle ");
+    EXPECT_EQ(puzzleTitle(session.collection.origin()).substr(0, 11), "New Puzzle ");
   } else {
     click("Solveit");
     EXPECT_EQ(session.grid.filledCount(), kCells);

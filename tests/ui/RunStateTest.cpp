@@ -5,6 +5,7 @@
 
 #include "ui/CommandStates.h"
 #include "UiSupport.h"
+#include "solver/Narrator.h"
 
 namespace tessaly::testing {
 namespace {
@@ -110,7 +111,7 @@ TEST_P(RunStateTest, TheCommandLeavesControlsThatMatchWhatCanBeDoneNext) {
   ui.messages.clear();
   click("Solveit");
   EXPECT_EQ(session.grid.filledCount(), kCells);
-  EXPECT_EQ(session.statusText.substr(0, 11), "Solved with");
+  EXPECT_EQ(statusLine(session.run.ended).substr(0, 11), "Solved with");
   EXPECT_FALSE(enabled("StartCommand"));
   EXPECT_TRUE(enabled("ClearCommand"));
 }

@@ -5,6 +5,7 @@
 #include "solver/SolverEngine.h"
 #include "ui/WidgetColours.h"
 #include "UiSupport.h"
+#include "solver/Narrator.h"
 
 namespace tessaly::testing {
 namespace {
@@ -67,7 +68,7 @@ TEST_F(StepModeTest, ThePauseBoxRunsOnWhetherSetBeforeOrDuringTheRun) {
     click("StartCommand");
     EXPECT_EQ(window->pauseWaits(), before ? 0 : 1);
     EXPECT_TRUE(session.controls.PauseCheck);
-    EXPECT_EQ(session.statusText, "Solved with no re-tries");
+    EXPECT_EQ(statusLine(session.run.ended), "Solved with no re-tries");
     window.reset();
   }
 }
@@ -87,7 +88,7 @@ TEST_F(StepModeTest, ClosingTheWindowWhileARunWaitsEndsTheProgram) {
   EXPECT_EQ(window->pauseWaits(), 2);
   EXPECT_FALSE(window->isWaiting());
   EXPECT_FALSE(std::filesystem::exists(appDir() + "Eventlog.txt"));
-  EXPECT_NE(session.statusText, "Solved with no re-tries");
+  EXPECT_NE(statusLine(session.run.ended), "Solved with no re-tries");
 }
 
 TEST_F(StepModeTest, DestroyingTheWindowWhileARunWaitsStopsTheRun) {
@@ -114,7 +115,7 @@ TEST_F(StepModeTest, ClosingTheWindowWhileSolvingStopsWithoutWritingTheLogFile) 
   EXPECT_FALSE(window->isVisible());
   EXPECT_TRUE(closing.messages.empty());
   EXPECT_FALSE(std::filesystem::exists(appDir() + "Eventlog.txt"));
-  EXPECT_NE(session.statusText, "Solved with no re-tries");
+  EXPECT_NE(statusLine(session.run.ended), "Solved with no re-tries");
 }
 
 TEST_F(StepModeTest, ReadingAnotherPuzzleWhileARunWaitsEndsTheRunFirst) {

@@ -137,7 +137,7 @@ TEST_F(WindowTest, SolveShowsTheOutcomeAndClearReadsThePuzzleAgain) {
 TEST_F(WindowTest, TheFileMenuExportsAndPrintsTheSolution) {
   start(1);
   click("Solveit");
-  for (const char* type : {"csv", "txt", "xls"}) {
+  for (const char* type : {"csv", "txt", "xls", "ods"}) {
     ui.files.push_back(appDir() + "out." + type);
     action((std::string("mnusave") + type).c_str())->trigger();
     EXPECT_GT(fileLength(appDir() + "out." + type), 0) << type;
