@@ -3,8 +3,10 @@
 #include <iomanip>
 #include <iostream>
 #include <sstream>
+#include <vector>
 
 #include "cli/CliSupport.h"
+#include "output/ExportFormats.h"
 
 namespace tessaly::cli {
 
@@ -25,12 +27,8 @@ constexpr OptionHelp kSolve[] = {
     {"--board-at K", "print the board as line K of the narration saw it, instead of the narration"},
 };
 
-constexpr OptionHelp kExport[] = {
-    {"FILE N", "puzzle N of FILE (-1 for the last)"},
-    {"--csv PATH", "write the puzzle and its solution as CSV"},
-    {"--txt PATH", "... as text"},
-    {"--xls PATH", "... as a spreadsheet"},
-    {"--ods PATH", "... as an OpenDocument spreadsheet"},
+// export's formats come from the table of export formats (exportUsage below).
+constexpr OptionHelp kExportAfterFormats[] = {
     {"--report PATH", "write the framed report"},
     {"--with-log", "the report includes the event log"},
     kPuzzleOptions[0], kPuzzleOptions[1], kPuzzleOptions[2], kPuzzleOptions[3],
@@ -82,11 +80,7 @@ constexpr CommandUsage kUsages[] = {
      "tessaly-cli solve FILE N [--raw] [--run start|solve] [--seed S] [--rule-order S] [--max-tries N] "
      "[--techniques six|all|NAME,...] [--board-at K]",
      kSolve},
-    {"export",
-     "tessaly-cli export FILE N (--csv PATH | --txt PATH | --xls PATH | --ods PATH | --report PATH [--with-log]) "
-     "[--seed S] "
-     "[--rule-order S] [--max-tries N] [--techniques six|all|NAME,...]",
-     kExport},
+    {"export", "", {}},  // made from the export formats: exportUsage
     {"create",
      "tessaly-cli create --blanks N --distribution mirror|box|random|manual [--template FILE] [--count K] "
      "[--unique] [--grade G] [--needs NAME] [--grade-tries T] [--techniques six|all|NAME,...] [--into FILE.sud] "
@@ -101,9 +95,34 @@ constexpr CommandUsage kUsages[] = {
      kHint},
 };
 
+/// export's usage, one option per export format: made once from constant
+/// tables, so it holds no state of the program.
+const CommandUsage& exportUsage() {
+  static const std::string synopsis = [] {
+    std::string text = "tessaly-cli export FILE N (";
+    for (const ExportFormat& format : exportFormats()) text += std::string(format.cliOption) + " PATH | ";
+    return text + "--report PATH [--with-log]) [--seed S] [--rule-order S] [--max-tries N] "
+                  "[--techniques six|all|NAME,...]";
+  }();
+  static const std::vector<std::string> names = [] {
+    std::vector<std::string> out;
+    for (const ExportFormat& format : exportFormats()) out.push_back(std::string(format.cliOption) + " PATH");
+    return out;
+  }();
+  static const std::vector<OptionHelp> options = [] {
+    std::vector<OptionHelp> out{{"FILE N", "puzzle N of FILE (-1 for the last)"}};
+    for (std::size_t i = 0; i < exportFormats().size(); ++i) out.push_back({names[i], exportFormats()[i].cliHelp});
+    out.insert(out.end(), std::begin(kExportAfterFormats), std::end(kExportAfterFormats));
+    return out;
+  }();
+  static const CommandUsage usage{"export", synopsis, options};
+  return usage;
+}
+
 }  // namespace
 
 const CommandUsage* commandUsage(std::string_view name) {
+  if (name == "export") return &exportUsage();
   for (const CommandUsage& usage : kUsages)
     if (usage.name == name) return &usage;
   return nullptr;
@@ -125,7 +144,7 @@ void printAllCommandHelp(std::ostream& out) {
   for (const CommandUsage& usage : kUsages) {
     if (usage.name == "help") continue;
     out << '\n';
-    printCommandHelp(out, usage);
+    printCommandHelp(out, *commandUsage(usage.name));
   }
 }
 

@@ -13,11 +13,14 @@ namespace tessaly {
 namespace {
 
 constexpr ExportFormat kFormats[] = {
-    {"CSV", "csv", writeCsvExport, "Save as CSV...", "--csv", "Select a CSV file to save Puzzle", "CSV Files"},
-    {"TXT", "txt", writeTxtExport, "Save as TXT...", "--txt", "Select a TXT file to save Puzzle", "Text Files"},
-    {"XLS", "xls", writeXlsExport, "Save as XLS...", "--xls", "Select an XLS file to save Puzzle", "Excel Files"},
-    {"ODS", "ods", writeOdsExport, "Save as ODS...", "--ods", "Select an ODS file to save Puzzle",
-     "OpenDocument Spreadsheets"},
+    {"CSV", "csv", writeCsvExport, "Save as CSV...", "--csv", "write the puzzle and its solution as CSV",
+     "Select a CSV file to save Puzzle", "CSV Files"},
+    {"TXT", "txt", writeTxtExport, "Save as TXT...", "--txt", "... as text", "Select a TXT file to save Puzzle",
+     "Text Files"},
+    {"XLS", "xls", writeXlsExport, "Save as XLS...", "--xls", "... as a spreadsheet",
+     "Select an XLS file to save Puzzle", "Excel Files"},
+    {"ODS", "ods", writeOdsExport, "Save as ODS...", "--ods", "... as an OpenDocument spreadsheet",
+     "Select an ODS file to save Puzzle", "OpenDocument Spreadsheets"},
 };
 
 }  // namespace

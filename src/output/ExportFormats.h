@@ -1,6 +1,6 @@
 #pragma once
 // The export formats, listed once: the File menu, the save dialog's filter and
-// `tessaly-cli export` all read this table. A new format is a writer in this
+// `tessaly-cli export` (its options and their help) all read this table. A new format is a writer in this
 // folder and one row of the table (ExportFormats.cpp).
 
 #include <span>
@@ -22,6 +22,7 @@ struct ExportFormat {
   FileResult (*write)(const Session& session, const std::string& path);
   std::string_view menuCaption;  ///< "Save as CSV..."
   std::string_view cliOption;    ///< "--csv"
+  std::string_view cliHelp;      ///< what `tessaly-cli export --help` says of the option
   std::string_view dialogTitle;  ///< "Select a CSV file to save Puzzle"
   std::string_view typeName;     ///< "CSV Files", the save dialog's filter beside "*.csv"
 };
