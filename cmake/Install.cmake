@@ -66,8 +66,10 @@ if(TESSALY_BUILD_UI)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endif()
 
-# The manual page of tessaly-cli, made from its --help and --version output
-# plus the sections of packaging/tessaly-cli.h2m, compressed as Debian wants.
+# The manual pages of tessaly-cli and tessaly, made from their --help and
+# --version output (the same usage text the programs print; for tessaly-cli
+# every command's options) plus the sections of packaging/tessaly-cli.h2m,
+# compressed as Debian wants.
 find_program(TESSALY_HELP2MAN help2man)
 find_program(TESSALY_GZIP gzip)
 if(TESSALY_HELP2MAN AND TESSALY_GZIP)
@@ -82,8 +84,24 @@ if(TESSALY_HELP2MAN AND TESSALY_GZIP)
     DEPENDS tessaly-cli ${TESSALY_PACKAGING_DIR}/tessaly-cli.h2m
     COMMENT "Writing the manual page of tessaly-cli"
     VERBATIM)
-  add_custom_target(tessaly_manpage ALL DEPENDS ${man_page}.gz)
-  install(FILES ${man_page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  set(man_pages ${man_page}.gz)
+  # The window's page, from its own --help and --version (printed without a
+  # display).
+  if(TESSALY_BUILD_UI)
+    set(window_page ${TESSALY_PACKAGING_BINARY_DIR}/tessaly.1)
+    add_custom_command(
+      OUTPUT ${window_page}.gz
+      COMMAND ${TESSALY_HELP2MAN} --no-info --section=1
+        "--name=solve Sudoku puzzles step by step, with every deduction explained"
+        --output=${window_page} $<TARGET_FILE:tessaly>
+      COMMAND ${TESSALY_GZIP} -9nf ${window_page}
+      DEPENDS tessaly
+      COMMENT "Writing the manual page of tessaly"
+      VERBATIM)
+    list(APPEND man_pages ${window_page}.gz)
+  endif()
+  add_custom_target(tessaly_manpage ALL DEPENDS ${man_pages})
+  install(FILES ${man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 else()
   message(STATUS "help2man or gzip not found: the manual page of tessaly-cli is not built (Debian: apt-get install help2man)")
 endif()

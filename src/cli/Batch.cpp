@@ -9,8 +9,12 @@
 #include <thread>
 #include <vector>
 
+#include "cli/CliSupport.h"
 #include "cli/Commands.h"
 #include "model/CollectionFile.h"
+#include "model/FileUtil.h"
+#include "model/LineReader.h"
+#include "solver/SolutionCounter.h"
 #include "solver/BitGrid.h"
 #include "solver/Grader.h"
 #include "solver/Techniques.h"
@@ -36,45 +40,45 @@ std::string_view trimmedView(std::string_view line) {
   return line.substr(first, last - first + 1);
 }
 
-// Why a line is not a puzzle line.
-std::string lineProblem(std::string_view line) {
-  const std::string_view cells = line.substr(0, line.find_first_of(" \t,;#"));
-  if (cells.size() != 81)
-    return "a puzzle line has 81 cells, this one has " + std::to_string(cells.size());
-  for (char ch : cells)
-    if (!((ch >= '0' && ch <= '9') || ch == '.' || ch == '-'))
-      return std::string("'") + ch + "' is not a cell (1 to 9 for a given; '.', '0' or '-' for a blank)";
-  return "not a puzzle line";
-}
-
 // Splits the source into puzzles: one-per-line puzzles and grids of nine row
-// lines (a collection's "#" headers and blank lines pass by).
+// lines (a collection's "#" headers and blank lines pass by, and so do the
+// "PUZZLE" line of the program's TXT export and its "SOLUTION" grid).
 class PuzzleReader {
  public:
-  explicit PuzzleReader(std::istream& in) : m_in(in) {}
-  bool binary() const { return m_binary; }
+  explicit PuzzleReader(std::istream& in) : m_lines(in, kLongestLine) {}
+  const LineReader& lines() const { return m_lines; }
 
   // The next puzzle or bad line; false at the end of the input.
   bool next(Item& item) {
-    std::string line;
-    while (readLine(line)) {
-      ++m_number;
-      if (m_binary) return false;
+    while (m_lines.next()) {
+      const int number = m_lines.number();
+      const std::string_view line = m_lines.line();
       const std::string_view t = trimmedView(line);
-      if (t.empty() || t.front() == '#') {
+      if (m_skipRows > 0) {
+        if (parseGridRow(t)) {
+          --m_skipRows;
+          continue;
+        }
+        m_skipRows = 0;
+      }
+      if (t.empty() || t.front() == '#' || (m_rows.empty() && t == "PUZZLE")) {
         if (!m_rows.empty()) return incompleteGrid(item);
+        continue;
+      }
+      if (t == "SOLUTION" && m_rows.empty()) {
+        m_skipRows = 9;
         continue;
       }
       if (auto puzzle = parsePuzzleLine(t)) {
         if (!m_rows.empty()) {
-          m_pending = Item{*puzzle, {}, m_number, {}};
+          m_pending = Item{*puzzle, {}, number, {}};
           return incompleteGrid(item);
         }
-        item = Item{*puzzle, {}, m_number, {}};
+        item = Item{*puzzle, {}, number, {}};
         return true;
       }
       if (auto row = parseGridRow(t)) {
-        if (m_rows.empty()) m_gridLine = m_number;
+        if (m_rows.empty()) m_gridLine = number;
         m_rows += *row;
         if (m_rows.size() == 81) {
           item = Item{m_rows, {}, m_gridLine, {}};
@@ -85,7 +89,10 @@ class PuzzleReader {
       }
       const bool inGrid = !m_rows.empty();
       m_rows.clear();
-      item = Item{{}, inGrid ? "a grid row has nine cells" : lineProblem(t), m_number, {}};
+      // A line cut at kLongestLine is told by its whole length.
+      const std::size_t leading = line.find_first_not_of(" \t\r\f");
+      const std::uint64_t whole = m_lines.length() > line.size() ? m_lines.length() - leading : t.size();
+      item = Item{{}, inGrid ? "a grid row has nine cells" : puzzleLineProblem(t, whole), number, {}};
       return true;
     }
     if (!m_rows.empty()) return incompleteGrid(item);
@@ -106,33 +113,14 @@ class PuzzleReader {
     return true;
   }
 
-  // One line of at most kLongestLine characters (the rest is dropped); CR LF,
-  // LF and CR end a line. A NUL byte marks the input as binary.
-  bool readLine(std::string& line) {
-    line.clear();
-    int ch = m_in.get();
-    if (ch == EOF) return false;
-    for (; ch != EOF; ch = m_in.get()) {
-      if (ch == '\n') break;
-      if (ch == '\r') {
-        if (m_in.peek() == '\n') m_in.get();
-        break;
-      }
-      if (ch == 0) m_binary = true;
-      if (line.size() < kLongestLine) line.push_back(char(ch));
-    }
-    return true;
-  }
-
-  std::istream& m_in;
+  LineReader m_lines;
   std::string m_rows;
   int m_gridLine = 0;
-  int m_number = 0;
-  bool m_binary = false;
+  int m_skipRows = 0;
   Item m_pending;
 };
 
-void work(std::vector<Item>& items, int jobs, TechniqueSet techniques) {
+void work(std::vector<Item>& items, int jobs, TechniqueSet techniques, BatchOutput output) {
   std::atomic<std::size_t> nextItem{0};
   auto worker = [&] {
     for (std::size_t i = nextItem++; i < items.size(); i = nextItem++) {
@@ -142,7 +130,11 @@ void work(std::vector<Item>& items, int jobs, TechniqueSet techniques) {
         item.problem = "a given repeats in a row, column or box";
         continue;
       }
-      item.output = batchLine(item.puzzle, techniques);
+      if (output == BatchOutput::Grades) {
+        item.output = batchLine(item.puzzle, techniques);
+      } else {
+        item.output = item.puzzle + '\t' + char('0' + countSolutions(item.puzzle, 2)) + '\n';
+      }
     }
   };
   const std::size_t threads = std::min<std::size_t>(std::size_t(jobs), (items.size() + 63) / 64);
@@ -175,11 +167,15 @@ std::string batchLine(const std::string& puzzle81, TechniqueSet techniques) {
   return out;
 }
 
-int runBatch(const std::string& source, int jobs, TechniqueSet techniques) {
+int runBatch(const std::string& source, int jobs, TechniqueSet techniques, BatchOutput output) {
   const bool fromStdin = source == "-";
   const std::string name = fromStdin ? std::string("standard input") : source;
   std::ifstream file;
   if (!fromStdin) {
+    if (std::string problem = readProblem(source); !problem.empty()) {
+      std::cerr << "tessaly-cli: " << couldNotReadText(source, problem) << '\n';
+      return kExitUsage;
+    }
     file.open(source, std::ios::binary);
     if (!file) {
       std::cerr << "tessaly-cli: cannot read " << source << '\n';
@@ -203,15 +199,19 @@ int runBatch(const std::string& source, int jobs, TechniqueSet techniques) {
       }
       items.push_back(std::move(item));
     }
-    if (reader.binary()) {
+    if (reader.lines().encoding() == LineReader::Encoding::Utf16) {
+      std::cerr << "tessaly-cli: " << name << " is UTF-16 text; puzzle files are read as ASCII or UTF-8\n";
+      return kExitUsage;
+    }
+    if (reader.lines().encoding() == LineReader::Encoding::Binary) {
       std::cerr << "tessaly-cli: " << name << " is not a text file of puzzles\n";
       return kExitUsage;
     }
-    work(items, jobs, techniques);
+    work(items, jobs, techniques, output);
     std::string out;
     for (const Item& done : items) {
       if (!done.problem.empty()) {
-        std::cout << out << std::flush;
+        if (!writeOut(out)) return kExitFailure;
         out.clear();
         std::cerr << "tessaly-cli: " << name << ':' << done.line << ": " << done.problem << "; skipped\n";
         bad = true;
@@ -220,7 +220,7 @@ int runBatch(const std::string& source, int jobs, TechniqueSet techniques) {
       out += done.output;
       ++puzzles;
     }
-    std::cout << out << std::flush;
+    if (!writeOut(out)) return kExitFailure;
   }
   if (puzzles == 0 && !bad) {
     std::cerr << "tessaly-cli: " << name << " holds no puzzles\n";

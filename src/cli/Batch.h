@@ -16,7 +16,12 @@ namespace tessaly::cli {
 /// unreadable or binary source, or one without puzzles. `jobs` 0 uses every core.
 /// With further techniques, each line adds the hardest technique's name and
 /// the guesses made (batchLine).
-int runBatch(const std::string& source, int jobs, TechniqueSet techniques = TechniqueSet::rulesOnly());
+/// What each output line holds: the grade line (batchLine), or only the
+/// puzzle and its solution count (0, 1 or 2 for several) from the solution
+/// counter.
+enum class BatchOutput { Grades, Solutions };
+int runBatch(const std::string& source, int jobs, TechniqueSet techniques = TechniqueSet::rulesOnly(),
+             BatchOutput output = BatchOutput::Grades);
 
 /// The 81 cells with "." for blanks, then the solution count (0, 1 or 2 for
 /// several), the grade number and name ("-" and "-" without a solution); with

@@ -1,8 +1,14 @@
 #include "cli/CliSupport.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <limits>
+
+#include "model/Configuration.h"
+#include "model/FileUtil.h"
 
 #include "solver/BoardHistory.h"
 #include "solver/SolverEngine.h"
@@ -83,23 +89,58 @@ bool takeFlag(Arguments& args, const std::string& name) {
   return false;
 }
 
-bool parseInt(const std::string& text, long long& out) {
-  if (text.empty()) return false;
-  std::size_t pos = 0;
-  try {
-    out = std::stoll(text, &pos);
-  } catch (...) {
+bool parseInt(const std::string& text, long long& out, bool negative) {
+  const bool minus = negative && !text.empty() && text[0] == '-';
+  const std::string_view digits = std::string_view(text).substr(minus ? 1 : 0);
+  if (digits.empty()) return false;
+  long long n = 0;
+  for (char ch : digits) {
+    if (ch < '0' || ch > '9') return false;
+    if (n > (std::numeric_limits<long long>::max() - (ch - '0')) / 10) return false;
+    n = n * 10 + (ch - '0');
+  }
+  out = minus ? -n : n;
+  return true;
+}
+
+std::optional<long long> wholeNumber(const std::string& text, long long lowest, long long highest) {
+  long long n = 0;
+  if (!parseInt(text, n, lowest < 0) || n < lowest || n > highest) return std::nullopt;
+  return n;
+}
+
+bool takeRuleOrder(Arguments& args, std::optional<std::string>& order) {
+  std::string text;
+  bool present = false;
+  if (!takeOption(args, "--rule-order", text, present)) return false;
+  if (!present) return true;
+  if (text == "0") {
+    order = std::string();
+    return true;
+  }
+  if (!isAcceptableRuleOrder(text)) {
+    std::cerr << "tessaly-cli: --rule-order takes the rules' numbers, digits 1 to 6 (0 for a random order)\n";
     return false;
   }
-  return pos == text.size();
+  order = text;
+  return true;
+}
+
+bool writeOut(const std::string& text) {
+  std::cout << text;
+  std::cout.flush();
+  if (std::fflush(stdout) == 0 && !std::ferror(stdout) && std::cout) return true;
+  const int error = errno;
+  std::cerr << "tessaly-cli: cannot write standard output: " << systemReason(error ? error : EIO) << '\n';
+  return false;
 }
 
 std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usage) {
   PuzzleOptions options;
   options.raw = takeFlag(args, "--raw");
-  std::string seed, order, tries;
-  bool hasSeed = false, hasOrder = false, hasTries = false;
-  if (!takeOption(args, "--seed", seed, hasSeed) || !takeOption(args, "--rule-order", order, hasOrder) ||
+  std::string seed, tries;
+  bool hasSeed = false, hasTries = false;
+  if (!takeOption(args, "--seed", seed, hasSeed) || !takeRuleOrder(args, options.ruleOrder) ||
       !takeOption(args, "--max-tries", tries, hasTries))
     return std::nullopt;
   long long n = 0;
@@ -110,7 +151,6 @@ std::optional<PuzzleOptions> parsePuzzleOptions(Arguments& args, const char* usa
     }
     options.seed = static_cast<unsigned long long>(n);
   }
-  if (hasOrder) options.ruleOrder = order;
   const std::optional<TechniqueSet> techniques = takeTechniques(args);
   if (!techniques) return std::nullopt;
   options.techniques = *techniques;
@@ -171,9 +211,12 @@ bool printBoardAtLine(const Session& session, long long line) {
 }
 
 bool requireFile(const std::string& path) {
-  std::error_code ec;
-  if (std::filesystem::is_regular_file(path, ec)) return true;
-  std::cerr << "tessaly-cli: no such file: " << path << '\n';
+  const std::string problem = readProblem(path);
+  if (problem.empty()) return true;
+  if (problem == "no such file")
+    std::cerr << "tessaly-cli: no such file: " << path << '\n';
+  else
+    std::cerr << "tessaly-cli: " << couldNotReadText(path, problem) << '\n';
   return false;
 }
 

@@ -54,8 +54,13 @@ class CliSession {
 /// value is missing.
 bool takeOption(Arguments& args, const std::string& name, std::string& value, bool& present);
 bool takeFlag(Arguments& args, const std::string& name);
-/// Reads a whole decimal number (an optional sign, digits, nothing else).
-bool parseInt(const std::string& text, long long& out);
+/// Reads a whole decimal number: digits only, after a "-" when `negative` is
+/// allowed; no "+", blanks or anything else, nor a number too large to hold. The one number
+/// reader of every subcommand.
+bool parseInt(const std::string& text, long long& out, bool negative = true);
+/// A number from `lowest` to `highest` written as parseInt takes it (no sign
+/// unless lowest is negative).
+std::optional<long long> wholeNumber(const std::string& text, long long lowest, long long highest);
 /// Takes "--techniques six|all|NAME,NAME,...": the six rules when absent;
 /// nothing, with the valid names on standard error, when a name is unknown.
 std::optional<TechniqueSet> takeTechniques(Arguments& args);
@@ -70,8 +75,15 @@ void printLogAndGrid(Session& session, bool raw);
 /// blank ("-" for none). False, with a message on standard error, when the log
 /// has no such line.
 bool printBoardAtLine(const Session& session, long long line);
-/// True when the file exists; otherwise says so on standard error.
+/// True when the file is a regular file that can be opened; otherwise says
+/// why on standard error ("no such file: PATH" when it is missing).
 bool requireFile(const std::string& path);
+/// Takes "--rule-order S": nothing when absent; "" (a random order) for 0;
+/// S when the window would take it; false after a message when it would not.
+bool takeRuleOrder(Arguments& args, std::optional<std::string>& order);
+/// Writes the text to standard output; false after a message on standard
+/// error when it could not be written (a full disk, a closed pipe).
+bool writeOut(const std::string& text);
 /// True when the grid is complete and no area repeats a digit.
 bool gridSolved(Session& session);
 

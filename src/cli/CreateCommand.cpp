@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <limits>
 
 #include "cli/CliSupport.h"
+#include "cli/Usage.h"
 #include "create/Creation.h"
 #include "create/EntryDialogs.h"
 #include "model/CollectionFile.h"
@@ -17,13 +19,12 @@ namespace tessaly::cli {
 
 namespace {
 
-constexpr const char* kCreateUsage =
-    "tessaly-cli create --blanks N --distribution mirror|box|random|manual [--template FILE] [--count K] "
-    "[--into FILE.sud] [--seed S] [--max-tries N] [--unique] [--grade G] [--grade-tries N] "
-    "[--techniques six|all|NAME,...] [--needs NAME]";
+/// The largest template read: nine lines of nine cells with room for blanks
+/// and comments; a device or a huge file is not read into memory.
+constexpr long long kMaxTemplateBytes = 64 * 1024;
 
 int usageError(const std::string& text) {
-  std::cerr << "tessaly-cli: " << text << "\nUsage: " << kCreateUsage << '\n';
+  std::cerr << "tessaly-cli: " << text << "\nUsage: " << usageLine("create") << '\n';
   return kExitUsage;
 }
 
@@ -36,16 +37,7 @@ std::optional<BlankDistribution> distributionNamed(const std::string& name) {
 }
 
 std::optional<long long> wholeNumber(const std::string& text) {
-  if (text.empty()) return std::nullopt;
-  std::size_t pos = 0;
-  long long n = 0;
-  try {
-    n = std::stoll(text, &pos);
-  } catch (...) {
-    return std::nullopt;
-  }
-  if (pos != text.size()) return std::nullopt;
-  return n;
+  return cli::wholeNumber(text, std::numeric_limits<long long>::min(), std::numeric_limits<long long>::max());
 }
 
 /// The grid's nine rows (digit or ".") and an empty line.
@@ -135,8 +127,12 @@ int createCommand(const Arguments& arguments) {
   if (hasTemplate) {
     if (settings.distribution != BlankDistribution::Manual)
       return usageError("--template goes with --distribution manual");
-    const auto text = readWholeFile(templateFile);
-    if (!text) return usageError("cannot read template file: " + templateFile);
+    if (std::string problem = readProblem(templateFile); !problem.empty())
+      return usageError("cannot read template file: " + templateFile + " (" + problem + ")");
+    const auto text = readWholeFile(templateFile, kMaxTemplateBytes);
+    if (!text)
+      return usageError("cannot read template file: " + templateFile + " (larger than " +
+                        std::to_string(kMaxTemplateBytes / 1024) + " KB, or it could not be read)");
     // A template the dialog would refuse is told with the dialog's message; the
     // creation then falls back to random placement, as in the window.
     settings.manualTemplate = templateEntryOk(session, *text);
@@ -160,11 +156,13 @@ int createCommand(const Arguments& arguments) {
       if (result.outcome == CreateResult::Outcome::GradeNotReached) break;
       continue;
     }
-    if (hasInto && !saveGridToFile(session, into)) {
-      session.message("Could not write file: " + into);
-      return kExitFailure;
+    if (hasInto) {
+      if (const FileResult written = saveGridToFile(session, into); !written) {
+        session.message(couldNotWriteText(into, written));
+        return kExitFailure;
+      }
     }
-    std::cout << gridRows(session) << std::flush;
+    if (!writeOut(gridRows(session))) return kExitFailure;
   }
   return allCreated ? kExitOk : kExitFailure;
 }

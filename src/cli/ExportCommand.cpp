@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "cli/CliSupport.h"
+#include "cli/Usage.h"
 #include "model/FileUtil.h"
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
@@ -13,11 +14,6 @@
 
 namespace tessaly::cli {
 
-namespace {
-constexpr const char* kExportUsage =
-    "tessaly-cli export FILE N (--csv PATH | --txt PATH | --xls PATH | --report PATH [--with-log]) [--seed S] "
-    "[--rule-order S] [--max-tries N]";
-}
 
 int exportCommand(const Arguments& arguments) {
   Arguments args = arguments;
@@ -29,7 +25,8 @@ int exportCommand(const Arguments& arguments) {
   for (Target& t : targets)
     if (!takeOption(args, t.option, t.path, t.present)) return kExitUsage;
   const bool withLog = takeFlag(args, "--with-log");
-  auto options = parsePuzzleOptions(args, kExportUsage);
+  const std::string kExportUsage = usageLine("export");
+  auto options = parsePuzzleOptions(args, kExportUsage.c_str());
   if (!options) return kExitUsage;
   int chosen = 0;
   for (const Target& t : targets) chosen += t.present ? 1 : 0;
@@ -40,19 +37,25 @@ int exportCommand(const Arguments& arguments) {
   if (!requireFile(options->file)) return kExitUsage;
   CliSession cli(*options);
   Session& session = cli.session();
+  std::string path;
+  for (const Target& t : targets)
+    if (t.present) path = t.path;
+  // A target that cannot be written is told before the puzzle is read and
+  // solved, not after the solve has said it is done.
+  if (std::string problem = writeProblem(path); !problem.empty()) {
+    session.message(couldNotWriteText(path, FileResult::failure(problem)));
+    return kExitFailure;
+  }
   if (!readPuzzle(session, options->file, options->number)) return kExitUsage;
   SolverEngine(session).solveCommand();
 
-  bool written = false;
-  std::string path;
+  FileResult written;
   if (targets[3].present) {
-    path = targets[3].path;
     written = writeFileAtomically(path, reportText(session, withLog));
   } else {
     const ExportFormat format = targets[0].present ? ExportFormat::Csv
                                 : targets[1].present ? ExportFormat::Txt
                                                      : ExportFormat::Xls;
-    path = targets[0].present ? targets[0].path : targets[1].present ? targets[1].path : targets[2].path;
     if (!gridIsComplete(session)) {
       cli.session().message("There is no solution to save");
       return kExitFailure;
@@ -60,7 +63,7 @@ int exportCommand(const Arguments& arguments) {
     written = writeExport(session, format, path);
   }
   if (!written) {
-    session.message("Could not write file: " + path);
+    session.message(couldNotWriteText(path, written));
     return kExitFailure;
   }
   return gridSolved(session) ? kExitOk : kExitFailure;

@@ -7,6 +7,7 @@
 
 #include "cli/Batch.h"
 #include "cli/CliSupport.h"
+#include "cli/Usage.h"
 #include "model/CollectionFile.h"
 #include "solver/BitGrid.h"
 #include "solver/Grader.h"
@@ -17,24 +18,10 @@ namespace tessaly::cli {
 
 namespace {
 
-constexpr const char* kGradeUsage =
-    "tessaly-cli grade FILE [N] [--jobs J] [--techniques six|all|NAME,...]  (FILE - reads standard input)";
-
 int usageError(const std::string& text) {
   if (!text.empty()) std::cerr << "tessaly-cli: " << text << '\n';
-  std::cerr << "Usage: " << kGradeUsage << '\n';
+  std::cerr << "Usage: " << usageLine("grade") << '\n';
   return kExitUsage;
-}
-
-std::optional<int> wholeNumber(const std::string& text, int lowest) {
-  if (text.empty() || text.size() > 10) return std::nullopt;
-  long long n = 0;
-  for (char ch : text) {
-    if (ch < '0' || ch > '9') return std::nullopt;
-    n = n * 10 + (ch - '0');
-  }
-  if (n < lowest || n > 2000000000) return std::nullopt;
-  return int(n);
 }
 
 }  // namespace
@@ -44,12 +31,12 @@ std::optional<int> parseJobs(Arguments& args, bool& ok) {
   bool hasJobs = false;
   ok = takeOption(args, "--jobs", jobs, hasJobs);
   if (!ok || !hasJobs) return std::nullopt;
-  const auto n = wholeNumber(jobs, 1);
-  if (!n || *n > 1024) {
+  const auto n = wholeNumber(jobs, 1, 1024);
+  if (!n) {
     std::cerr << "tessaly-cli: --jobs needs a whole number from 1 to 1024\n";
     ok = false;
   }
-  return n;
+  return n ? std::optional<int>(int(*n)) : std::nullopt;
 }
 
 int gradeCommand(const Arguments& arguments) {
@@ -66,11 +53,11 @@ int gradeCommand(const Arguments& arguments) {
     if (file != "-" && !requireFile(file)) return kExitUsage;
     return runBatch(file, jobs.value_or(0), *techniques);
   }
-  const auto number = wholeNumber(args[1], 1);
+  const auto number = wholeNumber(args[1], 1, 2000000000);
   if (!number) return usageError("the puzzle number must be 1 or more");
   if (!requireFile(file)) return kExitUsage;
   const CollectionScan scan = scanCollection(file);
-  if (scan.problem == CollectionScan::Problem::TooLarge || scan.problem == CollectionScan::Problem::Binary) {
+  if (scan.refused()) {
     std::cerr << "tessaly-cli: " << collectionProblemText(scan, file) << '\n';
     return kExitUsage;
   }

@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "cli/CliSupport.h"
+#include "cli/Usage.h"
 #include "play/Hints.h"
 #include "play/NextStep.h"
 #include "solver/ReadPuzzle.h"
@@ -14,12 +15,8 @@
 namespace tessaly::cli {
 
 namespace {
-constexpr const char* kHintUsage =
-    "tessaly-cli hint FILE N --rule 1|2|3|4|5|6|all|cell|next [--seed S] [--rule-order S] [--max-tries N] "
-    "[--techniques six|all|NAME,...]";
-
 int hintUsageError(const std::string& text) {
-  std::cerr << "tessaly-cli: " << text << "\nUsage: " << kHintUsage << '\n';
+  std::cerr << "tessaly-cli: " << text << "\nUsage: " << usageLine("hint") << '\n';
   return kExitUsage;
 }
 }  // namespace
@@ -44,7 +41,7 @@ int hintCommand(const Arguments& arguments) {
   else
     return hintUsageError("--rule takes 1 to 6, all, cell or next");
 
-  auto options = parsePuzzleOptions(args, kHintUsage);
+  auto options = parsePuzzleOptions(args, usageLine("hint").c_str());
   if (!options) return kExitUsage;
   if (!args.empty()) return hintUsageError("unexpected argument '" + args[0] + "'");
   if (!requireFile(options->file)) return kExitUsage;

@@ -6,16 +6,12 @@
 #include <iostream>
 
 #include "cli/CliSupport.h"
+#include "cli/Usage.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly::cli {
 
-namespace {
-constexpr const char* kSolveUsage =
-    "tessaly-cli solve FILE N [--raw] [--run start|solve] [--seed S] [--rule-order S] [--max-tries N] "
-    "[--board-at K]";
-}
 
 int solveCommand(const Arguments& arguments) {
   Arguments args = arguments;
@@ -34,7 +30,8 @@ int solveCommand(const Arguments& arguments) {
     std::cerr << "tessaly-cli: --board-at needs a whole number\n";
     return kExitUsage;
   }
-  auto options = parsePuzzleOptions(args, kSolveUsage);
+  const std::string kSolveUsage = usageLine("solve");
+  auto options = parsePuzzleOptions(args, kSolveUsage.c_str());
   if (!options) return kExitUsage;
   if (!args.empty()) {
     std::cerr << "tessaly-cli: unexpected argument '" << args[0] << "'\nUsage: " << kSolveUsage << '\n';
@@ -52,7 +49,9 @@ int solveCommand(const Arguments& arguments) {
     return printBoardAtLine(session, boardLine);
   };
   if (!readPuzzle(session, options->file, options->number)) {
-    print();
+    // A puzzle that was read but failed its checks is shown as it stands; one
+    // that was never read leaves nothing to show.
+    if (session.collection.CurrentPuzzleNumber != 0) print();
     return kExitUsage;
   }
   SolverEngine engine(session);

@@ -4,11 +4,14 @@
 #include <iomanip>
 #include <iostream>
 #include <span>
+#include <sstream>
 #include <string>
 #include <string_view>
 
 #include "Version.h"
+#include "cli/CliSupport.h"
 #include "cli/Commands.h"
+#include "cli/Usage.h"
 
 namespace tessaly::cli {
 namespace {
@@ -45,9 +48,22 @@ void printUsage(std::ostream& out) {
   }
 }
 
-int helpCommand(const Arguments&) {
-  printUsage(std::cout);
-  return kExitOk;
+// help: the usage text with every command's options; help COMMAND: that
+// command's usage alone.
+int helpCommand(const Arguments& args) {
+  std::ostringstream text;
+  if (!args.empty() && args[0] != "--help" && args[0] != "-h") {
+    const CommandUsage* usage = commandUsage(args[0]);
+    if (usage == nullptr) {
+      std::cerr << kProgramName << ": unknown command '" << args[0] << "'; see '" << kProgramName << " --help'\n";
+      return kExitUsage;
+    }
+    printCommandHelp(text, *usage);
+  } else {
+    printUsage(text);
+    printAllCommandHelp(text);
+  }
+  return writeOut(text.str()) ? kExitOk : kExitFailure;
 }
 
 const CommandEntry* findCommand(std::string_view name) {
@@ -67,8 +83,9 @@ int runCommandLine(std::span<char*> argv) {
   const std::string_view first = argv[1];
   if (first == "--help" || first == "-h") return helpCommand({});
   if (first == "--version") {
-    std::cout << kProgramName << ' ' << kProgramVersion << '\n';
-    return kExitOk;
+    std::ostringstream text;
+    text << kProgramName << ' ' << kProgramVersion << '\n';
+    return writeOut(text.str()) ? kExitOk : kExitFailure;
   }
   const CommandEntry* command = findCommand(first);
   if (command == nullptr) {
@@ -77,7 +94,14 @@ int runCommandLine(std::span<char*> argv) {
     return kExitUsage;
   }
   const Arguments args(argv.begin() + 2, argv.end());
-  return command->run(args);
+  if (command->run != helpCommand)
+    if (const std::optional<int> help = answerHelp(args, command->name)) return *help;
+  const int status = command->run(args);
+  // Whatever the command wrote must have reached its destination: a full disk
+  // or a closed pipe is an error, not a success.
+  // (A command that failed has told its own fault already.)
+  if (status == kExitOk && !writeOut("")) return kExitFailure;
+  return status;
 }
 
 }  // namespace tessaly::cli

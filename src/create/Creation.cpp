@@ -92,7 +92,7 @@ std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateRe
     // scratch log of what was created, not a collection to navigate.
     if (!s.folders.userData.empty()) makeFolder(s.folders.userData);
     const std::string path = tempCollectionPath(s);
-    if (!appendFileAtomically(path, tempRecord())) s.message("Could not write file: " + path);
+    if (const FileResult written = appendToFile(path, tempRecord()); !written) s.message(couldNotWriteText(path, written));
 
     s.PuzNumNow = kNewPuzzleNumber;
     s.collection.boardFromFile = false;

@@ -7,13 +7,11 @@ namespace tessaly {
 
 namespace {
 
-std::string couldNotWrite(const std::string& path) { return "Could not write file: " + path; }
-
 /// Asks, writes the givens and tells the user. True when written.
 bool askAndSave(Session& session) {
   if (!session.ui().question(kSaveQuestion)) return false;
-  if (!saveGridToFile(session, session.collection.CurrentFile)) {
-    session.message(couldNotWrite(session.collection.CurrentFile));
+  if (const FileResult written = saveGridToFile(session, session.collection.CurrentFile); !written) {
+    session.message(couldNotWriteText(session.collection.CurrentFile, written));
     return false;
   }
   session.message(puzzleAddedMessage(session.collection.TotalPuzzles, session.collection.CurrentFile));
@@ -64,10 +62,10 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
       // Only a puzzle that was actually made is saved: a refused blank count or
       // a run that gave up leaves nothing new on the grid.
       if (created.created()) {
-        if (!saveGridToFile(session, session.collection.CurrentFile)) {
+        if (const FileResult written = saveGridToFile(session, session.collection.CurrentFile); !written) {
           result.writeFailed = true;
           show(request.NumCreate);
-          session.message(couldNotWrite(session.collection.CurrentFile));
+          session.message(couldNotWriteText(session.collection.CurrentFile, written));
           return result;
         }
         ++result.saved;

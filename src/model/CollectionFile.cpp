@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <fstream>
+#include <array>
+
+#include <sys/stat.h>
 
 #include "model/FileUtil.h"
+#include "model/LineReader.h"
 #include "model/Session.h"
 #include "model/Text.h"
 
@@ -41,39 +45,9 @@ bool looksBinary(std::string_view head) {
   return controls * 16 > head.size();
 }
 
-// Calls take(lineNumber, line) for every line of the file, read a line at a
-// time; CR LF, LF and CR all end a line. False when the file cannot be read.
-template <typename Take>
-bool forEachLine(const std::string& path, Take take) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  std::string line;
-  int number = 0;
-  char buffer[1 << 16];
-  bool pendingCr = false;
-  while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
-    const std::streamsize got = in.gcount();
-    for (std::streamsize i = 0; i < got; ++i) {
-      const char ch = buffer[i];
-      if (pendingCr && ch == '\n') {
-        pendingCr = false;
-        continue;
-      }
-      pendingCr = false;
-      if (ch == '\r' || ch == '\n') {
-        pendingCr = ch == '\r';
-        if (!take(++number, std::string_view(line))) return true;
-        line.clear();
-      } else {
-        line.push_back(ch);
-      }
-    }
-  }
-  if (!line.empty()) take(++number, std::string_view(line));
-  return true;
-}
-
 // The grid form: nine good rows among the lines, nothing else but blank lines.
+// The program's own TXT export reads as one: its "PUZZLE" line comes first and
+// its "SOLUTION" line and solution rows after the nine rows are passed over.
 struct GridRead {
   std::string cells;  // 81 cells when good
   int badLine = 0;
@@ -82,7 +56,10 @@ GridRead readGrid(const std::vector<std::string>& lines) {
   GridRead read;
   int rows = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (trimmedView(lines[i]).empty()) continue;
+    const std::string_view t = trimmedView(lines[i]);
+    if (t.empty()) continue;
+    if (rows == 0 && t == "PUZZLE") continue;
+    if (rows == 9 && t == "SOLUTION") break;
     const auto row = parseGridRow(lines[i]);
     if (!row || rows == 9) {
       read.badLine = int(i) + 1;
@@ -101,10 +78,12 @@ GridRead readGrid(const std::vector<std::string>& lines) {
 
 // The head of the file decides its form: the first line that is neither blank
 // nor a "#" line is a puzzle line when it is long (a row of the numbered form
-// has nine cells); a file without "#" lines whose first line is a grid row is a
-// single grid.
+// has nine cells); a file without "#" lines is one-per-line when a puzzle line
+// follows a title, and a single grid (or TXT export) when its first line is a
+// grid row or "PUZZLE".
 CollectionForm formOf(std::string_view head, bool wholeFile) {
   bool headers = false;
+  bool puzzleLine = false;
   std::optional<std::string_view> first;
   std::size_t start = 0;
   while (start < head.size()) {
@@ -113,27 +92,17 @@ CollectionForm formOf(std::string_view head, bool wholeFile) {
     const std::string_view line = head.substr(start, end - start);
     start = end + 1;
     if (!line.empty() && line.front() == '#') headers = true;
-    if (!first && !isSkippedLine(line)) {
+    if (isSkippedLine(line)) continue;
+    if (!first) {
       if (trimmedView(line).size() >= 40) return CollectionForm::OnePerLine;
       first = line;
     }
+    if (!puzzleLine && parsePuzzleLine(trimmedView(line))) puzzleLine = true;
   }
-  if (!headers && wholeFile && first && parseGridRow(*first)) return CollectionForm::SingleGrid;
+  if (!headers && puzzleLine) return CollectionForm::OnePerLine;
+  if (!headers && wholeFile && first && (parseGridRow(*first) || trimmedView(*first) == "PUZZLE"))
+    return CollectionForm::SingleGrid;
   return CollectionForm::Numbered;
-}
-
-// Puzzle n (1-based) of a one-per-line file, as 81 cells.
-std::optional<std::string> nthPuzzleLine(const std::string& path, int n) {
-  std::optional<std::string> found;
-  int good = 0;
-  forEachLine(path, [&](int, std::string_view line) {
-    if (isSkippedLine(line)) return true;
-    auto puzzle = parsePuzzleLine(line);
-    if (!puzzle || ++good != n) return true;
-    found = std::move(puzzle);
-    return false;
-  });
-  return found;
 }
 
 std::vector<std::string> rowsOf(const std::string& cells) {
@@ -211,63 +180,100 @@ PuzzleTextParse parsePuzzleText(std::string_view text) {
   return result;
 }
 
-CollectionScan scanCollection(const std::string& path) {
-  CollectionScan scan;
+namespace {
+// The identity of a file's content as far as the system tells it: its size,
+// its last change and its inode. An index taken with the same identity is
+// still good.
+std::array<long long, 3> identityOf(const std::string& path) {
+  struct stat st {};
+  if (::stat(path.c_str(), &st) != 0) return {-1, 0, 0};
+  return {static_cast<long long>(st.st_size),
+          static_cast<long long>(st.st_mtim.tv_sec) * 1000000000LL + st.st_mtim.tv_nsec,
+          static_cast<long long>(st.st_ino)};
+}
+}  // namespace
+
+bool CollectionIndex::current() const {
+  const auto now = identityOf(m_path);
+  return !m_path.empty() && now[0] == m_identity[0] && now[1] == m_identity[1] && now[2] == m_identity[2];
+}
+
+CollectionIndex indexCollection(const std::string& path) {
+  CollectionIndex index;
+  index.m_path = path;
+  CollectionScan& scan = index.scan;
+  const auto identity = identityOf(path);
+  std::copy(identity.begin(), identity.end(), index.m_identity);
+  if (std::string problem = readProblem(path); !problem.empty()) {
+    // A missing file is "no collection"; anything else is told with its reason.
+    if (problem != "no such file") {
+      scan.problem = CollectionScan::Problem::NotAFile;
+      scan.reason = problem;
+    }
+    return index;
+  }
   const long long length = fileLength(path);
-  if (length < 0) return scan;
+  if (length < 0) return index;
   if (length > kMaxCollectionBytes) {
     scan.problem = CollectionScan::Problem::TooLarge;
-    return scan;
+    return index;
   }
-  std::string head;
-  {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return scan;
-    head.resize(kHeadBytes);
-    in.read(head.data(), std::streamsize(head.size()));
-    head.resize(std::size_t(in.gcount()));
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return index;
+  std::string head(kHeadBytes, '\0');
+  in.read(head.data(), std::streamsize(head.size()));
+  head.resize(std::size_t(in.gcount()));
+  const bool wholeFile = std::size_t(length) == head.size();
+  if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF")) {
+    scan.problem = CollectionScan::Problem::Utf16;
+    return index;
   }
+  if (head.starts_with("\xEF\xBB\xBF")) head.erase(0, 3);
   if (looksBinary(head)) {
     scan.problem = CollectionScan::Problem::Binary;
-    return scan;
+    return index;
   }
   scan.problem = CollectionScan::Problem::None;
-  scan.form = formOf(head, std::size_t(length) == head.size());
-  switch (scan.form) {
-    case CollectionForm::Numbered: {
-      auto content = readWholeFile(path);
-      if (!content) {
-        scan.problem = CollectionScan::Problem::Unreadable;
-        return scan;
-      }
-      for (const std::string& line : splitLines(*content))
-        if (!line.empty() && line[0] == '#') ++scan.puzzles;
-      break;
+  scan.form = formOf(head, wholeFile);
+  if (scan.form == CollectionForm::SingleGrid) {
+    const GridRead grid = readGrid(splitLines(head));
+    if (grid.cells.empty()) {
+      scan.badLines = 1;
+      scan.firstBadLine = grid.badLine;
+    } else {
+      scan.puzzles = 1;
+      index.starts.push_back(0);
     }
-    case CollectionForm::OnePerLine:
-      forEachLine(path, [&](int number, std::string_view line) {
-        if (isSkippedLine(line)) return true;
-        if (parsePuzzleLine(line)) {
-          ++scan.puzzles;
-        } else if (scan.badLines++ == 0) {
-          scan.firstBadLine = number;
-        }
-        return true;
-      });
-      break;
-    case CollectionForm::SingleGrid: {
-      const GridRead grid = readGrid(splitLines(head));
-      if (grid.cells.empty()) {
-        scan.badLines = 1;
-        scan.firstBadLine = grid.badLine;
-      } else {
-        scan.puzzles = 1;
-      }
-      break;
+    return index;
+  }
+  in.clear();
+  in.seekg(0);
+  LineReader lines(in, 128);
+  while (lines.next()) {
+    const std::string_view line = lines.line();
+    if (scan.form == CollectionForm::Numbered) {
+      if (!line.empty() && line.front() == '#') index.starts.push_back(lines.offset());
+      continue;
+    }
+    if (isSkippedLine(line)) continue;
+    if (parsePuzzleLine(line)) {
+      index.starts.push_back(lines.offset());
+    } else if (scan.badLines++ == 0) {
+      scan.firstBadLine = lines.number();
     }
   }
-  return scan;
+  if (!lines.isText()) {
+    // A NUL byte past the head.
+    scan = CollectionScan{};
+    scan.problem = CollectionScan::Problem::Binary;
+    index.starts.clear();
+    return index;
+  }
+  scan.puzzles = int(index.starts.size());
+  return index;
 }
+
+CollectionScan scanCollection(const std::string& path) { return indexCollection(path).scan; }
 
 std::string collectionProblemText(const CollectionScan& scan, const std::string& path) {
   switch (scan.problem) {
@@ -275,6 +281,9 @@ std::string collectionProblemText(const CollectionScan& scan, const std::string&
       return path + " is too large to read as a puzzle collection (more than " +
              std::to_string(kMaxCollectionBytes / (1024 * 1024)) + " MB)";
     case CollectionScan::Problem::Binary: return path + " is not a text file of puzzles";
+    case CollectionScan::Problem::Utf16:
+      return path + " is UTF-16 text; puzzle files are read as ASCII or UTF-8";
+    case CollectionScan::Problem::NotAFile: return couldNotReadText(path, scan.reason);
     case CollectionScan::Problem::Unreadable:
     case CollectionScan::Problem::None: break;
   }
@@ -292,28 +301,57 @@ int countPuzzles(const std::string& path) {
   return scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
 }
 
-namespace {
-PuzzleRowsRead readNumberedRows(const std::string& path, int n) {
+PuzzleRowsRead readPuzzleRows(const CollectionIndex& index, int n) {
   PuzzleRowsRead result;
-  auto content = readWholeFile(path);
-  if (!content) return result;
-  std::vector<std::string> lines = splitLines(*content);
-  int headers = 0;
-  std::size_t i = 0;
-  for (; i < lines.size(); ++i) {
-    if (!lines[i].empty() && lines[i][0] == '#') ++headers;
-    if (headers == n) break;
-  }
-  if (headers != n || i >= lines.size()) {
+  if (index.scan.problem != CollectionScan::Problem::None) return result;
+  if (n < 1 || std::size_t(n) > index.starts.size()) {
     result.status = PuzzleRowsRead::Status::NotFound;
     return result;
   }
-  if (lines.size() - i - 1 < 9) {
-    result.status = PuzzleRowsRead::Status::Incomplete;
+  std::ifstream in(index.path(), std::ios::binary);
+  if (!in) return result;
+  if (index.scan.form == CollectionForm::SingleGrid) {
+    std::string content(std::size_t(kHeadBytes), '\0');
+    in.read(content.data(), std::streamsize(content.size()));
+    content.resize(std::size_t(in.gcount()));
+    if (content.starts_with("\xEF\xBB\xBF")) content.erase(0, 3);
+    GridRead grid = readGrid(splitLines(content));
+    if (grid.cells.empty()) {
+      result.status = PuzzleRowsRead::Status::NotFound;
+      return result;
+    }
+    result.rows = rowsOf(grid.cells);
+    result.status = PuzzleRowsRead::Status::Found;
     return result;
   }
-  for (std::size_t k = 1; k <= 9; ++k) {
-    std::string row = lines[i + k];
+  in.seekg(std::streamoff(index.starts[std::size_t(n - 1)]));
+  LineReader lines(in, 128);
+  if (!lines.next()) {
+    // The file was cut after it was indexed.
+    result.status = PuzzleRowsRead::Status::NotFound;
+    return result;
+  }
+  if (index.scan.form == CollectionForm::OnePerLine) {
+    const auto cells = parsePuzzleLine(lines.line());
+    if (!cells) {
+      result.status = PuzzleRowsRead::Status::NotFound;
+      return result;
+    }
+    result.rows = rowsOf(*cells);
+    result.status = PuzzleRowsRead::Status::Found;
+    return result;
+  }
+  if (lines.line().empty() || lines.line().front() != '#') {
+    result.status = PuzzleRowsRead::Status::NotFound;
+    return result;
+  }
+  for (int k = 1; k <= 9; ++k) {
+    if (!lines.next()) {
+      result.rows.clear();
+      result.status = PuzzleRowsRead::Status::Incomplete;
+      return result;
+    }
+    std::string row(lines.line());
     std::replace(row.begin(), row.end(), '.', '0');
     std::replace(row.begin(), row.end(), ' ', '0');
     result.rows.push_back(std::move(row));
@@ -321,59 +359,126 @@ PuzzleRowsRead readNumberedRows(const std::string& path, int n) {
   result.status = PuzzleRowsRead::Status::Found;
   return result;
 }
+
+PuzzleRowsRead readPuzzleRows(const std::string& path, int n) { return readPuzzleRows(indexCollection(path), n); }
+
+namespace {
+
+// The problems of one puzzle's 81 cells: a given repeated in a row, column or box.
+bool givensRepeat(const std::string& cells) {
+  for (int i = 0; i < 81; ++i) {
+    if (cells[std::size_t(i)] < '1' || cells[std::size_t(i)] > '9') continue;
+    for (int j = i + 1; j < 81; ++j) {
+      if (cells[std::size_t(j)] != cells[std::size_t(i)]) continue;
+      const bool row = i / 9 == j / 9, column = i % 9 == j % 9;
+      const bool box = (i / 27 == j / 27) && ((i % 9) / 3 == (j % 9) / 3);
+      if (row || column || box) return true;
+    }
+  }
+  return false;
+}
+
+constexpr const char* kRepeatText = "a given repeats in a row, column or box";
+
+// What is wrong with one row line of the numbered form, as the read takes it
+// (the first nine characters; digits are givens, anything else a blank).
+std::string rowProblem(std::string_view row, std::uint64_t length) {
+  if (length < 9) return "has " + std::to_string(length) + " characters, a row has nine (padded with blanks)";
+  if (length > 9) return "has " + std::to_string(length) + " characters, a row has nine (the rest is not read)";
+  for (char ch : row)
+    if (!((ch >= '0' && ch <= '9') || ch == '.' || ch == ' '))
+      return std::string("holds '") + ch + "', read as a blank";
+  return {};
+}
+
 }  // namespace
 
-PuzzleRowsRead readPuzzleRows(const std::string& path, int n) {
-  const CollectionScan scan = scanCollection(path);
-  PuzzleRowsRead result;
-  if (scan.problem != CollectionScan::Problem::None) return result;
-  std::optional<std::string> cells;
-  switch (scan.form) {
-    case CollectionForm::Numbered: return readNumberedRows(path, n);
-    case CollectionForm::OnePerLine: cells = n >= 1 ? nthPuzzleLine(path, n) : std::nullopt; break;
-    case CollectionForm::SingleGrid:
-      if (n == 1 && scan.puzzles == 1) {
-        auto content = readWholeFile(path);
-        if (content) {
-          GridRead grid = readGrid(splitLines(*content));
-          if (!grid.cells.empty()) cells = std::move(grid.cells);
-        }
+std::string puzzleLineProblem(std::string_view line, std::uint64_t length) {
+  const auto cut = line.find_first_of(" \t,;#");
+  const std::uint64_t cells = cut == std::string_view::npos ? length : cut;
+  if (cells != 81) return "a puzzle line has 81 cells, this one has " + std::to_string(cells);
+  for (char ch : line.substr(0, 81))
+    if (!isCell(ch)) return std::string("'") + ch + "' is not a cell (1 to 9 for a given; '.', '0' or '-' for a blank)";
+  return "not a puzzle line";
+}
+
+CollectionCheck checkCollection(const std::string& path) {
+  CollectionCheck check;
+  check.scan = scanCollection(path);
+  if (check.scan.problem != CollectionScan::Problem::None) return check;
+  const auto add = [&](int line, int puzzle, std::string text) {
+    check.problems.push_back(RecordProblem{line, puzzle, std::move(text)});
+  };
+  std::ifstream in(path, std::ios::binary);
+  LineReader lines(in, 128);
+  if (check.scan.form == CollectionForm::SingleGrid) {
+    if (check.scan.puzzles == 0) {
+      add(check.scan.firstBadLine, 0, "does not fit a grid of nine lines of nine cells");
+    } else if (const PuzzleRowsRead read = readPuzzleRows(path, 1); read.status == PuzzleRowsRead::Status::Found) {
+      std::string cells;
+      for (const std::string& row : read.rows) cells += row;
+      if (givensRepeat(cells)) add(1, 1, kRepeatText);
+    }
+    return check;
+  }
+  if (check.scan.form == CollectionForm::OnePerLine) {
+    int puzzle = 0;
+    while (lines.next()) {
+      const std::string_view line = lines.line();
+      if (isSkippedLine(line)) continue;
+      const auto cells = parsePuzzleLine(line);
+      if (!cells) {
+        add(lines.number(), 0, puzzleLineProblem(trimmedView(line), lines.length()));
+        continue;
       }
+      ++puzzle;
+      if (givensRepeat(*cells)) add(lines.number(), puzzle, kRepeatText);
+    }
+    return check;
+  }
+  // Numbered: each "#" line and the nine lines the read takes after it.
+  int puzzle = 0;
+  bool haveLine = lines.next();
+  while (haveLine) {
+    if (lines.line().empty() || lines.line().front() != '#') {
+      haveLine = lines.next();
+      continue;
+    }
+    ++puzzle;
+    const int header = lines.number();
+    std::string cells;
+    int rows = 0;
+    bool nextHeaderRead = false;
+    while (rows < 9 && (haveLine = lines.next())) {
+      const std::string_view row = lines.line();
+      if (!row.empty() && row.front() == '#') {
+        // The next puzzle's "#" line is read as a row of this one.
+        add(lines.number(), puzzle, "has only " + std::to_string(rows) + " rows before the next \"#\" line");
+        nextHeaderRead = true;
+        break;
+      }
+      if (std::string problem = rowProblem(row, lines.length()); !problem.empty())
+        add(lines.number(), puzzle, "row " + std::to_string(rows + 1) + " " + problem);
+      std::string cellsOfRow(row.substr(0, 9));
+      cellsOfRow.resize(9, '0');
+      for (char& ch : cellsOfRow)
+        if (ch < '1' || ch > '9') ch = '0';
+      cells += cellsOfRow;
+      ++rows;
+    }
+    if (nextHeaderRead) continue;
+    if (rows < 9) {
+      add(header, puzzle, "has only " + std::to_string(rows) + " rows; the file ends");
       break;
+    }
+    if (givensRepeat(cells)) add(header, puzzle, kRepeatText);
+    haveLine = lines.next();
   }
-  if (!cells) {
-    result.status = PuzzleRowsRead::Status::NotFound;
-    return result;
-  }
-  result.rows = rowsOf(*cells);
-  result.status = PuzzleRowsRead::Status::Found;
-  return result;
+  return check;
 }
 
 namespace {
-// The line end the file already uses: that of its first line, else LF.
-std::string_view lineEndOf(std::string_view content) {
-  const auto at = content.find_first_of("\r\n");
-  if (at == std::string_view::npos || content[at] == '\n') return "\n";
-  return at + 1 < content.size() && content[at + 1] == '\n' ? "\r\n" : "\r";
-}
-
-// A one-per-line file takes the puzzle as one more line of 81 cells, so it
-// keeps its form and the new puzzle is its last.
-std::optional<int> appendPuzzleLine(const std::string& path, const CollectionScan& scan, const std::string& text) {
-  auto content = readWholeFile(path);
-  if (!content) return std::nullopt;
-  const std::string_view lineEnd = lineEndOf(*content);
-  if (!content->empty() && content->back() != '\n' && content->back() != '\r') *content += lineEnd;
-  *content += text.substr(0, std::size_t(kCells));
-  *content += lineEnd;
-  if (!writeFileAtomically(path, *content)) return std::nullopt;
-  return scan.puzzles + 1;
-}
-}  // namespace
-
-namespace {
-/// The numbered form's record of a puzzle: its "#" line and nine rows.
+// The numbered form's record of a puzzle: its "#" line and nine rows.
 std::string numberedRecord(int number, const std::string& text) {
   std::string out = "#" + std::to_string(number) + "\r\n";
   for (int r = 0; r < 9; ++r) {
@@ -382,33 +487,78 @@ std::string numberedRecord(int number, const std::string& text) {
   }
   return out;
 }
+
+// The last byte of the file and the line end its first line uses.
+struct FileEnd {
+  bool empty = true;
+  bool endsWithLineEnd = true;
+  std::string lineEnd = "\n";
+};
+FileEnd fileEndOf(const std::string& path) {
+  FileEnd end;
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return end;
+  LineReader lines(in, 0);
+  if (lines.next()) {
+    end.empty = false;
+    end.lineEnd = std::string(lines.firstLineEnd());
+  }
+  in.clear();
+  in.seekg(-1, std::ios::end);
+  char last = '\n';
+  if (in.get(last)) end.endsWithLineEnd = last == '\n' || last == '\r';
+  return end;
+}
 }  // namespace
 
-std::optional<int> appendPuzzle(const std::string& path, const std::string& text) {
+std::optional<int> appendPuzzle(const std::string& path, const std::string& text, FileResult* why) {
+  FileResult ignored;
+  FileResult& result = why ? *why : ignored;
+  // The lock is held from the count to the write, so two programs appending
+  // at once number their puzzles one after the other.
+  LockedAppendFile file(path);
+  if (!file.opened()) {
+    result = file.opened();
+    return std::nullopt;
+  }
+  const CollectionScan scan = scanCollection(path);
+  const FileEnd end = fileEndOf(path);
+  if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine) {
+    // A one-per-line file takes the puzzle as one more line of 81 cells, so it
+    // keeps its form and the new puzzle is its last.
+    std::string out = end.endsWithLineEnd ? "" : end.lineEnd;
+    out += text.substr(0, std::size_t(kCells));
+    out += end.lineEnd;
+    result = file.append(out);
+    if (!result) return std::nullopt;
+    return scan.puzzles + 1;
+  }
+  if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::SingleGrid &&
+      scan.puzzles == 1) {
+    // A second puzzle turns the grid into a numbered collection of two; a
+    // "#" record after the bare grid would hide the grid from every read.
+    const PuzzleRowsRead grid = readPuzzleRows(path, 1);
+    if (grid.status != PuzzleRowsRead::Status::Found) {
+      result = FileResult::failure("the grid in the file could not be read again");
+      return std::nullopt;
+    }
+    std::string rows;
+    for (const std::string& row : grid.rows) rows += row;
+    std::replace(rows.begin(), rows.end(), '0', '.');
+    result = writeFileAtomically(path, numberedRecord(1, rows) + "\r\n" + numberedRecord(2, text));
+    if (!result) return std::nullopt;
+    return 2;
+  }
   int count = 0;
   std::string out;
-  if (fileLength(path) > 0) {
-    const CollectionScan scan = scanCollection(path);
-    if (scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine)
-      return appendPuzzleLine(path, scan, text);
-    if (scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::SingleGrid &&
-        scan.puzzles == 1) {
-      // A second puzzle turns the grid into a numbered collection of two; a
-      // "#" record after the bare grid would hide the grid from every read.
-      const PuzzleRowsRead grid = readPuzzleRows(path, 1);
-      if (grid.status != PuzzleRowsRead::Status::Found) return std::nullopt;
-      std::string rows;
-      for (const std::string& row : grid.rows) rows += row;
-      std::replace(rows.begin(), rows.end(), '0', '.');
-      if (!writeFileAtomically(path, numberedRecord(1, rows) + "\r\n" + numberedRecord(2, text))) return std::nullopt;
-      return 2;
-    }
-    count = countPuzzles(path);
+  if (!end.empty) {
+    count = scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
     out += "\r\n";
   }
   ++count;
   out += numberedRecord(count, text);
-  if (!appendFileAtomically(path, out)) return std::nullopt;
+  result = file.append(out);
+  if (!result) return std::nullopt;
   return count;
 }
 
@@ -422,11 +572,12 @@ std::string givensText(const Session& session) {
   return text;
 }
 
-bool saveGridToFile(Session& session, const std::string& path) {
+FileResult saveGridToFile(Session& session, const std::string& path) {
   std::string text = givensText(session);
   int blanks = int(std::count(text.begin(), text.end(), '.'));
-  auto count = appendPuzzle(path, text);
-  if (!count) return false;
+  FileResult written;
+  auto count = appendPuzzle(path, text, &written);
+  if (!count) return written;
   session.collection.TotalPuzzles = *count;
   session.collection.CurrentPuzzleNumber = *count;
   session.collection.boardFromFile = true;
@@ -437,7 +588,7 @@ bool saveGridToFile(Session& session, const std::string& path) {
   session.collection.boardAsRead = asRead;
   session.PuzNumNow = std::to_string(*count);
   session.setPuzzleTitle(*count, *count, blanks);
-  return true;
+  return {};
 }
 
 std::string gridCode(const Session& session) {

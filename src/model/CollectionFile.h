@@ -7,10 +7,13 @@
 // the end of the line or a comment; blank lines and "#" lines skipped), and a
 // file holding a single grid of nine lines of nine cells.
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "model/FileUtil.h"
 
 namespace tessaly {
 
@@ -27,16 +30,39 @@ enum class CollectionForm {
 
 /// What a look through a collection file found.
 struct CollectionScan {
-  enum class Problem { None, Unreadable, TooLarge, Binary };
+  /// Unreadable: no such file. NotAFile: a directory, device, FIFO or a file
+  /// that cannot be opened (`reason` says which).
+  enum class Problem { None, Unreadable, TooLarge, Binary, Utf16, NotAFile };
   Problem problem = Problem::Unreadable;
+  std::string reason;    ///< for NotAFile: the system's reason
   CollectionForm form = CollectionForm::Numbered;
   int puzzles = 0;       ///< puzzles in the file (for the numbered form: its "#" lines)
   int badLines = 0;      ///< lines skipped because they are not puzzles (not for the numbered form)
   int firstBadLine = 0;  ///< 1-based number of the first of them
+  /// The file is not read at all, with a message of its own (not for a missing file).
+  bool refused() const { return problem != Problem::None && problem != Problem::Unreadable; }
 };
-/// Finds the file's form and counts its puzzles. Reads a one-per-line file a
-/// line at a time; refuses files over kMaxCollectionBytes and binary files.
+/// Finds the file's form and counts its puzzles, reading it a line at a time
+/// (a UTF-8 byte-order mark passed over); refuses what is not a regular file,
+/// files over kMaxCollectionBytes, UTF-16 and binary files.
 CollectionScan scanCollection(const std::string& path);
+
+/// A collection looked through once: its scan and where each puzzle starts,
+/// so that reading puzzle N goes straight to it.
+class CollectionIndex {
+ public:
+  CollectionScan scan;
+  std::vector<std::uint64_t> starts;  ///< byte offset of each puzzle's first line
+  const std::string& path() const { return m_path; }
+  /// Whether the file is still the one indexed (same size, change time and inode).
+  bool current() const;
+
+ private:
+  friend CollectionIndex indexCollection(const std::string& path);
+  std::string m_path;
+  long long m_identity[3] = {-1, 0, 0};  ///< size, change time (ns) and inode when indexed
+};
+CollectionIndex indexCollection(const std::string& path);
 /// The message for a scan's problem or skipped lines; empty when there is none.
 std::string collectionProblemText(const CollectionScan& scan, const std::string& path);
 
@@ -70,21 +96,45 @@ struct PuzzleRowsRead {
 /// Finds puzzle n (1-based) and its nine row lines (for the other forms, the
 /// n-th good puzzle, its rows written with "0" for blanks).
 PuzzleRowsRead readPuzzleRows(const std::string& path, int n);
+/// The same through an index taken before (the file is not looked through again).
+PuzzleRowsRead readPuzzleRows(const CollectionIndex& index, int n);
+
+/// A damaged record found by checkCollection.
+struct RecordProblem {
+  int line = 0;    ///< 1-based line of the file
+  int puzzle = 0;  ///< the puzzle's number as read, 0 for a line that is not read as one
+  std::string text;
+  bool operator==(const RecordProblem&) const = default;
+};
+/// Every record a read would take differently from what it holds: a row
+/// short or long, characters read as blanks, a record cut short, a line of a
+/// one-per-line file that is skipped, givens that repeat. Reading itself is
+/// unchanged; this only finds such records.
+struct CollectionCheck {
+  CollectionScan scan;
+  std::vector<RecordProblem> problems;
+};
+CollectionCheck checkCollection(const std::string& path);
+/// Why a line of the one-per-line form is not a puzzle line; `length` is its
+/// whole length when `line` was cut.
+std::string puzzleLineProblem(std::string_view line, std::uint64_t length);
 
 /// Appends a puzzle of 81 characters (digits, "." for blanks) under the next
 /// number, with an empty line before it unless the file is missing or empty;
 /// to a one-per-line file, as one more line of the 81 characters, with the
 /// file's own line end; a file of one bare grid is rewritten as a numbered
 /// collection of that grid and the new puzzle. Returns the number of the new
-/// puzzle, or nothing when writing failed.
-std::optional<int> appendPuzzle(const std::string& path, const std::string& text);
+/// puzzle, or nothing when writing failed (with the reason in `why`). Only the
+/// new record is written, under an exclusive lock held from counting the
+/// puzzles to the write.
+std::optional<int> appendPuzzle(const std::string& path, const std::string& text, FileResult* why = nullptr);
 
 /// The grid's givens as 81 characters: the digit of each given, "." elsewhere.
 std::string givensText(const Session& session);
 
 /// Appends the current grid's givens to the collection and makes the new puzzle
-/// the current one (number, title). False when the file could not be written.
-bool saveGridToFile(Session& session, const std::string& path);
+/// the current one (number, title). The reason when the file could not be written.
+FileResult saveGridToFile(Session& session, const std::string& path);
 
 /// The one-line code "NN=" + 81 values, "0" for a blank.
 std::string gridCode(const Session& session);

@@ -85,8 +85,9 @@ std::string configurationText(const Session& session) {
 bool writeConfiguration(Session& session) {
   std::string path = configurationPath(session);
   if (!session.folders.config.empty()) makeFolder(session.folders.config);
-  if (writeFileAtomically(path, configurationText(session))) return true;
-  session.message("Could not write file: " + path);
+  const FileResult written = writeFileAtomically(path, configurationText(session));
+  if (written) return true;
+  session.message(couldNotWriteText(path, written));
   return false;
 }
 

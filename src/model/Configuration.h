@@ -31,7 +31,7 @@ std::string configurationPath(const Session& session);
 void readConfiguration(Session& session);
 
 /// Writes Quorrel.cfg from session.config and the name part of CurrentFile.
-/// On failure shows "Could not write file: " + path and returns false.
+/// On failure shows "Could not write file: " + path with the reason and returns false.
 bool writeConfiguration(Session& session);
 
 /// The text of Quorrel.cfg for the session's values (what writeConfiguration writes).

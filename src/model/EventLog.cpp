@@ -25,7 +25,7 @@ int EventLog::searchBackward(std::string_view text, int from) const {
   return 0;
 }
 
-bool EventLog::writeTextFile(const std::string& path) const {
+FileResult EventLog::writeTextFile(const std::string& path) const {
   std::string out;
   int last = std::min(RecordedLineCount, TotalLines());
   for (int n = 1; n <= last; ++n) {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/FileUtil.h"
+
 namespace tessaly {
 
 /// The file the Solve command writes the log into.
@@ -53,8 +55,8 @@ class EventLog {
   /// The same going from `from` down to line 1.
   int searchBackward(std::string_view text, int from) const;
 
-  /// Writes the texts of lines 1..RecordedLineCount, CR LF each; false on error.
-  bool writeTextFile(const std::string& path) const;
+  /// Writes the texts of lines 1..RecordedLineCount, CR LF each; the reason on error.
+  FileResult writeTextFile(const std::string& path) const;
 
   /// Copied from TotalLines by the hint operation, reset by solve runs; bounds the
   /// forward search, Eventlog.txt and the printed log.

@@ -4,9 +4,11 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "model/CollectionFile.h"
 #include "model/Event.h"
 #include "model/EventLog.h"
 #include "model/Finding.h"
@@ -65,7 +67,7 @@ struct SolveRun {
   CandidateQueue candidateQueue;  ///< open cells, sorted by their placement key
   GuessStack guessStack;          ///< one level per guess still open to retraction
   /// Slot i (1..6) holds the rule applied i-th; slot 0 is unused.
-  std::array<int, 7> RuleTable{0, 2, 3, 4, 5, 6, 7};
+  std::array<int, kRuleCount + 1> RuleTable{0, 2, 3, 4, 5, 6, 7};
   int currentCell = 0;  ///< the cell the last placement coloured, 0 when none
   /// A new run: no queue, no guess levels, no placements or guesses counted.
   void begin() {
@@ -111,6 +113,9 @@ struct Collection {
   /// puzzles when the user was last told of them, so that reading another of
   /// its puzzles does not tell them again (a change to the file does).
   std::map<std::string, std::pair<int, int>> toldSkippedLines;
+  /// The collection as last looked through: Previous, Next and the number box
+  /// read from it while the file is unchanged.
+  std::optional<CollectionIndex> index;
 };
 
 /// Creation's blanking orders: permutations it shuffles before blanking cells.

@@ -115,8 +115,8 @@ struct BoardHistory {
 /// Times applied and total reductions of Rules 2 to 6 (index = rule number),
 /// and of the further techniques (index = Technique).
 struct RuleStatistics {
-  std::array<int, 7> timesApplied{};
-  std::array<int, 7> totalReductions{};
+  std::array<int, kRuleCount + 1> timesApplied{};
+  std::array<int, kRuleCount + 1> totalReductions{};
   std::array<int, kTechniqueCount> techniqueFound{};
   std::array<int, kTechniqueCount> techniqueReductions{};
   void reset() {

@@ -11,6 +11,9 @@
 
 namespace tessaly {
 
+/// The six numbered rules: the first techniques, always on.
+inline constexpr int kRuleCount = 6;
+
 /// Every technique the program knows, from the easiest to the hardest. The
 /// six rules come first (their finders are the rules themselves).
 enum class Technique : std::uint8_t {
@@ -165,7 +168,7 @@ class TechniqueSet {
   friend constexpr bool operator==(TechniqueSet, TechniqueSet) = default;
 
  private:
-  static constexpr std::uint64_t kRuleBits = (std::uint64_t(1) << 6) - 1;
+  static constexpr std::uint64_t kRuleBits = (std::uint64_t(1) << kRuleCount) - 1;
   constexpr explicit TechniqueSet(std::uint64_t bits) : m_bits(bits) {}
   std::uint64_t m_bits = kRuleBits;
 };

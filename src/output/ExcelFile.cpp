@@ -3,20 +3,15 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
-#include <unistd.h>
-
+#include "model/FileUtil.h"
 #include "model/GridTables.h"
 #include "model/Session.h"
 
 namespace tessaly {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::uint16_t kBeginOfFileRecord = 0x0009;
 constexpr std::uint16_t kBiffVersion = 2;
@@ -121,11 +116,10 @@ ExcelFile::~ExcelFile() {
 ExcelStatus ExcelFile::CreateFile(const std::string& FileName) {
   if (m_open) abandon();
   m_path = FileName;
-  m_tempPath = FileName + ".tmp" + std::to_string(::getpid());
-  m_failed = false;
-  m_out.open(m_tempPath, std::ios::binary | std::ios::trunc);
-  if (!m_out) {
-    m_out.clear();
+  m_data.clear();
+  m_written = {};
+  if (std::string problem = writeProblem(FileName); !problem.empty()) {
+    m_written = FileResult::failure(problem);
     return ExcelStatus::CannotCreate;
   }
   m_open = true;
@@ -138,40 +132,25 @@ ExcelStatus ExcelFile::CreateFile(const std::string& FileName) {
 ExcelStatus ExcelFile::CloseFile() {
   if (!m_open) return ExcelStatus::NotOpen;
   writeRecord(kEndOfFileRecord, {});
-  m_out.close();
   m_open = false;
-  if (m_out.fail()) m_failed = true;
-  m_out.clear();
-  std::error_code ec;
-  if (!m_failed) {
-    fs::rename(m_tempPath, m_path, ec);
-    if (!ec) return ExcelStatus::Ok;
-  }
-  fs::remove(m_tempPath, ec);
-  return ExcelStatus::WriteFailed;
+  // The records were gathered in memory: the file is written whole, through
+  // the writer every file of the program goes through.
+  m_written = writeFileAtomically(m_path, m_data);
+  m_data.clear();
+  return m_written ? ExcelStatus::Ok : ExcelStatus::WriteFailed;
 }
 
 void ExcelFile::abandon() {
   if (!m_open) return;
-  m_out.close();
-  m_out.clear();
+  m_data.clear();
   m_open = false;
-  std::error_code ec;
-  fs::remove(m_tempPath, ec);
 }
 
 ExcelStatus ExcelFile::writeRecord(std::uint16_t type, std::string_view data) {
   if (!m_open) return ExcelStatus::NotOpen;
-  std::string record;
-  record.reserve(4 + data.size());
-  putU16(record, type);
-  putU16(record, unsigned(data.size()));
-  record.append(data);
-  m_out.write(record.data(), std::streamsize(record.size()));
-  if (!m_out) {
-    m_failed = true;
-    return ExcelStatus::WriteFailed;
-  }
+  putU16(m_data, type);
+  putU16(m_data, unsigned(data.size()));
+  m_data.append(data);
   return ExcelStatus::Ok;
 }
 
@@ -259,9 +238,10 @@ ExcelStatus ExcelFile::writeFlag(std::uint16_t type, bool on) {
   return writeRecord(type, data);
 }
 
-bool writeXlsExport(const Session& session, const std::string& path) {
+FileResult writeXlsExport(const Session& session, const std::string& path) {
   ExcelFile xls;
-  bool ok = xls.CreateFile(path) == ExcelStatus::Ok;
+  if (xls.CreateFile(path) != ExcelStatus::Ok) return xls.written();
+  bool ok = true;
   auto check = [&ok](ExcelStatus s) { ok = ok && s == ExcelStatus::Ok; };
 
   check(xls.PrintGridLines(false));
@@ -289,9 +269,10 @@ bool writeXlsExport(const Session& session, const std::string& path) {
   if (!ok) {
     // A spreadsheet with records missing is worse than none.
     xls.abandon();
-    return false;
+    return FileResult::failure("a worksheet record could not be made");
   }
-  return xls.CloseFile() == ExcelStatus::Ok;
+  xls.CloseFile();
+  return xls.written();
 }
 
 }  // namespace tessaly

@@ -5,15 +5,16 @@
 // byte for byte, one byte per character (BIFF2 knows only single-byte character
 // codes), so callers pass single-byte text.
 //
-// The records go to a temporary file beside the target, which CloseFile renames
-// into place (replacing any earlier file of that name): a failure never leaves
-// a half-written spreadsheet behind.
+// The records are gathered in memory and CloseFile writes them through
+// writeFileAtomically (replacing any earlier file of that name): a failure
+// never leaves a half-written spreadsheet behind.
 
 #include <cstdint>
-#include <fstream>
 #include <string>
 #include <string_view>
 #include <variant>
+
+#include "model/FileUtil.h"
 
 namespace tessaly {
 
@@ -73,6 +74,8 @@ class ExcelFile {
   /// Writes the end-of-file record 0A 00 00 00, closes the file and renames it into place.
   ExcelStatus CloseFile();
   bool isOpen() const { return m_open; }
+  /// What the last CloseFile's write came to (the reason when it failed).
+  const FileResult& written() const { return m_written; }
   /// Drops the file being written: nothing is put in place, an earlier file stays.
   void abandon();
 
@@ -115,11 +118,10 @@ class ExcelFile {
   ExcelStatus writeRecord(std::uint16_t type, std::string_view data);
   ExcelStatus writeTextRecord(std::uint16_t type, const std::string& text);
 
-  std::ofstream m_out;
+  std::string m_data;  ///< the records so far, written whole when the file is closed
   std::string m_path;
-  std::string m_tempPath;
+  FileResult m_written;
   bool m_open = false;
-  bool m_failed = false;
 };
 
 /// `writeXlsExport`: the puzzle and its solution as a worksheet: "PUZZLE" in
@@ -127,6 +129,6 @@ class ExcelFile {
 /// columns 2..10, "SOLUTION" in row 13, and every cell's value in rows 15..23
 /// (0 for a cell still empty). Without grid lines, margins 1.5 inches, columns
 /// 1..10 six characters wide. False when the file could not be written.
-bool writeXlsExport(const Session& session, const std::string& path);
+FileResult writeXlsExport(const Session& session, const std::string& path);
 
 }  // namespace tessaly

@@ -55,8 +55,8 @@ bool saveAs(Session& session, const SaveKind& kind) {
   std::string path = chooseSaveFile(session, kind);
   if (path.empty()) return false;
   if (!confirmOverwrite(session, path)) return false;
-  if (!writeExport(session, kind.format, path)) {
-    session.message("Could not write file: " + path);
+  if (const FileResult written = writeExport(session, kind.format, path); !written) {
+    session.message(couldNotWriteText(path, written));
     return false;
   }
   session.message("Puzzle and its solution saved in file: " + path);
@@ -77,6 +77,32 @@ bool confirmOverwrite(Session& session, const std::string& path) {
   return session.ui().question("OverWrite file: " + path + " ?");
 }
 
+std::string eventLogText(const Session& session) {
+  std::string out;
+  for (int n = 1; n <= session.log.TotalLines(); ++n) {
+    out += session.log.text(n);
+    out += "\r\n";
+  }
+  return out;
+}
+
+bool saveEventLogAs(Session& session) {
+  if (session.log.TotalLines() == 0) {
+    session.message("The event log is empty");
+    return false;
+  }
+  const std::string path =
+      chooseSaveFile(session, SaveKind{"Select a file to save the event log", "*.txt", "Text Files", ExportFormat::Txt});
+  if (path.empty()) return false;
+  if (!confirmOverwrite(session, path)) return false;
+  if (const FileResult written = writeFileAtomically(path, eventLogText(session)); !written) {
+    session.message(couldNotWriteText(path, written));
+    return false;
+  }
+  session.message("Event log saved in file: " + path);
+  return true;
+}
+
 bool saveAsCsv(Session& session) { return saveAs(session, kCsv); }
 bool saveAsTxt(Session& session) { return saveAs(session, kTxt); }
 bool saveAsXls(Session& session) { return saveAs(session, kXls); }
@@ -90,7 +116,7 @@ std::optional<ExportFormat> exportFormatForPath(const std::string& path) {
   return std::nullopt;
 }
 
-bool writeExport(const Session& session, ExportFormat format, const std::string& path) {
+FileResult writeExport(const Session& session, ExportFormat format, const std::string& path) {
   switch (format) {
     case ExportFormat::Csv:
       return writeCsvExport(session, path);
@@ -99,7 +125,7 @@ bool writeExport(const Session& session, ExportFormat format, const std::string&
     case ExportFormat::Xls:
       return writeXlsExport(session, path);
   }
-  return false;
+  return FileResult::failure("unknown export format");
 }
 
 }  // namespace tessaly

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "model/FileUtil.h"
+
 namespace tessaly {
 
 class Session;
@@ -22,10 +24,19 @@ bool confirmOverwrite(Session& session, const std::string& path);
 /// the file chooser in save mode starting in the application directory
 /// (cancel stops silently), confirmOverwrite, the write, and
 /// "Puzzle and its solution saved in file: " + path. A failed write shows
-/// "Could not write file: " + path. True when a file was written.
+/// "Could not write file: " + path and the reason. True when a file was written.
 bool saveAsCsv(Session& session);
 bool saveAsTxt(Session& session);
 bool saveAsXls(Session& session);
+
+/// Every line of the event log as it is shown (its text, CR LF each), the
+/// lines a hint recorded and the rest alike.
+std::string eventLogText(const Session& session);
+/// File > Save log as...: the file chooser in save mode (*.txt; cancel stops
+/// silently), confirmOverwrite, the write through writeFileAtomically and
+/// "Event log saved in file: " + path, or "Could not write file: " + path and
+/// the reason. Eventlog.txt is not touched. True when a file was written.
+bool saveEventLogAs(Session& session);
 
 /// The export formats.
 enum class ExportFormat { Csv, Txt, Xls };
@@ -34,7 +45,7 @@ enum class ExportFormat { Csv, Txt, Xls };
 std::optional<ExportFormat> exportFormatForPath(const std::string& path);
 /// Writes the puzzle and its solution in the given format, without any dialog,
 /// check or message (the caller decides about incomplete grids and existing
-/// files). False when the file could not be written.
-bool writeExport(const Session& session, ExportFormat format, const std::string& path);
+/// files). The reason when the file could not be written.
+FileResult writeExport(const Session& session, ExportFormat format, const std::string& path);
 
 }  // namespace tessaly

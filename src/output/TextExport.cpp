@@ -92,11 +92,11 @@ std::string txtExportText(const Session& session) {
   return out;
 }
 
-bool writeCsvExport(const Session& session, const std::string& path) {
+FileResult writeCsvExport(const Session& session, const std::string& path) {
   return writeFileAtomically(path, csvExportText(session));
 }
 
-bool writeTxtExport(const Session& session, const std::string& path) {
+FileResult writeTxtExport(const Session& session, const std::string& path) {
   return writeFileAtomically(path, txtExportText(session));
 }
 
@@ -150,8 +150,8 @@ std::string reportFileName(int puzzleNumber, const TimeOfDay& time) {
 std::string printToTextFile(Session& session, bool includeLog) {
   const std::string name =
       pathIn(session.folders.output, reportFileName(session.collection.CurrentPuzzleNumber, session.clock().now()));
-  if (!writeFileAtomically(name, reportText(session, includeLog))) {
-    session.message("Could not write file: " + name);
+  if (const FileResult written = writeFileAtomically(name, reportText(session, includeLog)); !written) {
+    session.message(couldNotWriteText(name, written));
     return {};
   }
   session.message("Printed to: " + name);

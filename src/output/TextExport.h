@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "model/FileUtil.h"
 #include "model/Interfaces.h"
 
 namespace tessaly {
@@ -19,10 +20,10 @@ std::string csvExportText(const Session& session);
 /// "SOLUTION", nine rows of every cell's digit ("0" for a cell still empty).
 std::string txtExportText(const Session& session);
 
-/// Writes csvExportText to the file; false when it could not be written.
-bool writeCsvExport(const Session& session, const std::string& path);
-/// Writes txtExportText to the file; false when it could not be written.
-bool writeTxtExport(const Session& session, const std::string& path);
+/// Writes csvExportText to the file; the reason when it could not be written.
+FileResult writeCsvExport(const Session& session, const std::string& path);
+/// Writes txtExportText to the file; the reason when it could not be written.
+FileResult writeTxtExport(const Session& session, const std::string& path);
 
 /// The report: puzzle grid, optionally the event log up to its recorded line
 /// count, the solution grid and the closing line.
@@ -36,7 +37,8 @@ std::string reportFileName(int puzzleNumber, const TimeOfDay& time);
 /// `printToTextFile`: writes the report for the current puzzle into the current
 /// working folder under reportFileName(CurrentPuzzleNumber, clock now) and shows
 /// "Printed to: " + name. A report of the same puzzle within the same second
-/// overwrites the earlier one. On failure shows "Could not write file: " + name.
+/// overwrites the earlier one. On failure shows "Could not write file: " + name
+/// and the reason.
 /// Returns the file name, or "" when writing failed.
 std::string printToTextFile(Session& session, bool includeLog);
 

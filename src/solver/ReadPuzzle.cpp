@@ -50,10 +50,14 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
   SolverEngine engine(s);
   try {
     BusyPointer busy(s);
-    const CollectionScan scan = scanCollection(path);
+    // The file is looked through once; Previous, Next and the number box go
+    // straight to their puzzle until the file changes.
+    std::optional<CollectionIndex>& index = s.collection.index;
+    if (!index || index->path() != path || !index->current()) index = indexCollection(path);
+    const CollectionScan& scan = index->scan;
     const int total = scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
     s.collection.TotalPuzzles = total;
-    if (scan.problem == CollectionScan::Problem::TooLarge || scan.problem == CollectionScan::Problem::Binary) {
+    if (scan.refused()) {
       s.message(collectionProblemText(scan, path));
       return false;
     }
@@ -63,7 +67,7 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
       return false;
     }
     if (n == -1) n = total;
-    PuzzleRowsRead read = readPuzzleRows(path, n);
+    PuzzleRowsRead read = readPuzzleRows(*index, n);
     if (read.status == PuzzleRowsRead::Status::NotFound || read.status == PuzzleRowsRead::Status::Unreadable) {
       s.message("Puzzle number" + num(n) + " not found in file: " + path);
       return false;
@@ -121,6 +125,24 @@ bool readPuzzle(Session& s, const std::string& path, int n) {
   } catch (const RunStopped&) {
   }
   return false;
+}
+
+bool openCollection(Session& s, const std::string& path) {
+  CollectionIndex index = indexCollection(path);
+  const CollectionScan& scan = index.scan;
+  if (scan.refused()) {
+    s.message(collectionProblemText(scan, path));
+    return false;
+  }
+  if (scan.problem != CollectionScan::Problem::None || scan.puzzles == 0) {
+    if (scan.badLines > 0) s.message(collectionProblemText(scan, path));
+    s.message(path + " does not appear to have any puzzles");
+    return false;
+  }
+  s.collection.CurrentFile = path;
+  s.collection.index = std::move(index);
+  readPuzzle(s, path, 1);
+  return true;
 }
 
 void clearCommand(Session& s) {

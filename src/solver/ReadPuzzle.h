@@ -12,6 +12,12 @@ class Session;
 /// solve; false when it was not read or did not pass its checks.
 bool readPuzzle(Session& session, const std::string& path, int n);
 
+/// Open: makes the file the current collection and reads its first puzzle,
+/// when it is a collection with puzzles. A file that is refused or holds no
+/// puzzle is told as readPuzzle tells it and changes nothing: the collection,
+/// its count and the board stay as they were. True when the file was taken.
+bool openCollection(Session& session, const std::string& path);
+
 /// The Clear command: the puzzle back to its givens by reading it again. A
 /// puzzle created or typed in since has no file to come back from, so the user
 /// is asked before it gives way to the collection's puzzle. Nothing happens

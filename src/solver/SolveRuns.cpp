@@ -123,7 +123,7 @@ void SolverEngine::solveCommand() {
     // The recorded line count was set to 0 above and no run raises it, so the
     // file is written empty; only a hint records lines for it.
     const std::string logFile = pathIn(s.folders.output, kEventLogFileName);
-    if (!s.log.writeTextFile(logFile)) s.message("Could not write file: " + logFile);
+    if (const FileResult written = s.log.writeTextFile(logFile); !written) s.message(couldNotWriteText(logFile, written));
     s.message("Done");
     s.ui().setBusy(false);
   });

@@ -120,7 +120,7 @@ SolverEngine::Analysis SolverEngine::analyseGrid(AnalysisMode mode) {
 }
 
 void SolverEngine::shuffleRuleTable() {
-  for (int i = 6; i >= 1; --i) {
+  for (int i = kRuleCount; i >= 1; --i) {
     int j = drawOneTo(s.random(), i);
     std::swap(s.run.RuleTable[std::size_t(i)], s.run.RuleTable[std::size_t(j)]);
   }
@@ -130,7 +130,7 @@ void SolverEngine::applyRulesInOrder() {
   std::string order = s.config.RuleOrder;
   if (order.empty()) {
     shuffleRuleTable();
-    for (int i = 1; i <= 6; ++i) order += std::to_string(s.run.RuleTable[std::size_t(i)]);
+    for (int i = 1; i <= kRuleCount; ++i) order += std::to_string(s.run.RuleTable[std::size_t(i)]);
   }
   s.processEvents();
   for (char ch : order) {

@@ -134,7 +134,7 @@ struct RuleInfo {
   bool ordered;
 };
 
-inline constexpr std::array<RuleInfo, 6> kRules{{
+inline constexpr std::array<RuleInfo, kRuleCount> kRules{{
     {1, "Rule 1: naked singles", &SolverEngine::applyRule1, false},
     {2, "Rule 2: box-line reduction (pointing)", &SolverEngine::applyRule2, true},
     {3, "Rule 3: naked pairs", &SolverEngine::applyRule3, true},

@@ -137,6 +137,14 @@ inline constexpr std::array<TechniqueInfo, kTechniqueCount> kTechniques{{
     {Technique::UnitForcingChain, TechniqueFamily::Forcing, "Unit forcing chain", "unit-forcing-chain", findUnitForcingChain, 5},
 }};
 
+static_assert([] {
+  for (int i = 0; i < kTechniqueCount; ++i)
+    if (int(kTechniques[std::size_t(i)].id) != i ||
+        (kTechniques[std::size_t(i)].family == TechniqueFamily::Rules) != (i < kRuleCount))
+      return false;
+  return true;
+}(), "the table lists every technique in the enum's order, the six rules first");
+
 /// The table row of a technique.
 constexpr const TechniqueInfo& techniqueInfo(Technique t) { return kTechniques[std::size_t(t)]; }
 

@@ -5,9 +5,11 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -25,7 +27,9 @@
 #include "create/Saving.h"
 #include "model/CollectionFile.h"
 #include "model/Configuration.h"
+#include "model/FileUtil.h"
 #include "model/Startup.h"
+#include "output/SaveCommands.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 #include "solver/Texts.h"
@@ -57,6 +61,11 @@ constexpr const char* kGeometryKey = "MainWindow/geometry";
 constexpr const char* kSplitterKey = "MainWindow/%1";
 constexpr const char* kPageWidthsKey = "MainWindow/pageWidths";
 constexpr const char* kTechniquesKey = "Options/furtherTechniques";
+/// The collection's full path: Quorrel.cfg keeps only its name, which is
+/// looked for in the program's folder.
+constexpr const char* kCollectionKey = "Files/collection";
+constexpr const char* kRecentKey = "Files/recent";
+constexpr int kRecentCount = 8;
 
 /// The window's central widget. A window smaller than its content's least size
 /// (a tiled half screen) scrolls the content rather than running off the
@@ -257,6 +266,16 @@ int MainWindow::pauseWaits() const { return m_pacer->waits(); }
 void MainWindow::startUp(const std::string& applicationDirectory) {
   tessaly::startUp(m_session, applicationDirectory,
                    [this](Session& session) { applyScheme(session.config.ColourSchemeFile); });
+  // A collection kept outside the program's folder comes back by its full
+  // path (Quorrel.cfg keeps only its name), when it still holds puzzles.
+  if (m_settings) {
+    const std::string remembered = m_settings->value(kCollectionKey).toString().toStdString();
+    if (!remembered.empty() && remembered != m_session.collection.CurrentFile && countPuzzles(remembered) > 0) {
+      m_session.collection.CurrentFile = remembered;
+      m_session.collection.TotalPuzzles = countPuzzles(remembered);
+      m_session.PuzzleTitle = "Total Puzzles" + num(m_session.collection.TotalPuzzles);
+    }
+  }
   try {
     for (std::string_view paragraph : kWelcomeText) m_session.logEvent(kStyleNormal, paragraph);
   } catch (const RunStopped&) {
@@ -436,9 +455,87 @@ void MainWindow::releasePause() {
 
 void MainWindow::readPuzzleFile(const std::string& path, int n) {
   runCommand([this, path, n] {
-    m_session.collection.CurrentFile = path;
+    if (path != m_session.collection.CurrentFile) {
+      if (!openCollection(m_session, path)) return;
+      rememberCollection(path);
+      if (n == 1) return;
+    }
     readPuzzle(m_session, path, n);
   });
+}
+
+void MainWindow::openCollectionFile(const std::string& path) {
+  runCommand([this, path] {
+    if (openCollection(m_session, path)) rememberCollection(path);
+  });
+}
+
+void MainWindow::rememberCollection(const std::string& path) {
+  if (!m_settings) return;
+  const QString full = QFileInfo(QString::fromStdString(path)).absoluteFilePath();
+  m_settings->setValue(kCollectionKey, full);
+  QStringList recent = m_settings->value(kRecentKey).toStringList();
+  recent.removeAll(full);
+  recent.prepend(full);
+  while (recent.size() > kRecentCount) recent.removeLast();
+  m_settings->setValue(kRecentKey, recent);
+}
+
+QStringList MainWindow::recentFiles() const {
+  return m_settings ? m_settings->value(kRecentKey).toStringList() : QStringList();
+}
+
+void MainWindow::fillRecentMenu() {
+  m_recentMenu->clear();
+  const QStringList recent = recentFiles();
+  for (int i = 0; i < recent.size(); ++i) {
+    QAction* action = m_recentMenu->addAction(QString("&%1 %2").arg(i + 1).arg(recent[i]));
+    action->setObjectName(QString(names::mnuRecent_N).arg(i));
+    const std::string path = recent[i].toStdString();
+    connect(action, &QAction::triggered, this, [this, path] { openCollectionFile(path); });
+  }
+  if (recent.isEmpty()) m_recentMenu->addAction("(none)")->setEnabled(false);
+}
+
+void MainWindow::newCollection() {
+  runCommand([this] {
+    FileRequest request;
+    request.mode = FileRequest::Mode::Save;
+    request.title = "New collection";
+    request.pattern = "*.sud";
+    request.typeName = "SuDoKu Files";
+    request.startDir = m_session.collection.CurrentFile.empty()
+                           ? m_session.appDir
+                           : QFileInfo(QString::fromStdString(m_session.collection.CurrentFile)).absolutePath().toStdString() + "/";
+    const std::string path = m_session.ui().chooseFile(request);
+    if (path.empty()) return;
+    // A file that holds something is not emptied: it is opened instead, or told.
+    if (fileLength(path) > 0) {
+      if (countPuzzles(path) > 0 && m_session.ui().question(path + " already holds puzzles. Open it?")) {
+        if (openCollection(m_session, path)) rememberCollection(path);
+      } else if (countPuzzles(path) == 0) {
+        m_session.message(path + " already exists and is not an empty collection; choose another name");
+      }
+      return;
+    }
+    if (const FileResult written = writeFileAtomically(path, ""); !written) {
+      m_session.message(couldNotWriteText(path, written));
+      return;
+    }
+    m_session.collection.CurrentFile = path;
+    m_session.collection.TotalPuzzles = 0;
+    m_session.collection.CurrentPuzzleNumber = 0;
+    m_session.collection.boardFromFile = false;
+    m_session.collection.index.reset();
+    m_session.PuzzleTitle = "Total Puzzles" + num(0);
+    m_session.statusText = "New collection " + path + ": Save this puzzle adds the puzzle on the board to it";
+    rememberCollection(path);
+    writeConfiguration(m_session);
+  });
+}
+
+void MainWindow::saveLogAs() {
+  runCommand([this] { saveEventLogAs(m_session); });
 }
 
 void MainWindow::pastePuzzle() {
@@ -472,7 +569,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   const QString path = droppedFile(event->mimeData());
   if (path.isEmpty()) return;
   event->acceptProposedAction();
-  readPuzzleFile(path.toStdString(), 1);
+  openCollectionFile(path.toStdString());
 }
 
 void MainWindow::solve() {
@@ -483,11 +580,12 @@ void MainWindow::openFile() {
   FileRequest request;
   request.mode = FileRequest::Mode::Open;
   request.title = "SuDoKu";
-  request.pattern = "*.sud";
-  request.typeName = "SuDoKu Files";
+  // Collections and one-per-line lists alike.
+  request.pattern = "*.sud *.txt";
+  request.typeName = "Puzzle Files";
   request.startDir = m_session.appDir;
   const std::string path = m_session.ui().chooseFile(request);
-  if (!path.empty()) readPuzzleFile(path, 1);
+  if (!path.empty()) openCollectionFile(path);
 }
 
 // --- colours

@@ -69,8 +69,21 @@ class MainWindow : public QMainWindow, public CommandHost {
   void refreshFromSession() override;
 
   // --- commands, for the menus and for programs that drive the window
-  /// Reads puzzle n of a collection (as File > Open does for puzzle 1).
+  /// Reads puzzle n of a collection (as File > Open does for puzzle 1). A file
+  /// other than the current collection becomes the collection only when it is
+  /// one with puzzles: a refused file is told and changes nothing.
   void readPuzzleFile(const std::string& path, int n);
+  /// File > Open, Recent files, a dropped file and `tessaly FILE`: the file
+  /// becomes the collection, showing its first puzzle, when it is accepted.
+  void openCollectionFile(const std::string& path);
+  /// File > New collection...: an empty collection file of the user's naming
+  /// becomes the current one, for Save this puzzle to fill.
+  void newCollection();
+  /// File > Save log as...: every line of the event log, as shown, into a file
+  /// the user chooses.
+  void saveLogAs();
+  /// The collections opened last, the most recent first (from the window's settings).
+  QStringList recentFiles() const;
   /// Edit > Paste puzzle: the clipboard's text becomes the puzzle, as an
   /// accepted Edit would make it; text that is not a puzzle is told.
   void pastePuzzle();
@@ -151,6 +164,10 @@ class MainWindow : public QMainWindow, public CommandHost {
   void fitLeftColumnLater();
 
   void openFile();
+  /// Keeps the collection's full path in the window's settings and at the
+  /// head of the recent files.
+  void rememberCollection(const std::string& path);
+  void fillRecentMenu();
   void printReport(bool includeLog);
   /// The printer set up by the chooser; null when the user cancelled.
   std::unique_ptr<QPrinter> choosePrinter();
@@ -195,6 +212,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   QPointer<QMessageBox> m_about;  ///< the About box while it is open
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
   QAction* m_techniquesAction = nullptr;
+  QMenu* m_recentMenu = nullptr;
 
   std::unique_ptr<WindowDisplay> m_display;
   std::unique_ptr<WindowPacer> m_pacer;

@@ -49,8 +49,18 @@ void MainWindow::createFileMenu() {
   // The exports run as every command does: a run still under way ends first,
   // and the window redraws afterwards.
   const auto command = [this](const std::function<void()>& body) { return [this, body] { runCommand(body); }; };
-  connect(addEntry(menu, names::mnuOpen, "&Open..."), &QAction::triggered, this, [this] { openFile(); });
-  connect(addEntry(menu, names::mnuSave2InFile, "Save this puzzle"), &QAction::triggered, this, [this] {
+  connect(addEntry(menu, names::mnuNewCollection, "&New collection..."), &QAction::triggered, this,
+          [this] { newCollection(); });
+  QAction* open = addEntry(menu, names::mnuOpen, "&Open...");
+  open->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+  connect(open, &QAction::triggered, this, [this] { openFile(); });
+  m_recentMenu = menu->addMenu("Recent &files");
+  m_recentMenu->setObjectName(names::mnuRecent);
+  connect(m_recentMenu, &QMenu::aboutToShow, this, [this] { fillRecentMenu(); });
+  fillRecentMenu();
+  QAction* save = addEntry(menu, names::mnuSave2InFile, "Save this puzzle");
+  save->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+  connect(save, &QAction::triggered, this, [this] {
     if (saveThisPuzzleCommand) runCommand(saveThisPuzzleCommand);
   });
   menu->addSeparator();
@@ -60,6 +70,7 @@ void MainWindow::createFileMenu() {
           command([this] { saveAsTxt(m_session); }));
   connect(addEntry(menu, names::mnusavexls, "Save as XLS..."), &QAction::triggered, this,
           command([this] { saveAsXls(m_session); }));
+  connect(addEntry(menu, names::mnuSaveLog, "Save &log as..."), &QAction::triggered, this, [this] { saveLogAs(); });
   menu->addSeparator();
   connect(addEntry(menu, names::mnuPrPuz2File, "Print puzzle to file"), &QAction::triggered, this,
           command([this] { printToTextFile(m_session, false); }));
@@ -72,7 +83,7 @@ void MainWindow::createFileMenu() {
           [this] { printReport(true); });
   menu->addSeparator();
   QAction* exit = addEntry(menu, names::mnuexit, "E&xit");
-  exit->setShortcut(QKeySequence::Quit);
+  exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
   connect(exit, &QAction::triggered, this, [this] { exitProgram(); });
 }
 

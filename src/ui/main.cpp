@@ -41,9 +41,59 @@ int printPaths(const std::string& dataFolder, const tessaly::Folders& folders) {
   return 0;
 }
 
+constexpr const char* kUsage =
+    "Usage: tessaly [FILE]\n"
+    "       tessaly --paths | --help | --version\n"
+    "\n"
+    "Opens the window, with FILE (a collection such as Puzzles.sud, or a one-per-line list) as its collection\n"
+    "when given.\n"
+    "\n"
+    "Options:\n"
+    "  --paths\n"
+    "      print where this copy reads and writes its files (collection, configuration, created puzzles,\n"
+    "      event log) and quit, without a window or a display\n"
+    "  --screenshot autosolve|create|manual|replay FILE\n"
+    "      save a picture of the window in that state to FILE and quit\n"
+    "  --help\n"
+    "      print this text and quit\n"
+    "  --version\n"
+    "      print the version and quit\n";
+
+/// Writes text to standard output; 0, or 1 with a message when it could not be written.
+int printText(const std::string& text) {
+  std::cout << text << std::flush;
+  if (std::cout && std::fflush(stdout) == 0 && !std::ferror(stdout)) return 0;
+  std::cerr << "tessaly: cannot write standard output\n";
+  return 1;
+}
+
+/// The folders of this copy (needs the application object for its name and folder).
+tessaly::Folders folders(std::string& dataFolder) {
+  // The shipped data sits beside the executable, or in ../share/tessaly when
+  // installed; what the program writes goes where the user can write.
+  dataFolder = tessaly::findDataFolder(QCoreApplication::applicationDirPath().toStdString());
+  const tessaly::UserFolders user{standardFolder(QStandardPaths::AppConfigLocation),
+                                  standardFolder(QStandardPaths::AppDataLocation),
+                                  standardFolder(QStandardPaths::DocumentsLocation)};
+  return tessaly::chooseFolders(dataFolder, QDir::currentPath().toStdString(), user);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  // What only prints needs no window and no display.
+  if (argc == 2) {
+    const std::string option = argv[1];
+    if (option == "--help" || option == "-h") return printText(kUsage);
+    if (option == "--version") return printText(std::string("tessaly ") + tessaly::kProgramVersion + "\n");
+    if (option == "--paths") {
+      QCoreApplication core(argc, argv);
+      QCoreApplication::setApplicationName("Tessaly");
+      std::string dataFolder;
+      const tessaly::Folders found = folders(dataFolder);
+      return printPaths(dataFolder, found);
+    }
+  }
   QApplication app(argc, argv);
   QApplication::setApplicationName("Tessaly");
   QApplication::setApplicationVersion(tessaly::kProgramVersion);
@@ -53,19 +103,12 @@ int main(int argc, char** argv) {
   for (const char* size : {"32", "64", "256"}) icon.addFile(QString(":/icons/tessaly-%1.png").arg(size));
   QApplication::setWindowIcon(icon);
 
-  // The shipped data sits beside the executable, or in ../share/tessaly when
-  // installed; what the program writes goes where the user can write.
-  const std::string dataFolder = tessaly::findDataFolder(QApplication::applicationDirPath().toStdString());
-  const tessaly::UserFolders user{standardFolder(QStandardPaths::AppConfigLocation),
-                                  standardFolder(QStandardPaths::AppDataLocation),
-                                  standardFolder(QStandardPaths::DocumentsLocation)};
-  const tessaly::Folders folders = tessaly::chooseFolders(dataFolder, QDir::currentPath().toStdString(), user);
-
+  std::string dataFolder;
+  const tessaly::Folders found = folders(dataFolder);
   const QStringList args = QApplication::arguments();
-  if (args.size() == 2 && args[1] == "--paths") return printPaths(dataFolder, folders);
 
   tessaly::Session session;
-  session.folders = folders;
+  session.folders = found;
   tessaly::MainWindow window(session);
   // tessaly --screenshot autosolve|create|manual|replay FILE: saves a picture of
   // the window in that state and quits (for the README's and help's pictures). The picture
@@ -76,6 +119,8 @@ int main(int argc, char** argv) {
   // folder the core reads.
   if (!screenshot) window.rememberLayoutIn(std::make_unique<QSettings>("Tessaly", "Tessaly"));
   window.startUp(dataFolder);
+  // tessaly FILE: that collection instead of the remembered one.
+  if (args.size() == 2 && !args[1].startsWith("--")) window.openCollectionFile(args[1].toStdString());
   window.show();
   if (screenshot) tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString());
   return app.exec();

@@ -91,7 +91,7 @@ TEST(CreateLeftBehind, TheSilentFillIsNotHeldToTheAttemptLimitAnUnwritablePuzTem
   CreateSession u;
   u.session.appDir = u.dir.file("missing/");
   EXPECT_TRUE(create(u, "20", Random).created());
-  EXPECT_EQ(u.ui.messages, Lines{"Could not write file: " + u.dir.file("missing/PuzTemp.sud")});
+  EXPECT_EQ(u.ui.messages, Lines{"Could not write file: " + u.dir.file("missing/PuzTemp.sud") + " (No such file or directory)"});
   EXPECT_EQ(u.session.PuzNumNow, "NEW");
 }
 

@@ -70,7 +70,7 @@ TEST(SaveRefusals, WriteNothingAndKeepTheStatus) {
     t.ui.answers.push_back(answer);
     EXPECT_FALSE(command(s));
     EXPECT_EQ(t.ui.questions, questions);
-    EXPECT_EQ(t.ui.messages, unwritable ? Lines{messages[0] + s.collection.CurrentFile} : messages);
+    EXPECT_EQ(t.ui.messages, unwritable ? Lines{messages[0] + s.collection.CurrentFile + " (No such file or directory)"} : messages);
     EXPECT_EQ(s.statusText + "|" + s.PuzzleTitle, "status|before");
     EXPECT_EQ(fileLength(s.collection.CurrentFile), -1);
   }
@@ -133,7 +133,7 @@ TEST_F(SaveTest, ABatchIsNotHeldToTheAttemptLimitGoesOnPastAManualFallbackButSto
   shown.clear();
   result = batch("3", "30", BlankDistribution::Random);
   EXPECT_TRUE(result.writeFailed && result.saved == 0);
-  EXPECT_EQ(t.ui.messages, Lines{"Could not write file: " + s.collection.CurrentFile});
+  EXPECT_EQ(t.ui.messages, Lines{"Could not write file: " + s.collection.CurrentFile + " (No such file or directory)"});
   EXPECT_EQ(shown, Lines{"3"});
   EXPECT_EQ(countPuzzles(t.tempFile()), 5);  // the four before and the one the write failed on
 }

@@ -31,7 +31,12 @@ const std::string kRows2 =
     test::gridRows("..3.2.6..9..3.5..1..18.64....81.29..7.......8..67.82....26.95..8..2.3..9..5.1.3..");
 const std::string kCollection = "#1\r\n" + kRows1 + "\r\n#2\r\n" + kRows2;
 
-std::string could(const std::string& path) { return "Could not write file: " + path; }
+/// The message of a failed write, with the system's reason.
+std::string could(const std::string& path, const std::string& reason) {
+  return "Could not write file: " + path + " (" + reason + ")";
+}
+const std::string kNotADirectory = "Not a directory", kTooLarge = "File too large",
+                  kLoop = "Too many levels of symbolic links", kMissing = "No such file or directory";
 
 /// Every file of a folder and its bytes (symbolic links by their target).
 std::map<std::string, std::string> folderBytes(const std::string& folder) {
@@ -87,18 +92,18 @@ TEST(DiskFaults, AnUnwritableApplicationFolderIsToldForEachFileAndTheWorkGoesOn)
 
   // Reading works; only remembering it in Quorrel.cfg fails.
   EXPECT_TRUE(app.read(1));
-  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "Quorrel.cfg")});
+  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "Quorrel.cfg", kNotADirectory)});
   EXPECT_EQ(givensText(app.s), kPuzzle1);
   // A created puzzle stands though PuzTemp.sud cannot be written.
   EXPECT_TRUE(app.create());
-  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "PuzTemp.sud")});
+  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "PuzTemp.sud", kNotADirectory)});
   EXPECT_EQ(app.s.PuzNumNow, "NEW");
   // Saving into a collection of that folder is refused, and the next read goes on.
   app.s.collection.CurrentFile = inPlain + "Mine.sud";
   EXPECT_FALSE(saveNewCommand(app.s));
-  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "Mine.sud")});
+  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "Mine.sud", kNotADirectory)});
   EXPECT_FALSE(writeConfiguration(app.s));
-  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "Quorrel.cfg")});
+  EXPECT_EQ(app.takeMessages(), Lines{could(inPlain + "Quorrel.cfg", kNotADirectory)});
   EXPECT_EQ(test::readFile(app.file("plain")), "not a folder");
   EXPECT_EQ(test::readFile(app.file("Mine.sud")), kCollection);
 }
@@ -138,14 +143,14 @@ TEST(DiskFaults, OnAFullDiskEveryWriteIsToldAndEveryFileKeepsItsBytes) {
     // Each file takes at least 20 bytes, so every write stops part-way.
     FileSizeLimit full(20);
     EXPECT_TRUE(app.read(1));
-    EXPECT_EQ(app.takeMessages(), Lines{could(app.file("Quorrel.cfg"))});
+    EXPECT_EQ(app.takeMessages(), Lines{could(app.file("Quorrel.cfg"), kTooLarge)});
     EXPECT_TRUE(app.create());
-    EXPECT_EQ(app.takeMessages(), Lines{could(app.file("PuzTemp.sud"))});
+    EXPECT_EQ(app.takeMessages(), Lines{could(app.file("PuzTemp.sud"), kTooLarge)});
     EXPECT_FALSE(saveNewCommand(app.s));
-    EXPECT_EQ(app.takeMessages(), Lines{could(collection)});
+    EXPECT_EQ(app.takeMessages(), Lines{could(collection, kTooLarge)});
     EXPECT_FALSE(app.solveAndExport(app.file("solved.txt")));
     const Lines messages = app.takeMessages();
-    EXPECT_EQ(messages.back(), could(app.file("solved.txt")));
+    EXPECT_EQ(messages.back(), could(app.file("solved.txt"), kTooLarge));
     // Only Eventlog.txt, written empty by a solve, changed; no temporary file is left.
     auto after = folderBytes(app.dir.path());
     EXPECT_EQ(after["Eventlog.txt"], "");
@@ -206,9 +211,9 @@ TEST(DiskFaults, ASymbolicLinkLoopIsToldWhereverItStandsAndStaysALink) {
   struct Row { std::string loop; Lines startMessages, workMessages; };
   for (const Row& r : {Row{"Puzzles.sud",
                            {"Default puzzle file not found: @Puzzles.sud"},
-                           {"@Puzzles.sud does not appear to have any puzzles", could("@Puzzles.sud")}},
-                       Row{"Quorrel.cfg", {}, {could("@Quorrel.cfg"), could("@Quorrel.cfg")}},
-                       Row{"PuzTemp.sud", {}, {could("@PuzTemp.sud")}}}) {
+                           {"Could not read file: @Puzzles.sud (" + kLoop + ")", could("@Puzzles.sud", kLoop)}},
+                       Row{"Quorrel.cfg", {}, {could("@Quorrel.cfg", kLoop), could("@Quorrel.cfg", kLoop)}},
+                       Row{"PuzTemp.sud", {}, {could("@PuzTemp.sud", kLoop)}}}) {
     SCOPED_TRACE(r.loop);
     App app;
     app.writeFiles();
@@ -251,7 +256,7 @@ TEST(DiskFaults, WritingThroughALinkWritesTheFileItLeadsToAndKeepsTheLink) {
   fs::remove(app.file("real/Puzzles.sud"));
   app.takeMessages();
   EXPECT_FALSE(saveNewCommand(app.s));
-  EXPECT_EQ(app.takeMessages(), Lines{could(app.file("Puzzles.sud"))});
+  EXPECT_EQ(app.takeMessages(), Lines{could(app.file("Puzzles.sud"), kMissing)});
   EXPECT_FALSE(fs::exists(app.file("real/Puzzles.sud")));
 }
 

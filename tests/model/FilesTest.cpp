@@ -112,7 +112,7 @@ TEST(Configuration, WritesFourCrLfLinesThatReadBackOrSaysItCouldNot) {
   AppFolder f;
   f.session.appDir = f.app.file("missing/");
   EXPECT_FALSE(writeConfiguration(f.session));
-  EXPECT_EQ(f.ui.messages, std::vector<std::string>{"Could not write file: " + f.app.file("missing/Quorrel.cfg")});
+  EXPECT_EQ(f.ui.messages, std::vector<std::string>{"Could not write file: " + f.app.file("missing/Quorrel.cfg") + " (No such file or directory)"});
 }
 
 TEST(Configuration, ReadingKeepsWhatWasReadBeforeTheFirstUnusableLineAndNeverComplains) {
@@ -241,7 +241,7 @@ TEST(Folders, TheSessionWritesIntoTheChosenFolders) {
   s.folders.output = "/nonexistent-folder/";
   t.ui.messages.clear();
   SolverEngine(s).solveCommand();
-  EXPECT_EQ(t.ui.messages.at(0), "Could not write file: /nonexistent-folder/Eventlog.txt");
+  EXPECT_EQ(t.ui.messages.at(0), "Could not write file: /nonexistent-folder/Eventlog.txt (No such file or directory)");
 }
 
 TEST(CollectionFile, PuzzlesAreFoundByPositionWhateverTheirHeaderSaysAndBlanksReadAlike) {

@@ -88,7 +88,7 @@ TEST(SaveCommands, WriteTheWholeFileAfterTheOverwriteQuestionAndSaySo) {
     EXPECT_EQ(c.save(f.session), c.expected != nullptr);
     EXPECT_EQ(fs::current_path(), before);
     EXPECT_EQ(f.ui.questions, c.asked ? Strings{"OverWrite file: " + path + " ?"} : Strings{});
-    EXPECT_EQ(f.ui.messages, c.message ? Strings{c.message + path} : Strings{});
+    EXPECT_EQ(f.ui.messages, c.message ? Strings{c.message + path + (c.expected ? "" : " (No such file or directory)")} : Strings{});
     EXPECT_EQ(readFile(path), c.expected ? expectedOutput(c.expected) : c.before.value_or(""));
   }
 }
@@ -160,7 +160,7 @@ TEST(Report, PrintedIntoTheWorkingFolderUnderThePuzzleNumberAndTheTime) {
   session.folders.output = "/nonexistent-folder/";
   f.ui.messages.clear();
   EXPECT_EQ(printToTextFile(session, false), "");
-  EXPECT_EQ(f.ui.messages, Strings{"Could not write file: /nonexistent-folder/P#12@14-05-33.txt"});
+  EXPECT_EQ(f.ui.messages, Strings{"Could not write file: /nonexistent-folder/P#12@14-05-33.txt (No such file or directory)"});
 }
 
 }  // namespace

@@ -137,7 +137,7 @@ TEST_F(FaultsTest, ThePathMessagesNameTheFolderAndTheFile) {
   ui.messages.clear();
   click("Solveit");
   EXPECT_EQ(ui.messages,
-            (std::vector<std::string>{"Could not write file: " + appDir() + "gone/Eventlog.txt", "Done"}));
+            (std::vector<std::string>{"Could not write file: " + appDir() + "gone/Eventlog.txt (No such file or directory)", "Done"}));
 }
 
 TEST_F(FaultsTest, ASaveDialogAddsTheExtensionOfItsKindToABareName) {

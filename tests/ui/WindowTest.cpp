@@ -83,7 +83,7 @@ TEST_F(WindowTest, OpenAsksForASudFileAndShowsItsFirstPuzzle) {
   action("mnuOpen")->trigger();
   ASSERT_EQ(ui.fileRequests.size(), 1u);
   EXPECT_EQ(ui.fileRequests[0].mode, FileRequest::Mode::Open);
-  EXPECT_EQ(ui.fileRequests[0].pattern, "*.sud");
+  EXPECT_EQ(ui.fileRequests[0].pattern, "*.sud *.txt");  // collections and one-per-line lists
   EXPECT_EQ(ui.fileRequests[0].startDir, appDir());
   EXPECT_EQ(numberBox(), "1");
   EXPECT_EQ(child<QGroupBox>("PuzNumber")->title(), "Puzzle 1 of 50 (49 blanks)");

@@ -1,0 +1,2 @@
+# a whole collection passes
+count good.sud --check

@@ -1,0 +1,2 @@
+# every damaged record by its line; exit status 1 when there is one
+count damaged.sud --check

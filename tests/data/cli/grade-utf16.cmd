@@ -1,0 +1,2 @@
+# UTF-16 text is refused with its reason
+grade utf16.sud
