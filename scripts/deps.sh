@@ -5,8 +5,10 @@
 # Compiler and build tools, Qt 6 for the desktop program, GoogleTest for the
 # tests, Google Benchmark for the benchmarks, Xvfb for running the window
 # without a real display; help2man for the manual page of tessaly-cli,
-# dpkg-dev for the package's dependencies (dpkg-shlibdeps), and the validators
-# of the launcher and the AppStream metainfo for scripts/check-package.sh.
+# dpkg-dev for the package's dependencies (dpkg-shlibdeps), the validators
+# of the launcher and the AppStream metainfo for scripts/check-package.sh, and
+# the fonts the widget tests draw with (their own, DejaVu, and those of common
+# desktops the layout must also fit: Cantarell, Liberation).
 TESSALY_PACKAGES=(
   g++
   cmake
@@ -20,6 +22,9 @@ TESSALY_PACKAGES=(
   dpkg-dev
   desktop-file-utils
   appstream
+  fonts-dejavu-core
+  fonts-cantarell
+  fonts-liberation2
 )
 
 # The fuzz harnesses (fuzz/run) need clang and its runtime libraries, which

@@ -7,7 +7,8 @@
 # replayed (data/techniques/NAME.png, for the help page's sections; a technique
 # no shipped puzzle needs gets none). Run it after ./run or ./test has built the program.
 # The virtual screen is 1366x768, a small laptop's: the script fails when a tab
-# needs more room than that.
+# needs more room than that. The ManualSolve tab, the tallest, is also taken on
+# a 1280x720 screen (docs/manual-1280x720.png).
 #
 # The program is copied with its shipped data into a neutral folder,
 # /tmp/Tessaly, and started from there, so the pictures show that folder and
@@ -25,12 +26,17 @@ mkdir -p "$place" "$top/docs"
 cp "$program" "$top/build/src/cli/tessaly-cli" "$place/"
 (cd "$top/data" && cp Puzzles.sud Permu.txt SuDoKu.htm ./*.sch "$place/")
 
-for tab in autosolve create manual replay; do
-  picture="docs/$tab.png"
+# Each picture as TAB[@SCREEN]: the window fills the virtual screen.
+for shot in autosolve create manual replay manual@1280x720; do
+  tab=${shot%@*} screen=1366x768 picture="docs/$shot.png"
+  if [ "$shot" != "$tab" ]; then
+    screen=${shot#*@}
+    picture="docs/$tab-$screen.png"
+  fi
   [ "$tab" = replay ] && picture="data/$tab.png"
   # Each picture starts from the shipped state: no configuration left by the one before.
   rm -f "$place/Quorrel.cfg" "$place/PuzTemp.sud"
-  (cd "$place" && xvfb-run -a -s "-screen 0 1366x768x24" ./tessaly --screenshot "$tab" "$top/$picture")
+  (cd "$place" && xvfb-run -a -s "-screen 0 ${screen}x24" ./tessaly --screenshot "$tab" "$top/$picture")
   echo "$picture"
 done
 

@@ -1,6 +1,5 @@
 #include "ui/EntryDialog.h"
 
-#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
@@ -8,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "model/Interfaces.h"
+#include "ui/Metrics.h"
 
 namespace tessaly {
 
@@ -21,7 +21,7 @@ EntryDialog::EntryDialog(UserInterface& ui, const char* textBoxName, char sample
     : QDialog(parent), m_ui(ui) {
   m_text = new QPlainTextEdit(this);
   m_text->setObjectName(textBoxName);
-  m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  m_text->setFont(fixedFont());
   m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
   m_text->setTabChangesFocus(true);
   const QFontMetrics metrics(m_text->font());

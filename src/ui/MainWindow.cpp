@@ -14,6 +14,8 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -65,6 +67,20 @@ constexpr const char* kTechniquesKey = "Options/furtherTechniques";
 constexpr const char* kCollectionKey = "Files/collection";
 constexpr const char* kRecentKey = "Files/recent";
 constexpr int kRecentCount = 8;
+
+/// The window's central widget. A window smaller than its content's least size
+/// (a tiled half screen) scrolls the content rather than running off the
+/// screen; otherwise the content fills the window. Its natural size is the
+/// content's, not capped as a scroll area's would be.
+class ContentScroller : public QScrollArea {
+ public:
+  using QScrollArea::QScrollArea;
+  QSize sizeHint() const override {
+    if (!widget()) return QScrollArea::sizeHint();
+    const int frame = 2 * frameWidth();
+    return widget()->sizeHint().expandedTo(widget()->minimumSizeHint()) + QSize(frame, frame);
+  }
+};
 }  // namespace
 
 MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : QMainWindow(parent), m_session(session) {
@@ -79,7 +95,11 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
   // for templates through it): it must be this window's from the start.
   session.setServices(Services{ui, nullptr, nullptr, nullptr, nullptr});
 
-  setCentralWidget(createCentralWidget());
+  m_scroller = new ContentScroller(this);
+  m_scroller->setFrameShape(QFrame::NoFrame);
+  m_scroller->setWidgetResizable(true);
+  m_scroller->setWidget(createCentralWidget());
+  setCentralWidget(m_scroller);
   createMenus();
   connectBoard();
 
@@ -117,7 +137,8 @@ MainWindow::~MainWindow() {
 }
 
 QWidget* MainWindow::createCentralWidget() {
-  auto* central = new QWidget(this);
+  auto* central = m_content = new QWidget(this);
+  central->setObjectName(names::WindowContent);
   auto* layout = new QVBoxLayout(central);
 
   m_tabs = new QTabBar(central);
@@ -127,7 +148,7 @@ QWidget* MainWindow::createCentralWidget() {
   m_tabs->addTab("ManualSolve");
   layout->addWidget(m_tabs);
 
-  // Left: the puzzle frame over the page of the selected tab.
+  // Left, the whole height: the puzzle frame over the page of the selected tab.
   auto* left = new QWidget(central);
   auto* leftLayout = new QVBoxLayout(left);
   leftLayout->setContentsMargins(0, 0, 0, 0);
@@ -137,26 +158,20 @@ QWidget* MainWindow::createCentralWidget() {
   createPages(m_stack);
   leftLayout->addWidget(m_stack, 1);
 
-  // Right: the progress bar beside the grid and the candidate display.
-  auto* right = new QWidget(central);
-  auto* rightLayout = new QHBoxLayout(right);
-  rightLayout->setContentsMargins(0, 0, 0, 0);
-  m_progress = new ProgressColumn(right);
+  // Right: the progress bar beside the grid and the candidate display, over
+  // the status line and the event log. The log stands under the board only,
+  // so a tall page (ManualSolve) and the log need not share one height.
+  auto* boardArea = new QWidget(central);
+  auto* boardLayout = new QHBoxLayout(boardArea);
+  boardLayout->setContentsMargins(0, 0, 0, 0);
+  m_progress = new ProgressColumn(boardArea);
   m_progress->setObjectName(names::pb1);
   m_progress->setRange(0, kCells);
   m_progress->setValue(0);
-  rightLayout->addWidget(m_progress);
-  m_board = new CellBoard(m_session, m_scheme, right);
-  rightLayout->addWidget(m_board, 1);
+  boardLayout->addWidget(m_progress);
+  m_board = new CellBoard(m_session, m_scheme, boardArea);
+  boardLayout->addWidget(m_board, 1);
 
-  auto* boardSplitter = m_boardSplitter = new QSplitter(Qt::Horizontal, central);
-  boardSplitter->setObjectName(names::BoardSplitter);
-  boardSplitter->addWidget(left);
-  boardSplitter->addWidget(right);
-  boardSplitter->setStretchFactor(0, 0);
-  boardSplitter->setStretchFactor(1, 1);
-
-  // Below: the status line over the event log.
   auto* bottom = new QWidget(central);
   auto* bottomLayout = new QVBoxLayout(bottom);
   bottomLayout->setContentsMargins(0, 0, 0, 0);
@@ -184,12 +199,19 @@ QWidget* MainWindow::createCentralWidget() {
 
   auto* logSplitter = new QSplitter(Qt::Vertical, central);
   logSplitter->setObjectName(names::LogSplitter);
-  logSplitter->addWidget(boardSplitter);
+  logSplitter->addWidget(boardArea);
   logSplitter->addWidget(bottom);
   logSplitter->setStretchFactor(0, 3);
   logSplitter->setStretchFactor(1, 2);
+
+  auto* boardSplitter = m_boardSplitter = new QSplitter(Qt::Horizontal, central);
+  boardSplitter->setObjectName(names::BoardSplitter);
+  boardSplitter->addWidget(left);
+  boardSplitter->addWidget(logSplitter);
+  boardSplitter->setStretchFactor(0, 0);
+  boardSplitter->setStretchFactor(1, 1);
   for (QSplitter* splitter : {boardSplitter, logSplitter}) splitter->setChildrenCollapsible(false);
-  layout->addWidget(logSplitter, 1);
+  layout->addWidget(boardSplitter, 1);
 
   connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { tabSelected(index); });
   connect(m_stack, &QStackedWidget::currentChanged, this, [this](int index) { fitLeftColumn(index); });
@@ -281,37 +303,81 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 // --- size and splitters
 
+QSize MainWindow::leastSize() const {
+  // The content's, and what the window adds around it (the menu bar).
+  return m_content->minimumSizeHint() + (sizeHint() - m_scroller->sizeHint());
+}
+
 void MainWindow::fitToScreen() {
   const QScreen* screen = this->screen();
   if (!screen) return;
-  const QSize room = screen->availableGeometry().size() * kScreenShare;
-  resize(sizeHint().boundedTo(room).expandedTo(minimumSizeHint()));
+  const QSize available = screen->availableGeometry().size();
+  resize(sizeHint().boundedTo(available * kScreenShare).expandedTo(leastSize().boundedTo(available)));
+}
+
+void MainWindow::growToContent() {
+  const QScreen* screen = this->screen();
+  if (!screen || !isVisible() || isMaximized() || isFullScreen()) return;
+  const QSize viewport = m_scroller->maximumViewportSize();
+  const QSize missing = (m_content->minimumSizeHint() - viewport).expandedTo(QSize(0, 0));
+  if (missing.width() <= 0 && missing.height() <= 0) return;
+  const QSize room = screen->availableGeometry().size() - (frameGeometry().size() - size());
+  const QSize grown = (size() + missing).boundedTo(room).expandedTo(size());
+  if (grown != size()) resize(grown);
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (m_widthPending) fitLeftColumnLater();
+}
+
+void MainWindow::fitLeftColumnLater() {
+  m_widthPending = true;
+  QTimer::singleShot(0, this, [this] {
+    if (!std::exchange(m_widthPending, false)) return;
+    m_shownPage = -1;  // the width the splitter has now belongs to no page
+    fitLeftColumn(m_stack->currentIndex());
+  });
 }
 
 void MainWindow::fitLeftColumn(int page) {
   if (page < 0 || page >= int(m_pageWidths.size())) return;
+  // The page that goes leaves its width behind before the new page's least
+  // width moves the splitter.
+  notePageWidth();
   for (int i = 0; i < m_stack->count(); ++i) {
     const auto policy = i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored;
     m_stack->widget(i)->setSizePolicy(policy, policy);
   }
-  // The new minimum reaches the window at once, which grows if it must: a
-  // splitter on the way does not pass a child's new size on by itself.
+  // The new minimum reaches the content at once: a splitter on the way does
+  // not pass a child's new size on by itself. The window grows if it must and
+  // the screen has room; otherwise the content scrolls.
   for (QWidget* w = m_stack; w; w = w->parentWidget()) {
     if (w->layout()) w->layout()->invalidate();
     w->updateGeometry();
-    if (w == this) break;
+    if (w == m_content) break;
   }
-  if (layout()) layout()->activate();
-  notePageWidth();
+  if (m_content->layout()) m_content->layout()->activate();
+  growToContent();
   m_shownPage = page;
   const QList<int> sizes = m_boardSplitter->sizes();
   const int total = sizes.value(0) + sizes.value(1);
-  if (total <= 0) return;  // not laid out yet: the splitter starts from the natural widths
+  if (total <= 0 || !isVisible()) {
+    // Not laid out yet: the page's width is taken once the window shows.
+    if (isVisible())
+      fitLeftColumnLater();
+    else
+      m_widthPending = true;
+    return;
+  }
   const QWidget* left = m_boardSplitter->widget(0);
   const int remembered = m_pageWidths[std::size_t(page)];
   const int least = left->minimumSizeHint().width();
   const int most = std::max(least, total - m_boardSplitter->widget(1)->minimumSizeHint().width());
-  const int width = std::clamp(remembered > 0 ? remembered : left->sizeHint().width(), least, most);
+  // Without a width of its own the page takes its natural width, but not so
+  // much that the board falls below its own: it narrows towards its least.
+  const int natural = std::min(left->sizeHint().width(), total - m_boardSplitter->widget(1)->sizeHint().width());
+  const int width = std::clamp(remembered > 0 ? remembered : natural, least, most);
   m_boardSplitter->setSizes({width, total - width});
 }
 
@@ -553,7 +619,7 @@ void MainWindow::chooseColourScheme(int entry) {
 }
 
 void MainWindow::applyColours() {
-  paintBackground(centralWidget(), m_scheme.windowBack);
+  paintBackground(m_content, m_scheme.windowBack);
   paintBackground(m_status, m_scheme.statusBack);
   m_puzzleFrame->applyColours(m_scheme);
   for (TabPage* page : m_pages) page->applyColours(m_scheme);

@@ -28,6 +28,7 @@ class QLabel;
 class QMessageBox;
 class QPrinter;
 class QProgressBar;
+class QScrollArea;
 class QSettings;
 class QSplitter;
 class QStackedWidget;
@@ -110,6 +111,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   // --- what the window shows
   /// The grid and the candidate display.
   CellBoard* board() const { return m_board; }
+  /// The least size that shows the content of the page shown whole; a smaller
+  /// window scrolls it.
+  QSize leastSize() const;
   const ColourScheme& colourScheme() const { return m_scheme; }
   EventLogView* eventLogView() const { return m_log; }
   /// Showing the board as it stood at a line of the log.
@@ -153,6 +157,12 @@ class MainWindow : public QMainWindow, public CommandHost {
   void fitLeftColumn(int page);
   /// Takes the left column's width for the page shown.
   void notePageWidth();
+  /// Grows the window, as far as its screen allows, when the content's least
+  /// size no longer fits; what still does not fit scrolls.
+  void growToContent();
+  void showEvent(QShowEvent* event) override;
+  /// Fits the left column once the window has laid itself out.
+  void fitLeftColumnLater();
 
   void openFile();
   /// Keeps the collection's full path in the window's settings and at the
@@ -182,6 +192,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   Services m_previousServices;
   ColourScheme m_scheme;
 
+  QScrollArea* m_scroller = nullptr;  ///< the central widget: scrolls the content below its least size
+  QWidget* m_content = nullptr;
+  bool m_widthPending = false;  ///< the left column waits for the first layout to take its page's width
   QTabBar* m_tabs = nullptr;
   QStackedWidget* m_stack = nullptr;
   QSplitter* m_boardSplitter = nullptr;

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCursor>
 #include <QEvent>
-#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -14,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSplitter>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -43,8 +43,9 @@ constexpr const char* kInstructions =
     "Double-click on a cell and select a value from dropdown list";
 constexpr std::array<const char*, 7> kHintCaptions = {"Rule &1", "Rule &2", "Rule &3", "Rule &4",
                                                       "Rule &5", "Rule &6", "&All rules"};
-/// The hint buttons stand three a row, so the column stays narrow.
-constexpr int kHintColumns = 3;
+/// The hint buttons stand two a row, so the page stays narrow and leaves the
+/// board its room; the column is shorter than the placing column beside it.
+constexpr int kHintColumns = 2;
 /// The fixed red of a refused placement (basic colour 4 of the 16-colour palette).
 const QColor kRefusedRed(128, 0, 0);
 /// Lines of a column summary: nine digits, one a line.
@@ -130,7 +131,7 @@ void ManualPage::applyColours(const ColourScheme& scheme) { paintBackground(this
 void ManualPage::valueBoxDoubleClicked(int cell) { onCellDoubleClicked(cell, QCursor::pos()); }
 
 QBoxLayout* ManualPage::buildPlacingColumn() {
-  const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  const QFont fixed = fixedFont();
   m_instructions = new QLabel(kInstructions, this);
   m_instructions->setObjectName(names::ManualInstructions);
   m_instructions->setWordWrap(true);
@@ -239,11 +240,19 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_cellHint = new QPushButton("&Cell hint", hintFrame);
   m_cellHint->setObjectName(names::CellHint);
   addShortcut(m_cellHint, QKeySequence(Qt::CTRL | Qt::Key_H), "Select the cell with the fewest choices");
-  hintButtons->addWidget(m_cellHint, kAllRulesHint / kHintColumns, kAllRulesHint % kHintColumns + 1);
+  constexpr int kCellHintPlace = kAllRulesHint + 1, kNextStepPlace = kAllRulesHint + 2;
+  hintButtons->addWidget(m_cellHint, kCellHintPlace / kHintColumns, kCellHintPlace % kHintColumns);
   m_nextStep = new QPushButton("Next ste&p", hintFrame);
   m_nextStep->setObjectName(names::NextStep);
   m_nextStep->setToolTip("The easiest step the techniques turned on find, its cells highlighted on the board");
-  hintButtons->addWidget(m_nextStep, kAllRulesHint / kHintColumns, kAllRulesHint % kHintColumns + 2);
+  hintButtons->addWidget(m_nextStep, kNextStepPlace / kHintColumns, kNextStepPlace % kHintColumns);
+  // A style may give every button a width of its own liking (Fusion: 80
+  // pixels); these take the room of their captions, which keeps the page narrow.
+  for (QPushButton* button : hintFrame->findChildren<QPushButton*>()) {
+    const int margins = 2 * (button->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, button) +
+                             button->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, button));
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(QString(button->text()).remove('&')) + margins);
+  }
   m_hints = new QListWidget(hintFrame);
   m_hints->setObjectName(names::Hints);
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");

@@ -1,5 +1,7 @@
 #include "ui/Metrics.h"
 
+#include <QApplication>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
@@ -9,6 +11,12 @@ namespace tessaly {
 
 namespace {
 constexpr int kTextMargin = 2;  ///< a line edit's own margin on each side of its text
+
+/// The family pinFixedFamily named, or empty for the desktop's.
+QString& pinnedFixedFamily() {
+  static QString family;
+  return family;
+}
 }
 
 int numberBoxWidth(const QLineEdit* box, int characters) {
@@ -29,5 +37,16 @@ void reserveLines(QLabel* label, int lines) {
   label->setMinimumHeight(metrics.lineSpacing() * lines + metrics.height() / 3 + margins.top() + margins.bottom() +
                           2 * label->margin());
 }
+
+QFont fixedFont() {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (const QString& family = pinnedFixedFamily(); !family.isEmpty()) {
+    font.setFamily(family);
+    font.setPointSizeF(QApplication::font().pointSizeF());
+  }
+  return font;
+}
+
+void pinFixedFamily(const QString& family) { pinnedFixedFamily() = family; }
 
 }  // namespace tessaly

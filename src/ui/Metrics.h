@@ -2,8 +2,10 @@
 // Sizes taken from the font and the style rather than fixed in pixels, so the
 // window looks the same at every font size and screen scale.
 
+class QFont;
 class QLabel;
 class QLineEdit;
+class QString;
 
 namespace tessaly {
 
@@ -15,5 +17,14 @@ int numberBoxWidth(const QLineEdit* box, int characters);
 /// so a label that wraps further at the window's smallest width would squeeze
 /// its neighbours.
 void reserveLines(QLabel* label, int lines);
+
+/// The fixed-pitch font of the texts that line digits up (the manual page's
+/// summaries and move list, the entry dialogs): the desktop's monospace font,
+/// or the family named by pinFixedFamily at the application font's size.
+QFont fixedFont();
+
+/// Makes fixedFont() the given family from now on, for a program that must not
+/// depend on the machine's choice of monospace font (the widget tests).
+void pinFixedFamily(const QString& family);
 
 }  // namespace tessaly

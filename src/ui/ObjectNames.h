@@ -14,6 +14,7 @@ inline constexpr const char AboutBox[] = "AboutBox";
 inline constexpr const char AutoSaveCommand[] = "AutoSaveCommand";
 inline constexpr const char AutoSolveTab[] = "AutoSolveTab";
 inline constexpr const char BoardSplitter[] = "BoardSplitter";
+inline constexpr const char WindowContent[] = "WindowContent";
 inline constexpr const char BoxMissingCount_N[] = "BoxMissingCount_%1";
 inline constexpr const char BoxMissingCountCaption[] = "BoxMissingCountCaption";
 inline constexpr const char CellChoice[] = "CellChoice";

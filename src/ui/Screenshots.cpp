@@ -44,7 +44,7 @@ void saveAndQuit(MainWindow& window, const std::string& file) {
   window.refreshFromSession();
   QApplication::processEvents();
   window.grab().save(QString::fromStdString(file), "PNG");
-  const QSize least = window.minimumSizeHint();
+  const QSize least = window.leastSize();
   const QSize room = window.screen() ? window.screen()->availableGeometry().size() : least;
   if (least.width() > room.width() || least.height() > room.height()) {
     std::cerr << "The window needs " << least.width() << "x" << least.height() << " but the screen has "

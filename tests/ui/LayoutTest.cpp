@@ -28,8 +28,13 @@ QString clipping(const QWidget* widget) {
           .arg(rect.width()).arg(rect.height()).arg(p->metaObject()->className());
     if (p == window) break;
   }
-  // A control squeezed below its smallest size cuts its own caption.
-  const QSize least = widget->minimumSizeHint();
+  // A control squeezed below its smallest size cuts its own caption. The smallest size is the one layouts keep:
+  // one set on the widget, else its hint; a button must still show its whole caption.
+  QSize least = widget->minimumSizeHint();
+  if (widget->minimumWidth() > 0) least.setWidth(widget->minimumWidth());
+  if (widget->minimumHeight() > 0) least.setHeight(widget->minimumHeight());
+  if (const auto* button = qobject_cast<const QPushButton*>(widget))
+    least.setWidth(std::max(least.width(), button->fontMetrics().horizontalAdvance(QString(button->text()).remove('&'))));
   if (isA<QAbstractButton, QLineEdit, QGroupBox, BoardView>(widget) &&
       (widget->width() < least.width() || widget->height() < least.height()))
     return QString("%1 squeezed to %2x%3").arg(widget->objectName()).arg(widget->width()).arg(widget->height());
@@ -51,7 +56,11 @@ class LayoutTest : public WindowFixture {
  protected:
   void resizeWindow(QSize size) {
     window->resize(size);
-    QApplication::processEvents();
+    settle();
+  }
+  /// Lets the layouts settle: a layout request reaches the scrolled content and the splitters one posted event later.
+  static void settle() {
+    for (int round = 0; round < 3; ++round) QApplication::processEvents();
   }
   /// The colour a cell has outside a highlighted area.
   QColor ordinaryBack(int c) const {
@@ -59,23 +68,61 @@ class LayoutTest : public WindowFixture {
   }
 };
 
-TEST_F(LayoutTest, EveryTabFitsASmallScreenWithoutCuttingAControl) {
+/// The fonts of common desktops, besides the tests' own: the window must fit with each of them.
+const FontSet kDesktopFonts[] = {
+    kPinnedFonts,
+    {"Cantarell", 11, "Liberation Mono", "Liberation Sans", "fonts-cantarell, fonts-liberation2"},
+    {"Liberation Sans", 10, "Liberation Mono", "Liberation Sans", "fonts-liberation2"},
+};
+
+class LayoutWithFonts : public LayoutTest, public ::testing::WithParamInterface<FontSet> {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(useFonts(GetParam())) << "install " << GetParam().package << " (scripts/deps.sh lists it)";
+  }
+  void TearDown() override { useFonts(kPinnedFonts); }
+  QScrollArea* scroller() const { return qobject_cast<QScrollArea*>(window->centralWidget()); }
+  bool scrolls() const {
+    return scroller()->horizontalScrollBar()->isVisible() || scroller()->verticalScrollBar()->isVisible();
+  }
+};
+
+TEST_P(LayoutWithFonts, EveryTabFitsASmallScreenWithoutCuttingAControl) {
   start(1);
+  int autoSolveCell = 0;
   for (const Tab tab : {Tab::AutoSolve, Tab::Create, Tab::ManualSolve}) {
     selectTab(tab);
-    const QSize least = window->minimumSizeHint();
+    const QSize least = window->leastSize();
     EXPECT_LE(least.width(), kSmallestWindow.width()) << int(tab);
     EXPECT_LE(least.height(), kSmallestWindow.height()) << int(tab);
-    // Too small a size leaves the window at its smallest, which must show everything too.
-    for (const QSize size : {QSize(640, 480), kSmallestWindow, QSize(1366, 768)}) {
+    for (const QSize size : {kSmallestWindow, QSize(1366, 768)}) {
       resizeWindow(size);
-      EXPECT_EQ(window->size(), size.expandedTo(least)) << int(tab);
+      EXPECT_EQ(window->size(), size) << int(tab);
+      EXPECT_FALSE(scrolls()) << "tab " << int(tab) << " at " << size.width();
       EXPECT_EQ(clippedControls(window.get()), "") << "tab " << int(tab) << " at " << size.width();
       for (const char* name : {"Grid_80", "PosVals_81", "BoxMissingCount_9"})
         EXPECT_TRUE(cell(name).view->rect().contains(cell(name).rect)) << name << " at " << size.width();
     }
+    // The page beside it leaves the board most of the room it has on AutoSolve.
+    resizeWindow(kSmallestWindow);
+    if (tab == Tab::AutoSolve) autoSolveCell = window->board()->cellSize();
+    EXPECT_GE(4 * window->board()->cellSize(), 3 * autoSolveCell) << "tab " << int(tab);
+    // Below the least size (a tiled half screen) the window keeps its size and scrolls; scrolled to the end it
+    // shows the far corner whole.
+    resizeWindow(QSize(800, 600));
+    EXPECT_EQ(window->size(), QSize(800, 600)) << int(tab);
+    EXPECT_TRUE(scrolls()) << int(tab);
+    scroller()->horizontalScrollBar()->setValue(scroller()->horizontalScrollBar()->maximum());
+    scroller()->verticalScrollBar()->setValue(scroller()->verticalScrollBar()->maximum());
+    settle();
+    const QWidget* far = window->board()->candidateDisplay();
+    const QRect shown(far->mapTo(scroller()->viewport(), QPoint(0, 0)), far->size());
+    EXPECT_TRUE(scroller()->viewport()->rect().contains(shown.bottomRight())) << int(tab);
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(DesktopFonts, LayoutWithFonts, ::testing::ValuesIn(kDesktopFonts),
+                         [](const auto& info) { return QString(info.param.family).remove(' ').toStdString(); });
 
 TEST_F(LayoutTest, TheDialogsFitASmallScreenAndEscapeClosesThem) {
   start();
@@ -122,20 +169,41 @@ TEST_F(LayoutTest, TheSizeAndSplittersComeBackInTheNextRun) {
   auto* boardSplitter = child<QSplitter>("BoardSplitter");
   const int tall = logSplitter->sizes()[0] + logSplitter->sizes()[1];
   logSplitter->setSizes({tall - 150, 150});
+  const QList<int> autoSolveSizes = boardSplitter->sizes();
   selectTab(Tab::ManualSolve);
   const int wide = boardSplitter->sizes()[0] + boardSplitter->sizes()[1];
   boardSplitter->setSizes({boardSplitter->sizes()[0] + 40, wide - boardSplitter->sizes()[0] - 40});
-  const QList<int> logSizes = logSplitter->sizes(), boardSizes = boardSplitter->sizes();
+  const QList<int> logSizes = logSplitter->sizes(), manualSizes = boardSplitter->sizes();
   window->close();
 
+  // The next run starts on AutoSolve: its left column is as it was before the visit to ManualSolve.
+  session.controls.currentTab = Tab::AutoSolve;
   window = std::make_unique<MainWindow>(session, &ui);
   window->rememberLayoutIn(std::make_unique<QSettings>(file, QSettings::IniFormat));
   window->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  QApplication::processEvents();
   EXPECT_EQ(window->size(), QSize(1300, 700));
   EXPECT_EQ(child<QSplitter>("LogSplitter")->sizes(), logSizes);
+  EXPECT_EQ(child<QSplitter>("BoardSplitter")->sizes(), autoSolveSizes);
   selectTab(Tab::ManualSolve);  // the left column keeps its width for each page
-  EXPECT_EQ(child<QSplitter>("BoardSplitter")->sizes(), boardSizes);
+  EXPECT_EQ(child<QSplitter>("BoardSplitter")->sizes(), manualSizes);
+}
+
+TEST_F(LayoutTest, AVisitToTheWiderManualSolvePageLeavesTheOtherTabsTheirBoard) {
+  start(1);
+  resizeWindow(kSmallestWindow);
+  auto* boardSplitter = child<QSplitter>("BoardSplitter");
+  const QList<int> sizes = boardSplitter->sizes();
+  const int cellSize = window->board()->cellSize();
+  selectTab(Tab::ManualSolve);
+  EXPECT_GT(boardSplitter->sizes()[0], sizes[0]);  // the page needs more room than AutoSolve's
+  EXPECT_EQ(window->size(), kSmallestWindow);      // which the window did not grow for
+  for (const Tab tab : {Tab::Create, Tab::AutoSolve}) {
+    selectTab(tab);
+    EXPECT_EQ(boardSplitter->sizes(), sizes) << int(tab);
+    EXPECT_EQ(window->board()->cellSize(), cellSize) << int(tab);
+  }
 }
 
 TEST_F(LayoutTest, KeysPlaceDigitsOnlyWhileTheGridHasTheFocus) {

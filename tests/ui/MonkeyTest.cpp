@@ -7,6 +7,7 @@
 #include <QPrinter>
 #include <deque>
 #include <iostream>
+#include <cstdlib>
 #include <random>
 #include <sstream>
 
@@ -604,6 +605,40 @@ class MonkeyTest : public ::testing::Test {
       return fail("the log view shows " + std::to_string(window->eventLogView()->TotalLines()) + " lines of " +
                   std::to_string(lines));
     if (ui.busy) return fail("the busy pointer is still on at rest");
+    if (const std::string wrong = wordsDifference(); !wrong.empty()) return fail(wrong);
+  }
+
+  /// Where the puzzle frame's title or the status line does not describe the puzzle on the board: either shows
+  /// other words than the session's, a new puzzle's title counts fewer blanks than the board leaves open (Solve
+  /// makes the grid as it stands the puzzle, so there may be more), or the status line still tells of another
+  /// puzzle (a given of the puzzle before is gone, the words stayed).
+  std::string wordsDifference() {
+    const std::string title = named<QGroupBox>(window.get(), names::PuzNumber)->title().toStdString();
+    const std::string status = named<QLabel>(window.get(), names::MesLab)->text().toStdString();
+    if (title != session->PuzzleTitle)
+      return "the title shows '" + title + "', the session's is '" + session->PuzzleTitle + "'";
+    if (status != session->statusText)
+      return "the status line shows '" + status + "', the session's is '" + session->statusText + "'";
+    std::string givens;
+    int blanks = 0;
+    for (int c = 1; c <= kCells; ++c) {
+      const Cell& cell = session->grid[c];
+      givens += cell.given ? char('0' + cell.value) : '.';
+      blanks += !cell.given;
+    }
+    const std::string before = std::exchange(m_shownGivens, givens);
+    const std::string previousStatus = std::exchange(m_shownStatus, status);
+    // A new puzzle's title counts its blanks (a batch saved to the file is titled with the count asked for).
+    if (const std::string created = "New Puzzle ("; title.rfind(created, 0) == 0) {
+      const std::string counted = title.substr(created.size(), title.find(' ', created.size()) - created.size());
+      if (std::atoi(counted.c_str()) < blanks)
+        return "the title '" + title + "' counts " + counted + " blanks, the board leaves " + std::to_string(blanks);
+    }
+    bool otherPuzzle = false;
+    for (std::size_t i = 0; i < before.size() && i < givens.size(); ++i) otherPuzzle |= before[i] != '.' && before[i] != givens[i];
+    if (!status.empty() && status == previousStatus && otherPuzzle)
+      return "the status line '" + status + "' stays from the puzzle before";
+    return {};
   }
 
   /// The first cell whose painted value or choices differ from the session's, or, while the board shows an
@@ -668,6 +703,7 @@ class MonkeyTest : public ::testing::Test {
   QEventLoop m_loop;
   std::vector<std::string> m_rows;  ///< rows of real puzzles, for typed grids
   std::deque<std::string> m_history;
+  std::string m_shownGivens, m_shownStatus;  ///< the board's givens and the status line at the last check at rest
   std::unique_ptr<YieldHook> m_hook;
   QPointer<EntryDialog> m_dialog;
   bool m_restarting = false, m_failed = false;

@@ -18,8 +18,35 @@
 #include "ui/EntryDialog.h"
 #include "ui/EventLogView.h"
 #include "ui/MainWindow.h"
+#include "ui/Metrics.h"
 
 namespace tessaly::testing {
+
+/// The fonts a window is drawn with: the application's family and size, the
+/// fixed-pitch family, and the family that stands in for the event log's Arial.
+struct FontSet {
+  const char* family;
+  double points;
+  const char* fixed;
+  const char* arial;
+  const char* package;  ///< the Debian package that has them
+};
+inline void PrintTo(const FontSet& fonts, std::ostream* out) { *out << fonts.family << " " << fonts.points << "pt"; }
+/// The widget tests' fonts, whatever the machine's desktop would choose.
+inline constexpr FontSet kPinnedFonts{"DejaVu Sans", 10, "DejaVu Sans Mono", "DejaVu Sans", "fonts-dejavu-core"};
+
+/// Draws the windows made from now on with `fonts`; false when a family is not installed.
+inline bool useFonts(const FontSet& fonts) {
+  for (const char* family : {fonts.family, fonts.fixed, fonts.arial})
+    if (!QFontDatabase::hasFamily(family)) return false;
+  QFont font(fonts.family);
+  font.setPointSizeF(fonts.points);
+  QApplication::setFont(font);
+  pinFixedFamily(fonts.fixed);
+  QFont::removeSubstitutions("Arial");
+  QFont::insertSubstitution("Arial", fonts.arial);
+  return true;
+}
 
 using test::puzzleFile;
 using test::readFile;
