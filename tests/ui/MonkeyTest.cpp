@@ -15,6 +15,7 @@
 #include "create/Creation.h"
 #include "model/Interfaces.h"
 #include "solver/BoardHistory.h"
+#include "solver/Narrator.h"
 #include "ui/CommandStates.h"
 #include "ui/EntryDialog.h"
 #include "ui/ObjectNames.h"
@@ -615,10 +616,10 @@ class MonkeyTest : public ::testing::Test {
   std::string wordsDifference() {
     const std::string title = named<QGroupBox>(window.get(), names::PuzNumber)->title().toStdString();
     const std::string status = named<QLabel>(window.get(), names::MesLab)->text().toStdString();
-    if (title != session->PuzzleTitle)
-      return "the title shows '" + title + "', the session's is '" + session->PuzzleTitle + "'";
-    if (status != session->statusText)
-      return "the status line shows '" + status + "', the session's is '" + session->statusText + "'";
+    const std::string ownTitle = puzzleTitle(session->collection.origin());
+    const std::string ownStatus = statusLine(session->run.ended);
+    if (title != ownTitle) return "the title shows '" + title + "', the session's is '" + ownTitle + "'";
+    if (status != ownStatus) return "the status line shows '" + status + "', the session's is '" + ownStatus + "'";
     std::string givens;
     int blanks = 0;
     for (int c = 1; c <= kCells; ++c) {
