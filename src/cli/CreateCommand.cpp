@@ -76,9 +76,10 @@ int createCommand(const Arguments& arguments) {
   if (!hasBlanks || !hasDistribution) return usageError("--blanks and --distribution are needed");
 
   CreateSettings settings;
-  // The blank count is handed over as typed: the Create command reads it and
-  // refuses it with its own messages.
-  settings.TotBlanks = blanks;
+  // The blank count is read as the window reads its box (a number, then
+  // anything); the Create command refuses a count out of range, or no number
+  // at all, with its own messages.
+  settings.blanks = typedBlanks(blanks);
   const auto chosen = distributionNamed(distribution);
   if (!chosen) return usageError("--distribution takes mirror, box, random or manual");
   settings.distribution = *chosen;

@@ -18,21 +18,21 @@ constexpr const char* kTempHeader = "#001";
 constexpr const char* kLineEnd = "\r\n";
 }  // namespace
 
-int requestedBlanks(std::string_view totBlanksText) {
-  const long long n = numericValue(totBlanksText);
-  // Anything far out of range only needs to stay out of range.
-  return int(std::clamp(n, -1LL, 1000LL));
+std::optional<int> typedBlanks(std::string_view text) {
+  const std::optional<long long> n = leadingNumber(text);
+  if (!n) return std::nullopt;
+  return int(std::clamp(*n, -1LL, 1000LL));
 }
 
 CreateResult PuzzleCreator::createCommand(const CreateSettings& settings) {
   CreateResult result;
   result.settings = settings;
-  const int wanted = requestedBlanks(settings.TotBlanks);
-  if (wanted > kMaxBlanks) {
+  if (settings.blanks && *settings.blanks > kMaxBlanks) {
     s.message(kTooManyBlanks);
     return result;
   }
-  if (wanted < kMinBlanks) {
+  // No number at all asks for too few blanks, as an empty box does.
+  if (!settings.blanks || *settings.blanks < kMinBlanks) {
     s.message(kTooFewBlanks);
     return result;
   }
@@ -66,7 +66,9 @@ std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateRe
         return kCreationFailed;
       }
       const std::string solution = settings.uniqueOnly ? gridText() : std::string();
-      result.blanks = applyBlankDistribution(result.settings);
+      // The count passed createCommand's check; a later try takes it as the
+      // try before rewrote it.
+      result.blanks = applyBlankDistribution(result.settings, *result.settings.blanks);
       if (settings.uniqueOnly) result.blanks = keepOneSolution(solution, result.settings.distribution);
       current = result.settings;
       if (!graded) break;
@@ -190,8 +192,7 @@ void PuzzleCreator::seedGrid() {
   }
 }
 
-int PuzzleCreator::applyBlankDistribution(CreateSettings& settings) {
-  const int wanted = requestedBlanks(settings.TotBlanks);
+int PuzzleCreator::applyBlankDistribution(CreateSettings& settings, int wanted) {
   if (settings.distribution == BlankDistribution::Manual && !blankByTemplate(settings.manualTemplate))
     settings.distribution = BlankDistribution::Random;
   switch (settings.distribution) {
@@ -225,7 +226,8 @@ bool PuzzleCreator::blankByTemplate(const std::optional<std::string>& manualTemp
 
 void PuzzleCreator::blankMirror(CreateSettings& settings, int wanted) {
   const int target = 2 * (wanted / 2);
-  settings.TotBlanks = std::to_string(target);
+  settings.blanks = target;
+  settings.blanksRewritten = true;
   // Cells are blanked in pairs point-symmetric through the centre. A pair that
   // is already blank adds nothing and the centre cell is its own partner, so
   // the count may end one above the target.
@@ -239,7 +241,8 @@ void PuzzleCreator::blankMirror(CreateSettings& settings, int wanted) {
 
 void PuzzleCreator::blankByBox(CreateSettings& settings, int wanted) {
   const int perBox = wanted / 9;
-  settings.TotBlanks = std::to_string(9 * perBox);
+  settings.blanks = 9 * perBox;
+  settings.blanksRewritten = true;
   for (int box = 1; box <= 9; ++box) {
     shuffleBoxPositionOrder();
     const AreaCells& cells = areaCells(AreaKind::Box, box);

@@ -46,8 +46,10 @@ inline constexpr const char* kTemplateNoBlanks = "There are no blanks in this gr
 /// What the Create tab holds when Create is pressed; the command hands back
 /// what the tab must show afterwards in the same form.
 struct CreateSettings {
-  /// Text of the `TotBlanks` box, read by its numeric value (garbage reads 0).
-  std::string TotBlanks;
+  /// The number of blanks asked for (the `TotBlanks` box, read by
+  /// typedBlanks); nothing when no number was typed, which is refused as too
+  /// few blanks.
+  std::optional<int> blanks;
   /// The selected distribution option.
   BlankDistribution distribution = BlankDistribution::Mirror;
   /// For Manual: the template the blank-pattern dialog accepted (81 characters,
@@ -65,6 +67,9 @@ struct CreateSettings {
   /// target grade), at most gradeTries times.
   std::optional<Technique> targetTechnique{};
   int gradeTries = kDefaultGradeTries;
+  /// Set once Mirror or by Box has rewritten `blanks` to the count it aims at:
+  /// the box then shows that number in place of the text typed.
+  bool blanksRewritten = false;
 };
 
 struct CreateResult {
@@ -75,7 +80,7 @@ struct CreateResult {
     GradeNotReached,  ///< no puzzle of the target grade within the tries; the board is as it was
   };
   Outcome outcome = Outcome::Refused;
-  /// What the tab shows afterwards: `TotBlanks` as rewritten by Mirror and by
+  /// What the tab shows afterwards: `blanks` as rewritten by Mirror and by
   /// Box, and the option actually applied (Random after a Manual fallback).
   CreateSettings settings;
   /// Blank cells of the new puzzle.
@@ -111,10 +116,11 @@ class PuzzleCreator {
 
   /// Places the nine seeds: digit d at the randomDigit-th cell of box d, as a given.
   void seedGrid();
-  /// Blanks cells of the completed grid by the selected option. Rewrites
-  /// `TotBlanks` for Mirror and by Box; a Manual template that cannot be used
-  /// is reported and the option becomes Random. Returns the blank cell count.
-  int applyBlankDistribution(CreateSettings& settings);
+  /// Blanks cells of the completed grid by the selected option, `wanted`
+  /// being the count asked for. Rewrites `blanks` for Mirror and by Box; a
+  /// Manual template that cannot be used is reported and the option becomes
+  /// Random. Returns the blank cell count.
+  int applyBlankDistribution(CreateSettings& settings, int wanted);
   /// Fills again, unit by unit in cell order, every blank whose removal lets
   /// the grid's puzzle have a second solution; `solution` holds the completed
   /// grid (81 digits). Mirror units are the pairs through the centre. Returns
@@ -159,7 +165,9 @@ class PuzzleCreator {
   Session& s;
 };
 
-/// The numeric reading of a `TotBlanks` text.
-int requestedBlanks(std::string_view totBlanksText);
+/// The blank count a `TotBlanks` text asks for: the number it starts with
+/// (leadingNumber), held to -1..1000 since a count far out of range only needs
+/// to stay out of range; nothing when the text does not start with a number.
+std::optional<int> typedBlanks(std::string_view text);
 
 }  // namespace tessaly

@@ -50,12 +50,12 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
   const auto show = [&](const std::string& text) {
     if (request.showNumCreate) request.showNumCreate(text);
   };
-  const long long count = numericValue(request.NumCreate);
+  const long long count = request.count;
   PuzzleCreator creator(session);
   try {
     for (long long i = 1; i <= count; ++i) {
       // Each creation runs as if Create had been pressed with the tab as the
-      // previous one left it (TotBlanks rewritten, a Manual fallback selecting
+      // previous one left it (the blank count rewritten, a Manual fallback selecting
       // Random).
       CreateResult created = creator.createCommand(result.create);
       result.create = created.settings;
@@ -64,7 +64,7 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
       if (created.created()) {
         if (const FileResult written = saveGridToFile(session, session.collection.CurrentFile); !written) {
           result.writeFailed = true;
-          show(request.NumCreate);
+          show(request.countTyped);
           session.message(couldNotWriteText(session.collection.CurrentFile, written));
           return result;
         }
@@ -73,7 +73,7 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
       } else if (created.outcome == CreateResult::Outcome::GradeNotReached) {
         // The grade was out of reach in all the tries; the next puzzles would
         // only tell the same. The batch ends on that one message.
-        show(request.NumCreate);
+        show(request.countTyped);
         result.gradeNotReached = true;
         return result;
       }
@@ -83,13 +83,14 @@ AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request)
     // The window is closing: stop the batch where it is.
     return result;
   }
-  show(request.NumCreate);
+  show(request.countTyped);
   const int total = session.collection.TotalPuzzles;
   // The title names the last puzzle of the file with the blank count asked
-  // for, not one counted in the saved grid.
-  session.collection.setOrigin(BoardOrigin::read(total, total, requestedBlanks(result.create.TotBlanks)));
+  // for, not one counted in the saved grid; 0 when no number was typed (every
+  // creation was refused then).
+  session.collection.setOrigin(BoardOrigin::read(total, total, result.create.blanks.value_or(0)));
   // The count told is the number asked for, as typed.
-  session.message(request.NumCreate + " puzzles added to file: " + session.collection.CurrentFile);
+  session.message(request.countTyped + " puzzles added to file: " + session.collection.CurrentFile);
   return result;
 }
 

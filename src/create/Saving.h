@@ -27,18 +27,21 @@ bool saveThisPuzzleCommand(Session& session);
 
 /// What the batch needs from the Create tab.
 struct AutoSaveRequest {
-  /// Text of the `NumCreate` box: the number of puzzles to create.
-  std::string NumCreate;
+  /// The number of puzzles to create (none for 0 or less).
+  long long count = 0;
+  /// The `NumCreate` box as typed: shown there again when the batch ends and
+  /// told as the count in its last message.
+  std::string countTyped;
   /// The Create tab's settings, as for the Create command.
   CreateSettings create;
   /// Shows a text in the `NumCreate` box: the number still to go after each
-  /// saved puzzle, and the start value again at the end. May be empty.
+  /// saved puzzle, and `countTyped` again at the end. May be empty.
   std::function<void(const std::string&)> showNumCreate;
 };
 
 struct AutoSaveResult {
   int saved = 0;  ///< puzzles actually written to the collection
-  /// The Create tab's settings after the last creation (`TotBlanks` rewritten,
+  /// The Create tab's settings after the last creation (`blanks` rewritten,
   /// the option applied), for the window to show.
   CreateSettings create;
   bool writeFailed = false;  ///< stopped because the collection could not be written
@@ -46,7 +49,7 @@ struct AutoSaveResult {
 };
 
 /// Create and save a batch (`AutoSaveCommand`): runs the Create command
-/// NumCreate times and appends each created puzzle to the collection; a
+/// `count` times and appends each created puzzle to the collection; a
 /// creation that failed is skipped and the batch goes on, but one that did not
 /// reach the target grade ends the batch (its message is the only one).
 AutoSaveResult autoSaveCommand(Session& session, const AutoSaveRequest& request);

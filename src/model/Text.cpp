@@ -23,7 +23,7 @@ std::string padded(long long n, int width) {
   return n < 0 ? "-" + digits : digits;
 }
 
-long long numericValue(std::string_view text) {
+std::optional<long long> leadingNumber(std::string_view text) {
   std::size_t i = 0;
   while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
   bool negative = false;
@@ -34,9 +34,11 @@ long long numericValue(std::string_view text) {
     if (v < 100000000000000000LL) v = v * 10 + (text[i] - '0');
     any = true;
   }
-  if (!any) return 0;
+  if (!any) return std::nullopt;
   return negative ? -v : v;
 }
+
+long long numericValue(std::string_view text) { return leadingNumber(text).value_or(0); }
 
 std::string trimmed(std::string_view text) {
   std::size_t b = 0, e = text.size();

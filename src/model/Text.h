@@ -1,6 +1,7 @@
 #pragma once
 // Number and text forms used throughout the program's sentences and files.
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,8 +15,11 @@ void appendNum(std::string& out, long long n);
 /// Decimal text zero-padded to at least `width` digits ("05", "000").
 std::string padded(long long n, int width);
 
-/// The numeric reading of a text: leading blanks skipped, an optional sign,
-/// then the longest run of decimal digits; anything unreadable reads as 0.
+/// The number a text starts with: leading blanks skipped, an optional sign,
+/// then the longest run of decimal digits (whatever follows is ignored);
+/// nothing when no digit comes there.
+std::optional<long long> leadingNumber(std::string_view text);
+/// The numeric reading of a text: its leadingNumber, 0 when it has none.
 long long numericValue(std::string_view text);
 /// The numeric reading of one character: its digit, else 0.
 constexpr int digitValue(char ch) { return ch >= '0' && ch <= '9' ? ch - '0' : 0; }

@@ -16,6 +16,7 @@
 #include "create/Saving.h"
 #include "model/Interfaces.h"
 #include "model/Session.h"
+#include "model/Text.h"
 #include "solver/Grader.h"
 #include "ui/ColourScheme.h"
 #include "ui/CommandHost.h"
@@ -145,20 +146,20 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   connect(m_saveNew, &RightClickButton::released, this, [this](Qt::MouseButton) { saveNewCommand(); });
   connect(m_autoSave, &RightClickButton::released, this, [this](Qt::MouseButton) { autoSaveCommand(); });
 
-  showSettings(CreateSettings{kDefaultBlanks, BlankDistribution::Mirror, std::nullopt});
+  showSettings(CreateSettings{typedBlanks(kDefaultBlanks), BlankDistribution::Mirror, std::nullopt}, kDefaultBlanks);
 }
 
 CreateSettings CreatePage::settings() const {
   CreateSettings settings;
-  settings.TotBlanks = m_totBlanks->text().toStdString();
+  settings.blanks = typedBlanks(m_totBlanks->text().toStdString());
   settings.distribution = selectedDistribution();
   settings.uniqueOnly = m_unique->isChecked();
   if (const int grade = m_targetGrade->currentData().toInt(); grade > 0) settings.targetGrade = grade;
   return settings;
 }
 
-void CreatePage::showSettings(const CreateSettings& settings) {
-  m_totBlanks->setText(qt(settings.TotBlanks));
+void CreatePage::showSettings(const CreateSettings& settings, const QString& blanksTyped) {
+  m_totBlanks->setText(settings.blanksRewritten && settings.blanks ? QString::number(*settings.blanks) : blanksTyped);
   const int option = int(settings.distribution);
   if (option >= 0 && option < int(m_options.size())) m_options[std::size_t(option)]->setChecked(true);
   showHint(option);
@@ -196,21 +197,22 @@ CreateSettings CreatePage::settingsWithTemplate() {
   if (settings.distribution != BlankDistribution::Manual) return settings;
   // The template is asked for only when the blank count will pass; a count out
   // of range is refused by the command without a pattern.
-  const int wanted = requestedBlanks(settings.TotBlanks);
-  if (wanted < kMinBlanks || wanted > kMaxBlanks) return settings;
+  if (!settings.blanks || *settings.blanks < kMinBlanks || *settings.blanks > kMaxBlanks) return settings;
   settings.manualTemplate = templateSource ? templateSource() : askBlankTemplate(m_ui, this);
   return settings;
 }
 
 void CreatePage::createCommand() {
   m_host.runCommand([this] {
+    // The box shows the text typed again unless Mirror or by Box rewrote the count.
+    const QString typed = m_totBlanks->text();
     const CreateSettings settings = settingsWithTemplate();
     CreateResult result;
     {
       BusyPointer busy(m_ui);
       result = PuzzleCreator(m_session).createCommand(settings);
     }
-    showSettings(result.settings);
+    showSettings(result.settings, typed);
     m_host.refreshFromSession();
   });
 }
@@ -225,7 +227,11 @@ void CreatePage::saveNewCommand() {
 void CreatePage::autoSaveCommand() {
   m_host.runCommand([this] {
     AutoSaveRequest request;
-    request.NumCreate = m_numCreate->text().toStdString();
+    request.countTyped = m_numCreate->text().toStdString();
+    // A box without a number asks for no puzzles; the batch still ends with
+    // its message, telling the text typed.
+    request.count = leadingNumber(request.countTyped).value_or(0);
+    const QString blanksTyped = m_totBlanks->text();
     request.create = settingsWithTemplate();
     // The count goes down in front of the user while the batch runs, and the
     // window keeps answering.
@@ -243,7 +249,7 @@ void CreatePage::autoSaveCommand() {
       result = tessaly::autoSaveCommand(m_session, request);
     }
     setCommandsEnabled(true);
-    showSettings(result.create);
+    showSettings(result.create, blanksTyped);
     m_host.refreshFromSession();
   });
 }

@@ -12,6 +12,8 @@
 #include <optional>
 #include <string>
 
+#include <QString>
+
 #include "create/Creation.h"
 #include "ui/TabPage.h"
 
@@ -38,8 +40,9 @@ class CreatePage : public TabPage {
 
   /// What the controls hold, as the Create command reads it (no template yet).
   CreateSettings settings() const;
-  /// Shows `TotBlanks` and the selected option.
-  void showSettings(const CreateSettings& settings);
+  /// Shows the selected option and, in `TotBlanks`, the count Mirror or by
+  /// Box rewrote, else `blanksTyped` (the text typed before the command).
+  void showSettings(const CreateSettings& settings, const QString& blanksTyped);
 
   /// Where the Manual option's template comes from; unset: the blank template
   /// dialog (`TemplateDialog`) over this page.

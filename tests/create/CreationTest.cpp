@@ -22,26 +22,28 @@ using Lines = std::vector<std::string>;
 using Views = std::vector<bool>;
 using enum BlankDistribution;
 
-CreateResult create(CreateSession& t, const std::string& blanks, BlankDistribution distribution) {
+CreateResult create(CreateSession& t, std::optional<int> blanks, BlankDistribution distribution) {
   return PuzzleCreator(t.session).createCommand(CreateSettings{blanks, distribution, std::nullopt});
 }
 
 bool completeAndValid(Session& s) { return s.grid.filledCount() == kCells && SolverEngine(s).givensAreValid(); }
 
-TEST(CreateBlankCount, NineToSeventyTwoByNumericValueAnythingElseIsRefusedAndNothingChanges) {
+TEST(CreateBlankCount, NineToSeventyTwoByTheLeadingNumberAnythingElseIsRefusedAndNothingChanges) {
   const std::string puzzle = "003020600900305001001806400008102900700000008006708200002609500800203009005010300";
-  const std::tuple<const char*, int, const char*> cases[] = {  // typed, blanks made, refusal
-      {"9", 9, nullptr},       {"72", 72, nullptr},       {" 30 blanks", 30, nullptr},
-      {"8", 0, kTooFewBlanks}, {"73", 0, kTooManyBlanks}, {"abc", 0, kTooFewBlanks},
-      {"", 0, kTooFewBlanks},  {"-5", 0, kTooFewBlanks},  {"1000000", 0, kTooManyBlanks}};
-  for (const auto& [typed, blanks, refusal] : cases) {
+  const std::tuple<const char*, std::optional<int>, int, const char*> cases[] = {  // typed, read, blanks made, refusal
+      {"9", 9, 9, nullptr},           {"72", 72, 72, nullptr},         {" 30 blanks", 30, 30, nullptr},
+      {"040", 40, 40, nullptr},       {"8", 8, 0, kTooFewBlanks},      {"73", 73, 0, kTooManyBlanks},
+      {"abc", {}, 0, kTooFewBlanks},  {"", {}, 0, kTooFewBlanks},      {"-", {}, 0, kTooFewBlanks},
+      {"-5", -1, 0, kTooFewBlanks},   {"+12", 12, 12, nullptr},       {"1000000", 1000, 0, kTooManyBlanks}};
+  for (const auto& [typed, read, blanks, refusal] : cases) {
     SCOPED_TRACE(typed);
+    EXPECT_EQ(typedBlanks(typed), read);
     CreateSession t;
     test::loadGivens(t.session, puzzle);
     t.session.collection.setOrigin(BoardOrigin::read(7, 9, 50));
     // Random leaves the box as typed; a refused Mirror must not rewrite it either.
-    const CreateResult r = create(t, typed, refusal ? Mirror : Random);
-    EXPECT_EQ(r.settings.TotBlanks, typed);
+    const CreateResult r = create(t, typedBlanks(typed), refusal ? Mirror : Random);
+    EXPECT_TRUE(r.settings.blanks == read && !r.settings.blanksRewritten);
     EXPECT_EQ(r.outcome, refusal ? CreateResult::Outcome::Refused : CreateResult::Outcome::Created);
     EXPECT_EQ(t.ui.messages, refusal ? Lines{refusal} : Lines{});
     if (!refusal) {
@@ -81,7 +83,7 @@ TEST(CreateLeftBehind, TheSilentFillIsNotHeldToTheAttemptLimitAnUnwritablePuzTem
     SCOPED_TRACE(seed);
     CreateSession t(seed);
     t.session.config.MaxTries = 1;
-    CreateSettings settings{"56", Mirror, std::nullopt};
+    CreateSettings settings{56, Mirror, std::nullopt};
     settings.uniqueOnly = true;
     EXPECT_TRUE(PuzzleCreator(t.session).createCommand(settings).created());
     EXPECT_EQ(t.ui.messages, Lines{});
@@ -90,23 +92,23 @@ TEST(CreateLeftBehind, TheSilentFillIsNotHeldToTheAttemptLimitAnUnwritablePuzTem
 
   CreateSession u;
   u.session.appDir = u.dir.file("missing/");
-  EXPECT_TRUE(create(u, "20", Random).created());
+  EXPECT_TRUE(create(u, 20, Random).created());
   EXPECT_EQ(u.ui.messages, Lines{"Could not write file: " + u.dir.file("missing/PuzTemp.sud") + " (No such file or directory)"});
   EXPECT_EQ(puzzleNumberText(u.session.collection.origin()).value_or(""), "NEW");
 }
 
 TEST(CreateDistribution, CountsAndPatternsOverTenSeedsEach) {
-  // distribution, count asked, TotBlanks afterwards, least and most blank cells
-  const std::tuple<BlankDistribution, const char*, const char*, int, int> cases[] = {
-      {Mirror, "41", "40", 40, 41}, {ByBox, "40", "36", 36, 36}, {Random, "23", "23", 23, 23},
-      {Random, "64", "64", 64, 64}};
+  // distribution, count asked, count shown afterwards, least and most blank cells
+  const std::tuple<BlankDistribution, int, int, int, int> cases[] = {
+      {Mirror, 41, 40, 40, 41}, {ByBox, 40, 36, 36, 36}, {Random, 23, 23, 23, 23}, {Random, 64, 64, 64, 64}};
   for (const auto& [distribution, asked, shown, least, most] : cases)
     for (std::uint64_t seed = 1; seed <= 10; ++seed) {
-      SCOPED_TRACE(std::string(asked) + " seed " + std::to_string(seed));
+      SCOPED_TRACE(std::to_string(asked) + " seed " + std::to_string(seed));
       CreateSession t(seed);
       const CreateResult r = create(t, asked, distribution);
       ASSERT_TRUE(r.created());
-      EXPECT_EQ(r.settings.TotBlanks, shown);
+      // Mirror and by Box write their count back into the box, even when it is the one asked for.
+      EXPECT_TRUE(r.settings.blanks == shown && r.settings.blanksRewritten == (distribution != Random));
       EXPECT_EQ(r.settings.distribution, distribution);
       EXPECT_EQ(r.blanks, blankCells(t.session));
       EXPECT_TRUE(r.blanks >= least && r.blanks <= most) << r.blanks;
@@ -128,9 +130,9 @@ TEST(CreateDistribution, MirrorsCentreCellCanTakeTheCountOneAboveTheTarget) {
   for (int cell : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 41, 20})
     draws.insert(draws.end(), {drawFor(CellRow[cell]), drawFor(CellCol[cell])});
   CreateSession t(std::make_unique<ScriptedRandom>(draws));
-  const CreateResult r = create(t, "41", Mirror);
+  const CreateResult r = create(t, 41, Mirror);
   ASSERT_TRUE(r.created());
-  EXPECT_EQ(r.settings.TotBlanks + " " + puzzleTitle(t.session.collection.origin()), "40 New Puzzle (41 blanks)");
+  EXPECT_EQ(std::to_string(r.settings.blanks.value_or(0)) + " " + puzzleTitle(t.session.collection.origin()), "40 New Puzzle (41 blanks)");
   for (int cell : {1, 19, 20, 41, 62, 63, 81}) EXPECT_EQ(t.session.grid[cell].value, 0) << cell;
   EXPECT_NE(t.session.grid[21].value, 0);
 }
@@ -139,7 +141,7 @@ TEST(CreateNewPuzzle, KeptCellsBecomeGivensWithCandidatesForTheBlanksAndThePuzzl
   CreateSession t(3);
   Session& s = t.session;
   s.run.stats.totalReductions[2] = 9;
-  ASSERT_TRUE(create(t, "45", Random).created());
+  ASSERT_TRUE(create(t, 45, Random).created());
   EXPECT_TRUE(s.givenCount() == 36 && s.BlanksLeft == 45);
   for (int c = 1; c <= kCells; ++c) {
     // A given shows its digit; a blank keeps at least the completed grid's digit.
@@ -165,7 +167,7 @@ TEST(CreateWithAStoppedClock, TwoHundredMirrorCreationsInARowAllEnd) {
   PuzzleCreator creator(t.session);
   std::set<std::string> grids;
   for (int i = 0; i < 200; ++i) {
-    const CreateResult r = creator.createCommand(CreateSettings{"41", Mirror, std::nullopt});
+    const CreateResult r = creator.createCommand(CreateSettings{41, Mirror, std::nullopt});
     ASSERT_TRUE(r.created()) << i;
     grids.insert(t.session.grid.valueCode());
     EXPECT_TRUE(r.blanks == 40 || r.blanks == 41) << i << ": " << r.blanks;
@@ -181,7 +183,7 @@ TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirro
     for (std::uint64_t seed = 1; seed <= 12; ++seed) {
       SCOPED_TRACE(testing::Message() << int(distribution) << " seed " << seed);
       CreateSession t(seed);
-      CreateSettings settings{"64", distribution, std::string(40, 'X') + std::string(41, '.')};
+      CreateSettings settings{64, distribution, std::string(40, 'X') + std::string(41, '.')};
       settings.uniqueOnly = true;
       const CreateResult result = PuzzleCreator(t.session).createCommand(settings);
       ASSERT_TRUE(result.created());
@@ -197,7 +199,7 @@ TEST(CreateOneSolution, EveryDistributionGivesBackBlanksUntilOneSolutionAndMirro
 
 TEST(CreateOneSolution, OffByDefaultAndWhenOnOnlyFillsBlanksOfTheSamePuzzle) {
   CreateSession plain(7), unique(7);
-  CreateSettings settings{"40", Random, std::nullopt};
+  CreateSettings settings{40, Random, std::nullopt};
   PuzzleCreator(plain.session).createCommand(settings);
   settings.uniqueOnly = true;
   PuzzleCreator(unique.session).createCommand(settings);
@@ -211,7 +213,7 @@ TEST(CreateOneSolution, OffByDefaultAndWhenOnOnlyFillsBlanksOfTheSamePuzzle) {
 TEST(CreateGrade, RepeatsUntilTheGradeOrTellsThatItWasNotReached) {
   for (int grade = 1; grade <= kGradeCount; ++grade) {
     CreateSession t(3);
-    CreateSettings settings{"56", Random, std::nullopt};
+    CreateSettings settings{56, Random, std::nullopt};
     settings.uniqueOnly = true;
     settings.targetGrade = grade;
     const CreateResult result = PuzzleCreator(t.session).createCommand(settings);
@@ -231,7 +233,7 @@ TEST(CreateGrade, RepeatsUntilTheGradeOrTellsThatItWasNotReached) {
   s.run.mode = RunState::Waiting;
   s.run.SavedGuessCount = 4;
   const PuzzleGrid grid = s.grid;
-  CreateSettings settings{"20", Manual, std::nullopt};  // no template: told once, then Random
+  CreateSettings settings{20, Manual, std::nullopt};  // no template: told once, then Random
   settings.targetGrade = 5;
   settings.gradeTries = 3;
   const CreateResult result = PuzzleCreator(s).createCommand(settings);

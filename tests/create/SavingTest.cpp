@@ -34,12 +34,17 @@ class SaveTest : public ::testing::Test {
   void SetUp() override { s.collection.CurrentFile = t.dir.file("Mine.sud"); }
   std::string fileText() const { return readWholeFile(s.collection.CurrentFile).value_or("<missing>"); }
   std::string added(const std::string& what) const { return what + " added to file: " + s.collection.CurrentFile; }
-  AutoSaveResult batch(const char* count, const char* blanks, BlankDistribution distribution) {
+  /// A batch of `count` puzzles, the box showing `typed`.
+  AutoSaveResult batch(long long count, const std::string& typed, std::optional<int> blanks,
+                       BlankDistribution distribution) {
     const auto show = [this](const std::string& text) {
       shown.push_back(text);
       onGrid.push_back(givensText(s));
     };
-    return autoSaveCommand(s, AutoSaveRequest{count, CreateSettings{blanks, distribution, std::nullopt}, show});
+    return autoSaveCommand(s, AutoSaveRequest{count, typed, CreateSettings{blanks, distribution, std::nullopt}, show});
+  }
+  AutoSaveResult batch(long long count, int blanks, BlankDistribution distribution) {
+    return batch(count, std::to_string(count), blanks, distribution);
   }
 
   test::CreateSession t;
@@ -104,9 +109,9 @@ TEST_F(SaveTest, OnlyTheGivensAreAppendedNumberedByTheirPositionInTheFile) {
 }
 
 TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
-  const AutoSaveResult result = batch("3", "41", BlankDistribution::Mirror);
+  const AutoSaveResult result = batch(3, 41, BlankDistribution::Mirror);
   EXPECT_TRUE(result.saved == 3 && !result.writeFailed);
-  EXPECT_EQ(result.create.TotBlanks, "40");
+  EXPECT_TRUE(result.create.blanks == 40 && result.create.blanksRewritten);
   EXPECT_EQ(shown, (Lines{"2", "1", "0", "3"}));
   ASSERT_EQ(onGrid.size(), 4u);
   EXPECT_EQ(fileText(), record(1, onGrid[0]) + record(2, onGrid[1]) + record(3, onGrid[2]));
@@ -119,13 +124,13 @@ TEST_F(SaveTest, ABatchOfThreeIntoAnEmptyFile) {
 
 TEST_F(SaveTest, ABatchIsNotHeldToTheAttemptLimitGoesOnPastAManualFallbackButStopsAtAnUnwritableFile) {
   s.config.MaxTries = 5;  // narrated solving's limit: the creations' silent fills pass it
-  AutoSaveResult result = batch("2", "30", BlankDistribution::Random);
+  AutoSaveResult result = batch(2, 30, BlankDistribution::Random);
   EXPECT_TRUE(result.saved == 2 && countPuzzles(s.collection.CurrentFile) == 2);
   EXPECT_EQ(t.ui.messages, Lines{added("2 puzzles")});
 
   std::filesystem::remove(s.collection.CurrentFile);
   t.ui.messages.clear();
-  result = batch("2", "25", BlankDistribution::Manual);  // no template: told once, then Random
+  result = batch(2, 25, BlankDistribution::Manual);  // no template: told once, then Random
   EXPECT_TRUE(result.saved == 2 && result.create.distribution == BlankDistribution::Random);
   EXPECT_EQ(t.ui.messages, (Lines{kTemplateNotAccepted, added("2 puzzles")}));
   EXPECT_EQ(puzzleTitle(s.collection.origin()), "Puzzle 2 of 2 (25 blanks)");
@@ -133,19 +138,42 @@ TEST_F(SaveTest, ABatchIsNotHeldToTheAttemptLimitGoesOnPastAManualFallbackButSto
   s.collection.CurrentFile = t.dir.file("missing/Mine.sud");
   t.ui.messages.clear();
   shown.clear();
-  result = batch("3", "30", BlankDistribution::Random);
+  result = batch(3, 30, BlankDistribution::Random);
   EXPECT_TRUE(result.writeFailed && result.saved == 0);
   EXPECT_EQ(t.ui.messages, Lines{"Could not write file: " + s.collection.CurrentFile + " (No such file or directory)"});
   EXPECT_EQ(shown, Lines{"3"});
   EXPECT_EQ(countPuzzles(t.tempFile()), 5);  // the four before and the one the write failed on
 }
 
+TEST_F(SaveTest, TheBatchTellsAndShowsTheCountAsTypedAndTitlesTheBlankCountAsked) {
+  // count, as typed, blank count, saved, messages after the refusals, shown in the box, title
+  const std::tuple<long long, const char*, std::optional<int>, int, int, Lines, const char*> cases[] = {
+      {2, "02", 30, 2, 0, {"1", "0", "02"}, "Puzzle 2 of 2 (30 blanks)"},
+      {0, "none", 30, 0, 0, {"none"}, "Puzzle 0 of 0 (30 blanks)"},
+      {2, "2", std::nullopt, 0, 2, {"2"}, "Puzzle 0 of 0 (0 blanks)"},  // no number typed: refused, titled 0
+      {1, "1", 80, 0, 1, {"1"}, "Puzzle 0 of 0 (80 blanks)"}};
+  for (const auto& [count, typed, blanks, saved, refusals, inBox, title] : cases) {
+    SCOPED_TRACE(typed);
+    std::filesystem::remove(s.collection.CurrentFile);
+    s.collection.TotalPuzzles = 0;
+    t.ui.messages.clear();
+    shown.clear();
+    const AutoSaveResult result = batch(count, typed, blanks, BlankDistribution::Random);
+    Lines messages(std::size_t(refusals), blanks ? kTooManyBlanks : kTooFewBlanks);
+    messages.push_back(added(std::string(typed) + " puzzles"));
+    EXPECT_EQ(result.saved, saved);
+    EXPECT_EQ(t.ui.messages, messages);
+    EXPECT_EQ(shown, inBox);
+    EXPECT_EQ(puzzleTitle(s.collection.origin()), title);
+  }
+}
+
 TEST_F(SaveTest, ABatchEndsOnAGradeOutOfReachWithItsOneMessage) {
   const auto show = [this](const std::string& text) { shown.push_back(text); };
-  CreateSettings settings{"20", BlankDistribution::Random, std::nullopt};
+  CreateSettings settings{20, BlankDistribution::Random, std::nullopt};
   settings.targetGrade = 5;
   settings.gradeTries = 2;
-  const AutoSaveResult result = autoSaveCommand(s, AutoSaveRequest{"5", settings, show});
+  const AutoSaveResult result = autoSaveCommand(s, AutoSaveRequest{5, "5", settings, show});
   EXPECT_TRUE(result.saved == 0 && result.gradeNotReached && !result.writeFailed);
   EXPECT_EQ(t.ui.messages, Lines{gradeNotReachedText(5, 2)});
   EXPECT_EQ(shown, Lines{"5"});

@@ -74,7 +74,7 @@ struct App {
     return result.ready;
   }
   bool create() {
-    return PuzzleCreator(s).createCommand(CreateSettings{"30", BlankDistribution::Random, std::nullopt}).created();
+    return PuzzleCreator(s).createCommand(CreateSettings{30, BlankDistribution::Random, std::nullopt}).created();
   }
   /// Solves the puzzle and saves it as text into `path`, answering Yes to the overwrite question.
   bool solveAndExport(const std::string& path) {

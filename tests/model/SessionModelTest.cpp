@@ -41,8 +41,12 @@ TEST(PuzzleGrid, AreaValuesGivensTheValueCodeAndCandidateTexts) {
 TEST(Text, NumbersTakeOneLeadingBlankAndReadLeniently) {
   EXPECT_EQ(num(5) + num(0) + num(-3), " 5 0-3");
   EXPECT_EQ(padded(5, 2) + "|" + padded(125, 2) + "|" + padded(7, 3) + "|" + padded(-4, 2), "05|125|007|-04");
-  for (auto [text, value] : {std::pair{" 250 ", 250}, {"\t-12x", -12}, {"+7", 7}, {"x12", 0}, {"", 0}, {"-", 0}})
+  // A text with no leading number reads as 0, and leadingNumber tells it apart.
+  for (auto [text, value, read] : {std::tuple{" 250 ", 250, true}, {"\t-12x", -12, true}, {"+7", 7, true},
+                                   {"-0", 0, true}, {"x12", 0, false}, {"", 0, false}, {"-", 0, false}}) {
     EXPECT_EQ(numericValue(text), value) << text;
+    EXPECT_EQ(leadingNumber(text), read ? std::optional<long long>(value) : std::nullopt) << text;
+  }
 }
 
 TEST(SolveState, QueueKeysSortIntoPlacementOrderAndRetriesComeFirst) {

@@ -86,6 +86,41 @@ TEST_F(CreateTabTest, SaveNewAndTheBatchAddToTheCollection) {
   EXPECT_TRUE(child("CreateCommand")->isEnabled());
 }
 
+TEST_F(CreateTabTest, TheBoxesKeepTheirTextAsTypedUnlessMirrorOrByBoxRewritesTheCount) {
+  // option, typed, box afterwards, blanks on the grid (0: refused, the grid kept), message
+  const std::tuple<int, const char*, const char*, int, const char*> cases[] = {
+      {2, "040", "040", 40, nullptr},       {0, "040", "40", 40, nullptr},      {1, "36 blanks", "36", 36, nullptr},
+      {2, "abc", "abc", 0, kTooFewBlanks}, {0, "-", "-", 0, kTooFewBlanks},    {0, "0100", "0100", 0, kTooManyBlanks}};
+  for (const auto& [option, typed, shown, blanks, message] : cases) {
+    ui.messages.clear();
+    const int before = blanksShown();
+    create(option, typed);
+    EXPECT_EQ(box("TotBlanks")->text(), shown) << typed;
+    EXPECT_EQ(ui.messages, message ? std::vector<std::string>{message} : std::vector<std::string>{}) << typed;
+    EXPECT_NEAR(blanksShown(), blanks ? blanks : before, option == 0 ? 1 : 0) << typed;
+  }
+
+  // The batch counts down, then shows and tells the count as typed.
+  const std::tuple<const char*, const char*, std::vector<std::string>, int> batches[] = {  // typed, blanks, box, added
+      {"02", "030", {"1", "0", "02"}, 2}, {"none", "30", {}, 0}};
+  for (const auto& [typed, blanks, counts, added] : batches) {
+    click("Distribution_2");
+    box("TotBlanks")->setText(blanks);
+    box("NumCreate")->setText(typed);
+    std::vector<std::string> shown;
+    const auto watch = QObject::connect(box("NumCreate"), &QLineEdit::textChanged,
+                                        [&](const QString& text) { shown.push_back(text.toStdString()); });
+    ui.messages.clear();
+    const int before = countPuzzles(appDir() + "Puzzles.sud");
+    click("AutoSaveCommand");
+    QObject::disconnect(watch);
+    EXPECT_EQ(shown, counts) << typed;
+    EXPECT_EQ(ui.messages, std::vector<std::string>{std::string(typed) + " puzzles added to file: " + appDir() + "Puzzles.sud"});
+    EXPECT_EQ(countPuzzles(appDir() + "Puzzles.sud"), before + added) << typed;
+    EXPECT_EQ(box("NumCreate")->text() + "|" + box("TotBlanks")->text(), QString(typed) + "|" + blanks);
+  }
+}
+
 TEST(EntryDialogs, ARefusedEntryIsToldAndTheDialogStaysOpenWithItsText) {
   test::TestSession t;
   GridEntryDialog grid(t.session, t.ui);
