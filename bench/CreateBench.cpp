@@ -30,7 +30,7 @@ void createPuzzles(benchmark::State& state, BlankDistribution distribution) {
   const auto tempFile = scratch / kTempCollectionName;
 
   PuzzleCreator creator(s);
-  const CreateSettings settings{"45", distribution, checkerTemplate()};
+  const CreateSettings settings{45, distribution, checkerTemplate()};
 
   long long created = 0, placements = 0;
   for (auto _ : state) {

@@ -68,7 +68,7 @@ void createPuzzles(benchmark::State& state, bool unique) {
   Session& s = b.session;
   const auto& scratch = b.scratch;
   PuzzleCreator creator(s);
-  CreateSettings settings{"56", BlankDistribution::Random, std::nullopt};
+  CreateSettings settings{56, BlankDistribution::Random, std::nullopt};
   settings.uniqueOnly = unique;
   long long blanks = 0;
   for (auto _ : state) {

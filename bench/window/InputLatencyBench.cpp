@@ -148,7 +148,7 @@ void solveLong(benchmark::State& state) {
 void createHighestGrade(benchmark::State& state) {
   BenchSession b(kTries);
   MainWindow window(b.session, &b.ui);
-  CreateSettings settings{"55", BlankDistribution::Mirror, std::nullopt};
+  CreateSettings settings{55, BlankDistribution::Mirror, std::nullopt};
   settings.targetGrade = 5;
   settings.gradeTries = int(state.range(0));
   measure(
