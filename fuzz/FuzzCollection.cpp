@@ -12,6 +12,7 @@
 // an appended puzzle keeps the file's bytes before it and reads back as written.
 
 #include <string>
+#include <string_view>
 
 #include "FuzzSupport.h"
 #include "model/CollectionFile.h"
@@ -49,7 +50,8 @@ struct Reader {
   Reader() {
     putGivens(s, kEasyPuzzle);
     s.collection.CurrentPuzzleNumber = 3;
-      }
+    s.collection.setOrigin(BoardOrigin::read(3, 3, 0));
+  }
 };
 
 void checkRead(const std::string& path, const Reference& ref, int n) {
@@ -133,7 +135,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(count == 0 ? target == 0 : target >= 1 && target <= count);
     return 0;
   }
-  const Reference ref(content);
+  // A UTF-8 byte-order mark before the first line is not part of it.
+  const std::string_view bom = "\xEF\xBB\xBF";
+  const Reference ref(content.rfind(bom, 0) == 0 ? content.substr(bom.size()) : content);
 
   FUZZ_CHECK(countPuzzles(path) == ref.count);
 
