@@ -24,6 +24,12 @@ int hintUsageError(const std::string& text) {
   return kExitUsage;
 }
 
+/// A move or judged cell the board does not take: said, without the usage line.
+int refused(const std::string& text) {
+  std::cerr << "tessaly-cli: " << text << '\n';
+  return kExitUsage;
+}
+
 /// "41=7,23=4" as (cell, digit) pairs; nothing when malformed.
 std::optional<std::vector<std::pair<int, int>>> parseMoves(const std::string& text) {
   std::vector<std::pair<int, int>> moves;
@@ -60,15 +66,15 @@ int judgeCommand(const PuzzleOptions& options, int cell, int digit, const std::v
   if (!readPuzzle(session, options.file, options.number)) return kExitUsage;
   for (const auto& [moveCell, moveDigit] : moves) {
     const std::string move = "move " + std::to_string(moveCell) + "=" + std::to_string(moveDigit) + ": ";
-    if (const std::string taken = cellTaken(session, moveCell); !taken.empty()) return hintUsageError(move + taken);
+    if (const std::string taken = cellTaken(session, moveCell); !taken.empty()) return refused(move + taken);
     play.selectCell(moveCell);
     if (!play.cellChoice.has(moveDigit))
-      return hintUsageError(move + std::to_string(moveDigit) + " is not among the choices of cell " +
+      return refused(move + std::to_string(moveDigit) + " is not among the choices of cell " +
                             std::to_string(moveCell));
     game.typed(moveDigit);
-    if (session.grid[moveCell].value != moveDigit) return hintUsageError(move + "refused, as the message says");
+    if (session.grid[moveCell].value != moveDigit) return refused(move + "refused, as the message says");
   }
-  if (const std::string taken = cellTaken(session, cell); !taken.empty()) return hintUsageError("--judge: " + taken);
+  if (const std::string taken = cellTaken(session, cell); !taken.empty()) return refused("--judge: " + taken);
   const Verdict verdict =
       judgePlacement(game.position(), cell, digit, game.solution(), {session.controls.techniques, true});
   return writeOut(verdict.text + "\n") ? kExitOk : kExitFailure;
