@@ -109,6 +109,9 @@ int runCommandLine(std::span<char*> argv) {
 
 }  // namespace tessaly::cli
 
+// The fuzz harnesses link the command line without its main (TESSALY_CLI_NO_MAIN).
+#ifndef TESSALY_CLI_NO_MAIN
 int main(int argc, char** argv) {
   return tessaly::cli::runCommandLine(std::span<char*>(argv, static_cast<std::size_t>(argc)));
 }
+#endif
