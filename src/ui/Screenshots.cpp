@@ -87,8 +87,9 @@ void selectTab(MainWindow& window, int index) {
 }
 }  // namespace
 
-void scheduleScreenshot(MainWindow& window, Session& session, const std::string& tab, const std::string& file) {
-  const std::string collection = session.appDir + "Puzzles.sud";
+void scheduleScreenshot(MainWindow& window, Session& session, const std::string& tab, const std::string& file,
+                        const std::string& source) {
+  const std::string collection = source.empty() ? session.appDir + "Puzzles.sud" : source;
   // The picture shows the window filling the screen, as a user of a small
   // screen would have it.
   if (const QScreen* screen = window.screen()) window.setGeometry(screen->availableGeometry());

@@ -53,6 +53,9 @@ constexpr const char* kUsage =
     "      event log) and quit, without a window or a display\n"
     "  --screenshot autosolve|create|manual|replay FILE\n"
     "      save a picture of the window in that state to FILE and quit\n"
+    "  --screenshot technique:NAME FILE [COLLECTION]\n"
+    "      save a picture of the first finding of technique NAME in the shipped collection (or in COLLECTION)\n"
+    "      to FILE and quit\n"
     "  --help\n"
     "      print this text and quit\n"
     "  --version\n"
@@ -111,8 +114,10 @@ int main(int argc, char** argv) {
   tessaly::MainWindow window(session);
   // tessaly --screenshot autosolve|create|manual|replay FILE: saves a picture of
   // the window in that state and quits (for the README's and help's pictures). The picture
-  // shows the window as it first opens, whatever a user's last run left.
-  const bool screenshot = args.size() == 4 && args[1] == "--screenshot";
+  // shows the window as it first opens, whatever a user's last run left. A
+  // technique's picture may name the collection its finding is looked for in.
+  const bool screenshot = args.size() >= 4 && args[1] == "--screenshot" &&
+                          (args.size() == 4 || (args.size() == 5 && args[2].startsWith("technique:")));
   // The window's size and splitters are kept between runs. The organisation is
   // named here only: set for the application, it would move the configuration
   // folder the core reads.
@@ -121,6 +126,8 @@ int main(int argc, char** argv) {
   // tessaly FILE: that collection instead of the remembered one.
   if (args.size() == 2 && !args[1].startsWith("--")) window.openCollectionFile(args[1].toStdString());
   window.show();
-  if (screenshot) tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString());
+  if (screenshot)
+    tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString(),
+                                args.size() == 5 ? args[4].toStdString() : std::string());
   return app.exec();
 }
