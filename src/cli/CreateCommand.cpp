@@ -149,7 +149,11 @@ int createCommand(const Arguments& arguments) {
   bool allCreated = true;
   for (long long i = 1; i <= *puzzles; ++i) {
     const CreateResult result = creator.createCommand(settings);
-    if (result.outcome == CreateResult::Outcome::Refused) return kExitUsage;
+    // A refused count is a usage error: the Create command's message, then the usage.
+    if (result.outcome == CreateResult::Outcome::Refused) {
+      std::cerr << "Usage: " << usageLine("create") << '\n';
+      return kExitUsage;
+    }
     settings = result.settings;
     if (!result.created()) {
       allCreated = false;

@@ -111,6 +111,8 @@ int runCommandLine(std::span<char*> argv) {
 
 }  // namespace tessaly::cli
 
+// The fuzz harnesses link the command line without its main (TESSALY_CLI_NO_MAIN).
+#ifndef TESSALY_CLI_NO_MAIN
 int main(int argc, char** argv) {
   if (const std::string missing = tessaly::missingCpuFeatures("tessaly-cli"); !missing.empty()) {
     std::fputs(missing.c_str(), stderr);
@@ -118,3 +120,4 @@ int main(int argc, char** argv) {
   }
   return tessaly::cli::runCommandLine(std::span<char*>(argv, static_cast<std::size_t>(argc)));
 }
+#endif
