@@ -6,10 +6,12 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <cstdio>
 #include <iostream>
 
 #include "create/Creation.h"
 #include "model/Configuration.h"
+#include "model/CpuLevel.h"
 #include "model/Folders.h"
 #include "model/Session.h"
 #include "model/Startup.h"
@@ -83,6 +85,10 @@ tessaly::Folders folders(std::string& dataFolder) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const std::string missing = tessaly::missingCpuFeatures("tessaly"); !missing.empty()) {
+    std::fputs(missing.c_str(), stderr);
+    return 1;
+  }
   // What only prints needs no window and no display.
   if (argc == 2) {
     const std::string option = argv[1];
