@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <functional>
 
 #include "model/PuzzleGrid.h"
 #include "play/NextStep.h"
@@ -135,6 +136,20 @@ TechniqueBoard playerBoard(const Position& position, bool uniqueSolution) {
   return board;
 }
 
+// Visits the instances of a technique the coach may name (true from `visit`
+// stops): every instance of a rule, the first of a further technique.
+static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
+                     const std::function<bool(const TechniqueStep&)>& visit) {
+  if (int(t.id) < kRuleCount) {
+    // A rule is easy to see anywhere on the board: every instance counts.
+    bool stopped = false;
+    forEachRuleInstance(t.id, board, [&](const TechniqueStep& step) { return stopped = visit(step); });
+    return stopped;
+  }
+  const std::optional<TechniqueStep> step = t.find(board);
+  return step && visit(*step);
+}
+
 std::string coachName(Technique technique) { return kCoachNames[std::size_t(technique)]; }
 
 std::string coachLabel(const TechniqueStep& step) {
@@ -177,23 +192,22 @@ Verdict judgePlacement(const Position& before, int cell, int digit, const Soluti
       }
       continue;
     }
-    std::optional<TechniqueStep> step = t.find(board);
-    if (!step) continue;
-    TechniqueBoard after = board;
-    applyStep(after, *step);
-    const std::string label = "Right: " + coachLabel(*step);
-    if (after.value[std::size_t(c0)] == digit) {
-      forced(v, step->technique, label + ", it places " + digitText(digit) + " in " + cellText(c0), step);
-      return v;
-    }
-    if (nakedSingle(after, c0, digit)) {
-      forced(v, step->technique, label + ", then " + only, step);
-      return v;
-    }
-    if (const int area = hiddenSingleArea(after, c0, digit); area >= 0) {
-      forced(v, step->technique, label + ", then " + where + areaName(area), step);
-      return v;
-    }
+    // One instance of the technique, then a single at the cell.
+    const auto forcesIt = [&](const TechniqueStep& step) {
+      TechniqueBoard after = board;
+      applyStep(after, step);
+      const std::string label = "Right: " + coachLabel(step);
+      if (after.value[std::size_t(c0)] == digit)
+        forced(v, step.technique, label + ", it places " + digitText(digit) + " in " + cellText(c0), step);
+      else if (nakedSingle(after, c0, digit))
+        forced(v, step.technique, label + ", then " + only, step);
+      else if (const int area = hiddenSingleArea(after, c0, digit); area >= 0)
+        forced(v, step.technique, label + ", then " + where + areaName(area), step);
+      else
+        return false;
+      return true;
+    };
+    if (forEachInstance(t, board, forcesIt)) return v;
   }
   v.kind = VerdictKind::Lucky;
   v.text = kLuckyPlacement;
@@ -254,14 +268,14 @@ Verdict judgeNoteRemoval(const Position& before, int cell, int digit, const Solu
         }
       continue;
     }
-    std::optional<TechniqueStep> step = t.find(board);
-    if (!step) continue;
-    TechniqueBoard after = board;
-    applyStep(after, *step);
-    if (!after.value[std::size_t(c0)] && !(after.cand[std::size_t(c0)] & bitOf(digit))) {
-      forced(v, step->technique, "Right: " + coachLabel(*step) + " removes it", step);
-      return v;
-    }
+    const auto removesIt = [&](const TechniqueStep& step) {
+      TechniqueBoard after = board;
+      applyStep(after, step);
+      if (after.value[std::size_t(c0)] || (after.cand[std::size_t(c0)] & bitOf(digit))) return false;
+      forced(v, step.technique, "Right: " + coachLabel(step) + " removes it", step);
+      return true;
+    };
+    if (forEachInstance(t, board, removesIt)) return v;
   }
   v.kind = VerdictKind::Lucky;
   v.text = kLuckyRemoval;

@@ -45,14 +45,25 @@ bool forcesHere(const TechniqueBoard& board, int c, int d) {
   return false;
 }
 
-/// The technique alone: its row's finder (the row before for a variant that
-/// row finds) once on the board, then what the board forces.
+/// The technique alone: one instance of a rule, or its row's finder (the row
+/// before for a variant that row finds) once on the board, then what the board
+/// forces.
 bool techniqueForces(const TechniqueBoard& board, Technique t, int c, int d) {
   if (t == Technique::Rule1) return board.cand[std::size_t(c)] == bitOf(d);
   if (t == Technique::Rule5) {
     for (int area : {rowArea(c), colArea(c), boxArea(c)})
       if ((board.cand[std::size_t(c)] & bitOf(d)) && places(board, area, d) == 1) return true;
     return false;
+  }
+  if (int(t) < kRuleCount) {
+    // A rule: any of its instances on the board.
+    bool forces = false;
+    forEachRuleInstance(t, board, [&](const TechniqueStep& step) {
+      TechniqueBoard after = board;
+      applyStep(after, step);
+      return forces = forcesHere(after, c, d);
+    });
+    return forces;
   }
   const TechniqueInfo* row = &techniqueInfo(t);
   if (!row->find) row = &techniqueInfo(Technique(int(t) - 1));
@@ -116,6 +127,12 @@ Tally playAll(TechniqueSet techniques, std::size_t count) {
             << v.text << " (cell " << cell << ")";
       } else {
         EXPECT_EQ(v.kind, VerdictKind::Lucky) << v.text;
+        // A lucky move is one no rule turned on forces, wherever on the board
+        // the rule's instance stands.
+        for (int t = 0; t < kRuleCount; ++t)
+          EXPECT_FALSE(techniques.has(Technique(t)) && techniqueForces(board, Technique(t), cell - 1, digit))
+              << "called lucky, but " << techniqueInfo(Technique(t)).name << " forces " << digit << " in cell "
+              << cell;
         ++tally.lucky;
       }
       p.value[std::size_t(cell)] = digit;
