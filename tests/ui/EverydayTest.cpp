@@ -52,13 +52,7 @@ struct PageRecord {
     bool newPage() override { return record.pages << Page(), true; }
     bool abort() override { return false; }
     int metric(QPaintDevice::PaintDeviceMetric metric) const override {
-      using D = QPaintDevice;
-      const std::map<int, int> values{{D::PdmWidth, kWidth}, {D::PdmHeight, kHeight},
-                                      {D::PdmWidthMM, kWidth * 254 / (10 * kDpi)},
-                                      {D::PdmHeightMM, kHeight * 254 / (10 * kDpi)}, {D::PdmNumColors, 256},
-                                      {D::PdmDepth, 32}, {D::PdmDevicePixelRatio, 1},
-                                      {D::PdmDevicePixelRatioScaled, int(D::devicePixelRatioFScale())}};
-      return values.count(metric) ? values.at(metric) : kDpi;
+      return recordedPageMetric(metric, kWidth, kHeight, kDpi);
     }
     QPrinter::PrinterState printerState() const override { return record.state; }
     PageRecord& record;

@@ -11,6 +11,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "support/TestSupport.h"
@@ -192,5 +193,20 @@ class WindowFixture : public ::testing::Test {
   Session session{Services{&ui, nullptr, nullptr, nullptr, &random}};
   std::unique_ptr<MainWindow> window;
 };
+
+/// What a recording printer's engine tells Qt about its page: `width` x
+/// `height` dots at `dpi` dots per inch, 32-bit colour, no scaling.
+inline int recordedPageMetric(QPaintDevice::PaintDeviceMetric metric, int width, int height, int dpi) {
+  using D = QPaintDevice;
+  const std::map<int, int> values{{D::PdmWidth, width},
+                                  {D::PdmHeight, height},
+                                  {D::PdmWidthMM, width * 254 / (10 * dpi)},
+                                  {D::PdmHeightMM, height * 254 / (10 * dpi)},
+                                  {D::PdmNumColors, 256},
+                                  {D::PdmDepth, 32},
+                                  {D::PdmDevicePixelRatio, 1},
+                                  {D::PdmDevicePixelRatioScaled, int(D::devicePixelRatioFScale())}};
+  return values.count(metric) ? values.at(metric) : dpi;
+}
 
 }  // namespace tessaly::testing
