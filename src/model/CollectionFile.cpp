@@ -512,8 +512,13 @@ FileEnd fileEndOf(const std::string& path) {
 }  // namespace
 
 std::optional<int> appendPuzzle(const std::string& path, const std::string& text, FileResult* why) {
+  return appendPuzzles(path, {text}, why);
+}
+
+std::optional<int> appendPuzzles(const std::string& path, const std::vector<std::string>& texts, FileResult* why) {
   FileResult ignored;
   FileResult& result = why ? *why : ignored;
+  if (texts.empty()) return std::nullopt;
   // The lock is held from the count to the write, so two programs appending
   // at once number their puzzles one after the other.
   LockedAppendFile file(path);
@@ -523,20 +528,23 @@ std::optional<int> appendPuzzle(const std::string& path, const std::string& text
   }
   const CollectionScan scan = scanCollection(path);
   const FileEnd end = fileEndOf(path);
+  const int added = int(texts.size());
   if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine) {
-    // A one-per-line file takes the puzzle as one more line of 81 cells, so it
-    // keeps its form and the new puzzle is its last.
+    // A one-per-line file takes each puzzle as one more line of 81 cells, so
+    // it keeps its form and the new puzzles are its last.
     std::string out = end.endsWithLineEnd ? "" : end.lineEnd;
-    out += text.substr(0, std::size_t(kCells));
-    out += end.lineEnd;
+    for (const std::string& text : texts) {
+      out += text.substr(0, std::size_t(kCells));
+      out += end.lineEnd;
+    }
     result = file.append(out);
     if (!result) return std::nullopt;
-    return scan.puzzles + 1;
+    return scan.puzzles + added;
   }
   if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::SingleGrid &&
       scan.puzzles == 1) {
-    // A second puzzle turns the grid into a numbered collection of two; a
-    // "#" record after the bare grid would hide the grid from every read.
+    // More puzzles turn the grid into a numbered collection; a "#" record
+    // after the bare grid would hide the grid from every read.
     const PuzzleRowsRead grid = readPuzzleRows(path, 1);
     if (grid.status != PuzzleRowsRead::Status::Found) {
       result = FileResult::failure("the grid in the file could not be read again");
@@ -545,52 +553,24 @@ std::optional<int> appendPuzzle(const std::string& path, const std::string& text
     std::string rows;
     for (const std::string& row : grid.rows) rows += row;
     std::replace(rows.begin(), rows.end(), '0', '.');
-    result = writeFileAtomically(path, numberedRecord(1, rows) + "\r\n" + numberedRecord(2, text));
+    std::string out = numberedRecord(1, rows);
+    for (int k = 0; k < added; ++k) out += "\r\n" + numberedRecord(k + 2, texts[std::size_t(k)]);
+    result = writeFileAtomically(path, out);
     if (!result) return std::nullopt;
-    return 2;
+    return 1 + added;
   }
-  int count = 0;
+  // A numbered collection (or a file that is empty, missing or damaged: its
+  // records are not counted): the next numbers, an empty line before each
+  // record unless the file is empty.
+  int count = !end.empty && scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
   std::string out;
-  if (!end.empty) {
-    count = scan.problem == CollectionScan::Problem::None ? scan.puzzles : 0;
-    out += "\r\n";
+  for (const std::string& text : texts) {
+    if (!end.empty || !out.empty()) out += "\r\n";
+    out += numberedRecord(++count, text);
   }
-  ++count;
-  out += numberedRecord(count, text);
   result = file.append(out);
   if (!result) return std::nullopt;
   return count;
-}
-
-std::optional<int> appendPuzzles(const std::string& path, const std::vector<std::string>& texts, FileResult* why) {
-  FileResult ignored;
-  FileResult& result = why ? *why : ignored;
-  if (texts.empty()) return std::nullopt;
-  {
-    LockedAppendFile file(path);
-    if (!file.opened()) {
-      result = file.opened();
-      return std::nullopt;
-    }
-    const CollectionScan scan = scanCollection(path);
-    const FileEnd end = fileEndOf(path);
-    if (end.empty || scan.problem != CollectionScan::Problem::None || scan.form == CollectionForm::Numbered) {
-      int count = end.empty || scan.problem != CollectionScan::Problem::None ? 0 : scan.puzzles;
-      std::string out;
-      for (const std::string& text : texts) {
-        if (count > 0 || !end.empty) out += "\r\n";
-        out += numberedRecord(++count, text);
-      }
-      result = file.append(out);
-      if (!result) return std::nullopt;
-      return count;
-    }
-  }
-  // A one-per-line file or a bare grid: each puzzle as appendPuzzle adds it.
-  std::optional<int> last;
-  for (const std::string& text : texts)
-    if (!(last = appendPuzzle(path, text, &result))) return std::nullopt;
-  return last;
 }
 
 std::string givensText(const Session& session) {

@@ -110,6 +110,28 @@ TEST(CollectionForms, SavingIntoAOnePerLineFileAddsALineInItsOwnLineEnds) {
   }
 }
 
+TEST(CollectionForms, ABatchIsAppendedAsItsPuzzlesOneByOneWouldBe) {
+  // The same file, whether kB and kA come in one batch or one after the other.
+  const std::string cases[] = {"",  // missing
+                               "#1\r\n" + gridRows(kA), kA + "\n", kA, gridRows(kA), "garbage\n"};
+  TempDir dir;
+  int k = 0;
+  for (const std::string& content : cases) {
+    SCOPED_TRACE(content);
+    const std::string name = std::to_string(k++);
+    const std::string batch = dir.file("batch" + name), single = dir.file("single" + name);
+    if (!content.empty()) {
+      write(dir, "batch" + name, content);
+      write(dir, "single" + name, content);
+    }
+    const std::optional<int> one = appendPuzzle(single, kB);
+    const std::optional<int> two = appendPuzzle(single, kA);
+    ASSERT_TRUE(one && two);
+    EXPECT_EQ(appendPuzzles(batch, {kB, kA}), two);
+    EXPECT_EQ(test::readFile(batch), test::readFile(single));
+  }
+}
+
 TEST(CollectionForms, SavingTheGridIntoAOnePerLineFileMakesItTheLastPuzzle) {
   TempDir dir;
   const std::string path = write(dir, "list.txt", kA + "\n" + kA + "\n");
