@@ -194,4 +194,22 @@ void ManualPlay::unhighlightBox(int box) {
   if (box >= 1 && box <= 9) m_display->unhighlightBox(box);
 }
 
+std::array<bool, 82> repeatedValues(const PuzzleGrid& grid) {
+  // How often each digit stands in each row, column and box.
+  std::array<std::array<int, 10>, 10> inRow{}, inCol{}, inBox{};
+  for (int c = 1; c <= kCells; ++c)
+    if (const int v = grid[c].value; v >= 1 && v <= 9) {
+      ++inRow[std::size_t(CellRow[c])][std::size_t(v)];
+      ++inCol[std::size_t(CellCol[c])][std::size_t(v)];
+      ++inBox[std::size_t(CellBox[c])][std::size_t(v)];
+    }
+  std::array<bool, 82> repeated{};
+  for (int c = 1; c <= kCells; ++c)
+    if (const int v = grid[c].value; v >= 1 && v <= 9)
+      repeated[std::size_t(c)] = inRow[std::size_t(CellRow[c])][std::size_t(v)] > 1 ||
+                                 inCol[std::size_t(CellCol[c])][std::size_t(v)] > 1 ||
+                                 inBox[std::size_t(CellBox[c])][std::size_t(v)] > 1;
+  return repeated;
+}
+
 }  // namespace tessaly

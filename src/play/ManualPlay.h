@@ -9,6 +9,7 @@
 
 #include "model/CandidateSet.h"
 #include "model/Event.h"
+#include "model/PuzzleGrid.h"
 #include "solver/ReadPuzzle.h"
 
 namespace tessaly {
@@ -122,5 +123,9 @@ class ManualPlay {
   Event::Subscription m_puzzleLoaded;  ///< last, so it ends before the rest goes
 };
 
+
+/// The cells (1..81, true) whose value repeats in their row, column or box:
+/// what the board draws in red while a game is played.
+std::array<bool, 82> repeatedValues(const PuzzleGrid& grid);
 
 }  // namespace tessaly

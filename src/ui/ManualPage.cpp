@@ -537,23 +537,13 @@ void ManualPage::drawMarks() {
   if (m_play->active()) {
     const PuzzleGrid& grid = m_session.grid;
     const NoteGrid& notes = m_game->notes();
-    // How often each digit stands in each row, column and box.
-    std::array<std::array<int, 10>, 10> inRow{}, inCol{}, inBox{};
-    for (int c = 1; c <= kCells; ++c)
-      if (const int v = grid[c].value; v >= 1 && v <= 9) {
-        ++inRow[std::size_t(CellRow[c])][std::size_t(v)];
-        ++inCol[std::size_t(CellCol[c])][std::size_t(v)];
-        ++inBox[std::size_t(CellBox[c])][std::size_t(v)];
-      }
+    const std::array<bool, 82> repeated = repeatedValues(grid);
     const int selected = m_play->selectedCell;
     const int digit = isCell(selected) ? grid[selected].value : 0;
     for (int c = 1; c <= kCells; ++c) {
       PlayMarks& m = marks[std::size_t(c - 1)];
       m.notes = notes[std::size_t(c)];
-      if (const int v = grid[c].value; v >= 1 && v <= 9)
-        m.clash = inRow[std::size_t(CellRow[c])][std::size_t(v)] > 1 ||
-                  inCol[std::size_t(CellCol[c])][std::size_t(v)] > 1 ||
-                  inBox[std::size_t(CellBox[c])][std::size_t(v)] > 1;
+      m.clash = repeated[std::size_t(c)];
       if (digit && c != selected && grid[c].value == digit) m.shade = PlayShade::SameDigit;
     }
     if (m_nudgeShown) {
