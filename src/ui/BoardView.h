@@ -40,6 +40,15 @@ class BoardView : public QWidget {
     }
   };
 
+  /// What a cell holds, for those who hear the board rather than see it: its
+  /// accessible name is made from this (spokenCellName in Accessibility.h).
+  struct CellState {
+    int value = 0;  ///< 0 for an empty cell
+    bool given = false;
+    QString choices;  ///< the candidate digits, "147"
+    friend bool operator==(const CellState&, const CellState&) = default;
+  };
+
   static constexpr const char* kBoxCountHint = "The total number of choices in a box are shown on the right hand side";
 
   explicit BoardView(Kind kind, QWidget* parent = nullptr);
@@ -61,6 +70,14 @@ class BoardView : public QWidget {
     BoardView& m_view;
   };
   const Look& cell(int index) const { return m_cells.at(std::size_t(index)); }
+  /// Sets what cell 0..80 holds; assistive technology hears of a change.
+  void setCellState(int index, const CellState& state);
+  const CellState& cellState(int index) const { return m_states.at(std::size_t(index)); }
+  /// The cell 0..80 a keyboard user is on: the accessible focus while the view
+  /// has the keyboard. The arrow keys move it unless whoever hears keyReleased
+  /// sets it meanwhile (manual play moves its selection and sets it so).
+  void setCurrentCell(int index);
+  int currentCell() const { return m_current; }
   /// Sets the count beside box 0..8 (candidate display only).
   void setCount(int box, const QString& text);
   const QString& count(int box) const { return m_counts.at(std::size_t(box)); }
@@ -127,10 +144,16 @@ class BoardView : public QWidget {
   void drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const;
   /// Repaints that part now, or when the last Batch ends.
   void changed(const QRect& rect);
+  /// Tells assistive technology about child `index` of the view (cells 0..80,
+  /// then the box counts), when any listens.
+  void tellAbout(int index, int type) const;
 
   Kind m_kind;
   Qt::Alignment m_alignment = Qt::AlignHCenter;
   std::array<Look, 81> m_cells{};
+  std::array<CellState, 81> m_states{};
+  int m_current = 0;
+  int m_currentMoves = 0;  ///< setCurrentCell calls, to tell whether keyReleased moved the cell
   std::array<QString, 9> m_counts{};
   std::array<QRect, 81> m_cellRects{};
   std::array<QRect, 9> m_countRects{};

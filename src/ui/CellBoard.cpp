@@ -38,6 +38,7 @@ CellBoard::CellBoard(const Session& session, const ColourScheme& scheme, QWidget
   m_grid->setObjectName(names::Grid);
   // The two boards keep together in the middle when the window is wider than they need.
   m_grid->setHorizontalAlignment(Qt::AlignRight);
+  m_grid->setAccessibleName("Board");
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   // Shares of the width in proportion to what each board needs for the same
@@ -62,6 +63,8 @@ QGroupBox* CellBoard::createCandidateDisplay() {
   m_candidateView = new BoardView(BoardView::Kind::Candidates, m_candidates);
   m_candidateView->setObjectName(names::PosVals);
   m_candidateView->setHorizontalAlignment(Qt::AlignLeft);
+  m_candidateView->setAccessibleName("Choices for cells");
+  m_candidateView->setAccessibleDescription(BoardView::kBoxCountHint);
   auto* hint = new QLabel(BoardView::kBoxCountHint, m_candidates);
   hint->setObjectName(names::BoxMissingCountCaption);
   hint->setWordWrap(true);
@@ -223,6 +226,9 @@ void CellBoard::draw(const PuzzleGrid& grid, const std::array<int, 9>& boxMissin
     Colours candidates = candidateColours(grid, marks, cell);
     candidates.text = QString::fromStdString(c.candidates.text());
     m_candidateView->setCell(cell - 1, candidates);
+    const BoardView::CellState state{c.value, c.given, candidates.text};
+    m_grid->setCellState(cell - 1, state);
+    m_candidateView->setCellState(cell - 1, state);
   }
   const bool anyValue = grid.filledCount() > 0;
   for (int box = 1; box <= GridSize; ++box)

@@ -233,7 +233,10 @@ void MainWindow::createPages(QStackedWidget* stack) {
   auto* manual = new ManualPage(m_session, *this, paintManual, stack);
   // A cell selected from the move list, a hint line or the cell hint takes the
   // digits typed next: the grid gets the keyboard.
-  connect(manual, &ManualPage::cellSelected, this, [this] { m_board->grid()->setFocus(Qt::OtherFocusReason); });
+  connect(manual, &ManualPage::cellSelected, this, [this](int cell) {
+    m_board->grid()->setCurrentCell(cell - 1);
+    m_board->grid()->setFocus(Qt::OtherFocusReason);
+  });
   m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack), manual};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }
