@@ -4,9 +4,13 @@
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <QStringList>
+#include <QTextBoundaryFinder>
 #include <QWidget>
 #include <QWindow>
+#include <utility>
 #include <vector>
+
+#include "ui/EventLogView.h"
 
 namespace tessaly {
 
@@ -194,6 +198,230 @@ class BoardAccessible : public QAccessibleWidget, public QAccessibleTableInterfa
   std::vector<QAccessible::Id> m_ids;
 };
 
+
+// --- the event log
+
+/// Line `index` (from 0) of the log: a list item named by its text.
+class LogLineAccessible : public QAccessibleInterface {
+ public:
+  LogLineAccessible(EventLogView* view, int index) : m_view(view), m_index(index) {}
+
+  bool isValid() const override { return m_view && m_index < m_view->TotalLines(); }
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override {
+    const QAccessibleInterface* log = parent();
+    return log ? log->window() : nullptr;
+  }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  QAccessibleInterface* parent() const override {
+    return m_view ? QAccessible::queryAccessibleInterface(m_view.data()) : nullptr;
+  }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  QString text(QAccessible::Text t) const override {
+    return t == QAccessible::Name && isValid() ? m_view->lineText(m_index + 1) : QString();
+  }
+  void setText(QAccessible::Text, const QString&) override {}
+  QRect rect() const override {
+    if (!isValid()) return {};
+    const QRect local = m_view->lineRect(m_index + 1);
+    if (local.isEmpty()) return {};
+    return QRect(m_view->viewport()->mapToGlobal(local.topLeft()), local.size());
+  }
+  QAccessible::Role role() const override { return QAccessible::ListItem; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    if (!isValid()) return state;
+    state.readOnly = state.selectable = true;
+    state.selected = m_view->isLineSelected(m_index + 1);
+    state.offscreen = m_view->lineRect(m_index + 1).isEmpty();
+    return state;
+  }
+
+ private:
+  QPointer<EventLogView> m_view;
+  int m_index;
+};
+
+/// The event log: a list of its lines, and their text joined by line breaks
+/// for a screen reader that reads text by characters, words and lines.
+class LogAccessible : public QAccessibleWidget, public QAccessibleTextInterface {
+ public:
+  explicit LogAccessible(EventLogView* view) : QAccessibleWidget(view, QAccessible::List) {}
+  ~LogAccessible() override {
+    for (const QAccessible::Id id : m_ids) QAccessible::deleteAccessibleInterface(id);
+  }
+  LogAccessible(const LogAccessible&) = delete;
+  LogAccessible& operator=(const LogAccessible&) = delete;
+
+  EventLogView* view() const { return static_cast<EventLogView*>(widget()); }
+
+  int childCount() const override { return view()->TotalLines(); }
+  QAccessibleInterface* child(int index) const override {
+    if (index < 0 || index >= childCount()) return nullptr;
+    // Made when first asked for and kept: a long run's lines are mostly never read.
+    while (int(m_lines.size()) <= index) {
+      auto* line = new LogLineAccessible(view(), int(m_lines.size()));
+      m_lines.push_back(line);
+      m_ids.push_back(QAccessible::registerAccessibleInterface(line));
+    }
+    return m_lines[std::size_t(index)];
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    for (std::size_t i = 0; i < m_lines.size(); ++i)
+      if (m_lines[i] == child) return int(i) < childCount() ? int(i) : -1;
+    return -1;
+  }
+  QAccessibleInterface* childAt(int x, int y) const override {
+    const QPoint local = view()->viewport()->mapFromGlobal(QPoint(x, y));
+    if (!view()->viewport()->rect().contains(local)) return nullptr;
+    return child(view()->lineNumberAt(local) - 1);
+  }
+  QAccessibleInterface* focusChild() const override {
+    if (!view()->hasFocus()) return nullptr;
+    for (int n = 1; n <= view()->TotalLines(); ++n)
+      if (view()->isLineSelected(n)) return child(n - 1);
+    return nullptr;
+  }
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+
+  // --- QAccessibleTextInterface: read only; the selection is the selected lines
+  void selection(int selectionIndex, int* startOffset, int* endOffset) const override {
+    *startOffset = *endOffset = 0;
+    if (selectionIndex != 0) return;
+    int first = 0, last = 0;
+    if (!selectedLines(first, last)) return;
+    *startOffset = lineStart(first);
+    *endOffset = lineStart(last) + int(view()->lineText(last).size());
+  }
+  int selectionCount() const override {
+    int first = 0, last = 0;
+    return selectedLines(first, last) ? 1 : 0;
+  }
+  void addSelection(int, int) override {}
+  void removeSelection(int) override {}
+  void setSelection(int, int, int) override {}
+  int cursorPosition() const override {
+    int first = 0, last = 0;
+    return selectedLines(first, last) ? lineStart(first) : 0;
+  }
+  void setCursorPosition(int) override {}
+  QString text(int startOffset, int endOffset) const override {
+    return wholeText().mid(startOffset, std::max(0, endOffset - startOffset));
+  }
+  QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* startOffset,
+                           int* endOffset) const override {
+    const auto [start, end] = unitAt(offset, type);
+    return unit(start > 0 ? start - 1 : -1, type, startOffset, endOffset);
+  }
+  QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int* startOffset,
+                          int* endOffset) const override {
+    const auto [start, end] = unitAt(offset, type);
+    return unit(end > start ? end : -1, type, startOffset, endOffset);
+  }
+  QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int* startOffset,
+                       int* endOffset) const override {
+    return unit(offset, type, startOffset, endOffset);
+  }
+  int characterCount() const override { return view()->characterCount(); }
+  QRect characterRect(int offset) const override {
+    const QAccessibleInterface* line = child(lineOf(offset));
+    return line ? line->rect() : QRect();
+  }
+  int offsetAtPoint(const QPoint& point) const override {
+    const QAccessibleInterface* line = childAt(point.x(), point.y());
+    return line ? lineStart(indexOfChild(line) + 1) : -1;
+  }
+  void scrollToSubstring(int, int) override {}
+  QString attributes(int offset, int* startOffset, int* endOffset) const override {
+    *startOffset = *endOffset = offset;
+    return {};
+  }
+
+  using QAccessibleWidget::text;
+
+ private:
+  /// The selected lines, 1-based; false when none is.
+  bool selectedLines(int& first, int& last) const {
+    first = last = 0;
+    for (int n = 1; n <= view()->TotalLines(); ++n)
+      if (view()->isLineSelected(n)) {
+        if (!first) first = n;
+        last = n;
+      }
+    return first > 0;
+  }
+  const QString& wholeText() const {
+    const std::pair<int, int> key(view()->restarts(), view()->TotalLines());
+    if (key != m_textFor) {
+      QStringList lines;
+      for (int n = 1; n <= view()->TotalLines(); ++n) lines << view()->lineText(n);
+      m_text = lines.join('\n');
+      m_textFor = key;
+    }
+    return m_text;
+  }
+  /// The offset where line n (1-based) starts.
+  int lineStart(int n) const {
+    const QString& text = wholeText();
+    int offset = 0;
+    for (int line = 1; line < n && offset >= 0; ++line) {
+      offset = int(text.indexOf('\n', offset));
+      if (offset >= 0) ++offset;
+    }
+    return std::max(0, offset);
+  }
+  /// The index (from 0) of the line holding the offset.
+  int lineOf(int offset) const { return int(wholeText().left(std::max(0, offset)).count('\n')); }
+  /// The character, word, sentence, line or whole text around an offset, as [start, end).
+  std::pair<int, int> unitAt(int offset, QAccessible::TextBoundaryType type) const {
+    const QString& text = wholeText();
+    const int length = int(text.size());
+    if (offset < 0 || offset > length || length == 0) return {-1, -1};
+    offset = std::min(offset, length - 1);
+    switch (type) {
+      case QAccessible::CharBoundary: return {offset, offset + 1};
+      case QAccessible::NoBoundary: return {0, length};
+      case QAccessible::LineBoundary:
+      case QAccessible::ParagraphBoundary: {
+        // A line break belongs to the line it ends.
+        const int start = offset == 0 ? 0 : int(text.lastIndexOf('\n', offset - 1)) + 1;
+        const int lineEnd = int(text.indexOf('\n', offset));
+        return {start, lineEnd < 0 ? length : lineEnd + 1};
+      }
+      case QAccessible::WordBoundary:
+      case QAccessible::SentenceBoundary: {
+        QTextBoundaryFinder finder(type == QAccessible::WordBoundary ? QTextBoundaryFinder::Word
+                                                                       : QTextBoundaryFinder::Sentence,
+                                   text);
+        finder.setPosition(offset);
+        int start = finder.isAtBoundary() ? offset : int(finder.toPreviousBoundary());
+        finder.setPosition(offset);
+        int end = int(finder.toNextBoundary());
+        return {std::max(0, start), end < 0 ? length : end};
+      }
+    }
+    return {-1, -1};
+  }
+  QString unit(int offset, QAccessible::TextBoundaryType type, int* startOffset, int* endOffset) const {
+    const auto [start, end] = unitAt(offset, type);
+    *startOffset = *endOffset = -1;
+    if (start < 0) return {};
+    *startOffset = start;
+    *endOffset = end;
+    return wholeText().mid(start, end - start);
+  }
+
+  mutable std::vector<QAccessibleInterface*> m_lines;
+  mutable std::vector<QAccessible::Id> m_ids;
+  mutable QString m_text;
+  mutable std::pair<int, int> m_textFor{-1, -1};
+};
+
 std::function<void(QAccessibleEvent&)>& watcher() {
   static std::function<void(QAccessibleEvent&)> watching;
   return watching;
@@ -201,6 +429,7 @@ std::function<void(QAccessibleEvent&)>& watcher() {
 
 QAccessibleInterface* accessibleFactory(const QString&, QObject* object) {
   if (auto* board = qobject_cast<BoardView*>(object)) return new BoardAccessible(board);
+  if (auto* log = qobject_cast<EventLogView*>(object)) return new LogAccessible(log);
   return nullptr;
 }
 

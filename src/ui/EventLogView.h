@@ -50,6 +50,17 @@ class EventLogView : public QAbstractScrollArea {
   void selectLine(int n);
   /// Where the first row of line n is drawn in the viewport; empty when off screen.
   QRect lineRect(int n) const;
+  /// Whether line n (1-based) is among the selected lines.
+  bool isLineSelected(int n) const;
+  /// The number of the line under a viewport point, 0 when none.
+  int lineNumberAt(const QPoint& point) const { return lineAt(point) + 1; }
+
+  // What assistive technology reads: the lines joined by line breaks.
+  /// Characters in all lines, with one line break between two lines.
+  int characterCount() const { return m_characters; }
+  /// Counts the times the view started over, so that a reader of the lines
+  /// knows whether what it keeps is still the log's.
+  int restarts() const { return m_restarts; }
 
  signals:
   /// A plain left click on line n (1-based).
@@ -82,6 +93,8 @@ class EventLogView : public QAbstractScrollArea {
   };
 
   void clearView();
+  /// Tells assistive technology that the selection (the line replayed) changed.
+  void tellSelection();
   void appendLine(const LogLine& line);
   void wrapLine(int index);
   /// The text of the line with that index.
@@ -106,6 +119,8 @@ class EventLogView : public QAbstractScrollArea {
   /// line would shape it, which costs more than everything else an append does.
   std::array<int, 128> m_asciiAdvance{};
   int m_widestAscii = 0;  ///< the largest of them: a line no wider than that many times its length fits
+  int m_characters = 0;
+  int m_restarts = 0;
   int m_selectionAnchor = -1;  ///< line indexes, -1 when nothing is selected
   int m_selectionEnd = -1;
 };

@@ -23,8 +23,13 @@ std::string nameOf(const QAccessibleInterface* iface) {
 class EventRecorder {
  public:
   EventRecorder() {
-    watchAccessibility(
-        [this](QAccessibleEvent& event) { events.emplace_back(event.type(), nameOf(event.accessibleInterface())); });
+    watchAccessibility([this](QAccessibleEvent& event) {
+      events.emplace_back(event.type(), nameOf(event.accessibleInterface()));
+      if (event.type() == QAccessible::TextInserted) {
+        const auto& insert = static_cast<QAccessibleTextInsertEvent&>(event);
+        inserted.emplace_back(insert.changePosition(), insert.textInserted().toStdString());
+      }
+    });
   }
   ~EventRecorder() { watchAccessibility({}); }
   EventRecorder(const EventRecorder&) = delete;
@@ -37,6 +42,7 @@ class EventRecorder {
   }
 
   std::vector<std::pair<QAccessible::Event, std::string>> events;
+  std::vector<std::pair<int, std::string>> inserted;  ///< position and text of each insertion
 };
 
 using AccessibilityTest = WindowFixture;
@@ -125,6 +131,62 @@ TEST_F(AccessibilityTest, TheCurrentCellIsTheFocusAndMovesWithTheArrowKeys) {
   EXPECT_EQ(nameOf(grid->focusChild()), "Row 1, column 2: empty, choices 4 5 7 8");
   EXPECT_EQ(recorder.named(QAccessible::Focus),
             (std::vector<std::string>{"Row 1, column 1: empty, choices 4 5", "Row 1, column 2: empty, choices 4 5 7 8"}));
+}
+
+TEST_F(AccessibilityTest, TheEventLogIsAListOfItsLinesAndItsTextAndTellsOfNewLines) {
+  start(0);
+  ASSERT_FALSE(HasFatalFailure());
+  EventRecorder recorder;
+  window->readPuzzleFile(appDir() + "Puzzles.sud", 1);
+  QAccessibleInterface* log = accessible(logView());
+  ASSERT_NE(log, nullptr);
+  EXPECT_EQ(nameOf(log), "Event log");
+  EXPECT_EQ(log->role(), QAccessible::List);
+  const auto shown = [&] {
+    QStringList lines;
+    for (int n = 1; n <= logView()->TotalLines(); ++n) lines << logView()->lineText(n);
+    return lines.join('\n').toStdString();
+  };
+  ASSERT_EQ(log->childCount(), session.log.TotalLines());
+  for (int n = 1; n <= session.log.TotalLines(); ++n) {
+    EXPECT_EQ(nameOf(log->child(n - 1)), std::string(session.log.text(n)));
+    EXPECT_EQ(log->child(n - 1)->role(), QAccessible::ListItem);
+  }
+  QAccessibleTextInterface* text = log->textInterface();
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(text->characterCount(), int(QString::fromStdString(shown()).size()));
+  EXPECT_EQ(text->text(0, text->characterCount()).toStdString(), shown());
+  int start = 0, end = 0;
+  const std::string second = std::string(session.log.text(2)) + "\n";
+  const int inSecond = int(std::string(session.log.text(1)).size()) + 3;
+  EXPECT_EQ(text->textAtOffset(inSecond, QAccessible::LineBoundary, &start, &end).toStdString(), second);
+  EXPECT_EQ(text->textAtOffset(0, QAccessible::CharBoundary, &start, &end).toStdString(),
+            std::string(session.log.text(1)).substr(0, 1));
+  // The read started the log over and told it whole, in one event.
+  EXPECT_EQ(recorder.inserted, (std::vector<std::pair<int, std::string>>{{0, shown()}}));
+
+  // A Solve adds hundreds of lines: each redraw tells what it brought, at one event a redraw at most.
+  const int before = session.log.TotalLines();
+  const std::string told = shown();
+  recorder.inserted.clear();
+  window->solve();
+  ASSERT_GT(session.log.TotalLines(), before + 100);
+  ASSERT_FALSE(recorder.inserted.empty());
+  EXPECT_LE(int(recorder.inserted.size()), session.log.TotalLines() - before);
+  std::string heard = told;
+  for (const auto& [position, added] : recorder.inserted) {
+    EXPECT_EQ(position, int(QString::fromStdString(heard).size()));
+    heard += added;
+  }
+  EXPECT_EQ(heard, shown());
+
+  // The line replayed is the selected one.
+  logView()->selectLine(5);
+  EXPECT_TRUE(log->child(4)->state().selected);
+  EXPECT_FALSE(log->child(5)->state().selected);
+  EXPECT_EQ(recorder.named(QAccessible::Selection), std::vector<std::string>{std::string(session.log.text(5))});
+  text->selection(0, &start, &end);
+  EXPECT_EQ(text->text(start, end).toStdString(), std::string(session.log.text(5)));
 }
 
 }  // namespace
