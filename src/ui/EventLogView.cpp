@@ -226,6 +226,22 @@ void EventLogView::paintEvent(QPaintEvent*) {
     }
     painter.drawText(kMargin, y + metrics.ascent(), textOf(row.line).mid(row.start, row.length));
   }
+  if (hasFocus()) {
+    // The keyboard is here: the same dashed frame as the board's.
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+  }
+}
+
+void EventLogView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void EventLogView::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
 }
 
 void EventLogView::resizeEvent(QResizeEvent* event) {

@@ -79,6 +79,8 @@ class EventLogView : public QAbstractScrollArea {
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   /// The lines are kept as the log's records (also to notice a cleared log);

@@ -98,6 +98,12 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
   m_scroller = new ContentScroller(this);
   m_scroller->setFrameShape(QFrame::NoFrame);
   m_scroller->setWidgetResizable(true);
+  // The scroller is no stop of the Tab key; a control the keyboard reaches
+  // scrolls into view instead.
+  m_scroller->setFocusPolicy(Qt::NoFocus);
+  connect(qApp, &QApplication::focusChanged, m_scroller, [scroller = m_scroller](QWidget*, QWidget* now) {
+    if (now && scroller->widget() && scroller->widget()->isAncestorOf(now)) scroller->ensureWidgetVisible(now, 8, 8);
+  });
   m_scroller->setWidget(createCentralWidget());
   setCentralWidget(m_scroller);
   createMenus();
