@@ -16,9 +16,6 @@ namespace tessaly {
 
 namespace {
 
-/// The value cells' own background, kept for every cell that is not a given.
-const QColor kValueBoxBack(255, 255, 255);
-
 bool isCell(int cell) { return cell >= 1 && cell <= kCells; }
 
 /// The number after the pattern's "%1" in a name such as "PosVals_12", or 0.
@@ -158,7 +155,7 @@ CellBoard::Colours CellBoard::valueBoxColours(const PuzzleGrid& grid, const Boar
   const ColourScheme& s = m_scheme;
   const Cell& c = grid[cell];
   const Colours ordinary = c.given ? Colours{{}, qcolor(s.givenBack), qcolor(s.givenText)}
-                                   : Colours{{}, kValueBoxBack, qcolor(s.candidateText)};
+                                   : Colours{{}, qcolor(s.valueBack), qcolor(s.candidateText)};
   if (const Colours& overlay = m_overlays[std::size_t(cell - 1)]; overlays && overlay.back.isValid())
     return {{}, overlay.back, overlay.fore.isValid() ? overlay.fore : ordinary.fore};
   switch (marks.paints[std::size_t(cell - 1)]) {

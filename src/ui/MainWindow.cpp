@@ -65,6 +65,7 @@ constexpr const char* kTechniquesKey = "Options/furtherTechniques";
 /// The collection's full path: Quorrel.cfg keeps only its name, which is
 /// looked for in the program's folder.
 constexpr const char* kCollectionKey = "Files/collection";
+constexpr const char* kDesktopColoursKey = "Colours/followDesktop";
 constexpr const char* kRecentKey = "Files/recent";
 constexpr int kRecentCount = 8;
 
@@ -407,6 +408,7 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
   for (std::size_t i = 0; i < m_pageWidths.size() && i < std::size_t(widths.size()); ++i)
     m_pageWidths[i] = std::max(0, widths[qsizetype(i)].toInt());
   m_techniquesAction->setChecked(m_settings->value(kTechniquesKey, false).toBool());
+  m_followDesktop = m_settings->value(kDesktopColoursKey, false).toBool();
   m_shownPage = -1;  // the left column takes the remembered width of the page shown
   fitLeftColumn(m_stack->currentIndex());
 }
@@ -616,11 +618,41 @@ void MainWindow::openFile() {
 // --- colours
 
 void MainWindow::applyScheme(const std::string& name) {
+  // The configuration names no scheme while the window follows the desktop.
+  if (m_followDesktop && name.empty()) return applyDesktopColours();
   m_scheme.load(m_session, name);
   applyColours();
 }
 
+void MainWindow::applyDesktopColours() {
+  const QPalette desktop = QApplication::palette();
+  const auto colour = [&](QPalette::ColorRole role) {
+    const QColor c = desktop.color(QPalette::Active, role);
+    return rgb(c.red(), c.green(), c.blue());
+  };
+  m_scheme.useDesktop({colour(QPalette::Window), colour(QPalette::WindowText), colour(QPalette::Base),
+                       colour(QPalette::Text), colour(QPalette::Highlight), colour(QPalette::HighlightedText)});
+  applyColours();
+}
+
+void MainWindow::followDesktopColours() {
+  m_followDesktop = true;
+  if (m_settings) m_settings->setValue(kDesktopColoursKey, true);
+  m_session.config.ColourSchemeFile.clear();
+  applyDesktopColours();
+  writeConfiguration(m_session);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // The desktop switched between light and dark, or to another palette.
+  const bool palette = event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange;
+  if (palette && m_scheme.fromDesktop()) applyDesktopColours();
+}
+
 void MainWindow::chooseColourScheme(int entry) {
+  m_followDesktop = false;
+  if (m_settings) m_settings->setValue(kDesktopColoursKey, false);
   // An entry outside the menu applies nothing, but the configuration is still written.
   if (entry >= 0 && entry < int(ColourScheme::kMenuFiles.size()))
     applyScheme(ColourScheme::kMenuFiles[std::size_t(entry)]);
@@ -635,6 +667,7 @@ void MainWindow::applyColours() {
   for (std::size_t i = 0; i < m_schemeActions.size(); ++i)
     if (m_schemeActions[i])
       m_schemeActions[i]->setChecked(m_session.config.ColourSchemeFile == ColourScheme::kMenuFiles[i]);
+  if (m_desktopSchemeAction) m_desktopSchemeAction->setChecked(m_scheme.fromDesktop());
   m_board->refreshFromSession();
 }
 

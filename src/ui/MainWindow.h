@@ -93,8 +93,12 @@ class MainWindow : public QMainWindow, public CommandHost {
   void copyPuzzle();
   /// The Solve command, as the `Solveit` button gives it.
   void solve();
-  /// Applies entry 0..17 of the colour menu and writes the configuration.
+  /// Applies entry 0..18 of the colour menu and writes the configuration.
   void chooseColourScheme(int entry);
+  /// The colour menu's "Follow the desktop": the desktop palette's colours,
+  /// again whenever it changes, until a scheme is chosen (remembered in the
+  /// window's settings; Quorrel.cfg names no scheme meanwhile).
+  void followDesktopColours();
   /// Options, "Further techniques": the solve and the hints use them too
   /// (remembered in the window's settings).
   void setFurtherTechniques(bool on);
@@ -137,6 +141,7 @@ class MainWindow : public QMainWindow, public CommandHost {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
   /// A puzzle file dropped on the window is opened as File > Open would.
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -181,6 +186,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   void showAbout();
 
   void applyScheme(const std::string& name);
+  /// The desktop palette's colours as a scheme.
+  void applyDesktopColours();
   void applyColours();
   void scheduleRefresh();
   void refresh(bool verifyLog);
@@ -212,6 +219,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   QPointer<HelpWindow> m_help;
   QPointer<QMessageBox> m_about;  ///< the About box while it is open
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
+  QAction* m_desktopSchemeAction = nullptr;
+  bool m_followDesktop = false;
   QAction* m_techniquesAction = nullptr;
   QMenu* m_recentMenu = nullptr;
 

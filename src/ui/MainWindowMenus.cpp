@@ -127,6 +127,12 @@ void MainWindow::createOptionsMenu() {
     connect(action, &QAction::triggered, this, [this, i] { chooseColourScheme(int(i)); });
     m_schemeActions[i] = action;
   }
+  schemes->addSeparator();
+  m_desktopSchemeAction = addEntry(schemes, names::mnuColxDesktop, "Follow the desktop");
+  m_desktopSchemeAction->setToolTip("The desktop's own colours, light or dark");
+  m_desktopSchemeAction->setCheckable(true);
+  group->addAction(m_desktopSchemeAction);
+  connect(m_desktopSchemeAction, &QAction::triggered, this, [this] { followDesktopColours(); });
 }
 
 void MainWindow::createHelpMenu() {

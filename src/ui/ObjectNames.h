@@ -56,6 +56,7 @@ inline constexpr const char mnuAbout[] = "mnuAbout";
 inline constexpr const char mnuChoices[] = "mnuChoices";
 inline constexpr const char mnuColx[] = "mnuColx";
 inline constexpr const char mnuColx_N[] = "mnuColx_%1";
+inline constexpr const char mnuColxDesktop[] = "mnuColxDesktop";
 inline constexpr const char mnuCopyPuzzle[] = "mnuCopyPuzzle";
 inline constexpr const char mnuEdit[] = "mnuEdit";
 inline constexpr const char mnuexit[] = "mnuexit";

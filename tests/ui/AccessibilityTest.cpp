@@ -189,5 +189,38 @@ TEST_F(AccessibilityTest, TheEventLogIsAListOfItsLinesAndItsTextAndTellsOfNewLin
   EXPECT_EQ(text->text(start, end).toStdString(), std::string(session.log.text(5)));
 }
 
+TEST_F(AccessibilityTest, FollowTheDesktopTakesItsPaletteAndFollowsItsChanges) {
+  start(1);
+  ASSERT_FALSE(HasFatalFailure());
+  const QPalette before = QApplication::palette();
+  action("mnuColxDesktop")->trigger();
+  EXPECT_TRUE(action("mnuColxDesktop")->isChecked());
+  EXPECT_TRUE(window->colourScheme().fromDesktop());
+  EXPECT_EQ(session.config.ColourSchemeFile, "");
+  EXPECT_EQ(back("PosVals_1"), QApplication::palette().color(QPalette::Base));
+
+  // The desktop turns dark: so do the cells and the frames.
+  QPalette dark = before;
+  dark.setColor(QPalette::Window, QColor(53, 53, 53));
+  dark.setColor(QPalette::WindowText, Qt::white);
+  dark.setColor(QPalette::Base, QColor(42, 42, 42));
+  dark.setColor(QPalette::Text, Qt::white);
+  QApplication::setPalette(dark);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(back("PosVals_1"), QColor(42, 42, 42));
+  EXPECT_EQ(back("Grid_0"), QColor(42, 42, 42));
+  EXPECT_EQ(cell("PosVals_1").fore, QColor(Qt::white));
+  EXPECT_EQ(back("PuzNumber"), QColor(53, 53, 53));
+
+  // A scheme of the menu ends it; the high-contrast scheme is the menu's last.
+  std::filesystem::copy_file(std::string(TESSALY_DATA_DIR) + "/highcontrast.sch", appDir() + "highcontrast.sch");
+  action("mnuColx_18")->trigger();
+  QApplication::setPalette(before);
+  EXPECT_FALSE(action("mnuColxDesktop")->isChecked());
+  EXPECT_EQ(session.config.ColourSchemeFile, "highcontrast.sch");
+  EXPECT_EQ(back("PosVals_1"), QColor(Qt::white));
+  EXPECT_EQ(back("Grid_0"), QColor(Qt::white));
+}
+
 }  // namespace
 }  // namespace tessaly::testing
