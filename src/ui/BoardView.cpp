@@ -1,6 +1,7 @@
 #include "ui/BoardView.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -15,6 +16,7 @@
 #include <utility>
 
 #include "ui/Accessibility.h"
+#include "ui/Metrics.h"
 
 namespace tessaly {
 
@@ -101,6 +103,12 @@ void BoardView::setHorizontalAlignment(Qt::Alignment alignment) {
   m_alignment = alignment & Qt::AlignHorizontal_Mask;
   layOut();
   update();
+}
+
+void BoardView::setTextScale(double scale) {
+  m_textScale = scale;
+  // At its own size the view inherits its font, as every widget does.
+  setFont(scale == 1.0 ? QFont() : scaledFont(QApplication::font(this), scale));
 }
 
 void BoardView::setFrameColour(const QColor& colour) {

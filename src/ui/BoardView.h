@@ -99,6 +99,11 @@ class BoardView : public QWidget {
   /// Which side of the widget the board keeps to when the widget is wider than it.
   void setHorizontalAlignment(Qt::Alignment alignment);
 
+  /// The text of the board at `scale` times the application font's size (which
+  /// sets the least size of a cell); set again when the application font changes.
+  void setTextScale(double scale);
+  double textScale() const { return m_textScale; }
+
   /// A frame drawn around the whole board in this colour; invalid for none.
   void setFrameColour(const QColor& colour);
   QColor frameColour() const { return m_frameColour; }
@@ -173,6 +178,7 @@ class BoardView : public QWidget {
   int m_batches = 0;  ///< open Batches
   QRect m_changed;    ///< what changed while a Batch was open
   QColor m_frameColour;
+  double m_textScale = 1.0;
 };
 
 }  // namespace tessaly

@@ -17,6 +17,7 @@
 #include "model/Text.h"
 #include "ui/Accessibility.h"
 #include "ui/FlatScrollBarStyle.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 
 namespace tessaly {
@@ -29,7 +30,7 @@ constexpr int kMargin = 4;  ///< pixels left of the text
 
 EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScrollArea(parent), m_log(log) {
   setObjectName(names::EventLogx);
-  setFont(QFont("Arial", 10));
+  setTextScale(1.0);
   setFocusPolicy(Qt::StrongFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -45,6 +46,13 @@ EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScro
   setAccessibleName("Event log");
   installAccessibility();
   measureFont();
+}
+
+void EventLogView::setTextScale(double scale) {
+  m_textScale = scale;
+  QFont font("Arial");
+  font.setPointSizeF(QApplication::font().pointSizeF() > 0 ? QApplication::font().pointSizeF() : 10.0);
+  setFont(scaledFont(font, scale));
 }
 
 void EventLogView::measureFont() {

@@ -41,6 +41,11 @@ class EventLogView : public QAbstractScrollArea {
   /// Whole rows that fit on the page.
   int LinesPerPage() const;
 
+  /// The text at `scale` times the application font's size (Arial, as the log
+  /// has always been drawn); set again when the application font changes.
+  void setTextScale(double scale);
+  double textScale() const { return m_textScale; }
+
   /// Selected lines, joined by line breaks.
   QString selectedText() const;
   void selectAll();
@@ -121,6 +126,7 @@ class EventLogView : public QAbstractScrollArea {
   /// line would shape it, which costs more than everything else an append does.
   std::array<int, 128> m_asciiAdvance{};
   int m_widestAscii = 0;  ///< the largest of them: a line no wider than that many times its length fits
+  double m_textScale = 1.0;
   int m_characters = 0;
   int m_restarts = 0;
   int m_selectionAnchor = -1;  ///< line indexes, -1 when nothing is selected

@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include <QApplication>
+#include <cmath>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -66,6 +67,8 @@ constexpr const char* kTechniquesKey = "Options/furtherTechniques";
 /// looked for in the program's folder.
 constexpr const char* kCollectionKey = "Files/collection";
 constexpr const char* kDesktopColoursKey = "Colours/followDesktop";
+constexpr const char* kTextZoomKey = "Window/textZoom";
+constexpr double kZoomStep = 1.15;
 constexpr const char* kRecentKey = "Files/recent";
 constexpr int kRecentCount = 8;
 
@@ -409,6 +412,7 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
     m_pageWidths[i] = std::max(0, widths[qsizetype(i)].toInt());
   m_techniquesAction->setChecked(m_settings->value(kTechniquesKey, false).toBool());
   m_followDesktop = m_settings->value(kDesktopColoursKey, false).toBool();
+  setTextZoom(m_settings->value(kTextZoomKey, 0).toInt());
   m_shownPage = -1;  // the left column takes the remembered width of the page shown
   fitLeftColumn(m_stack->currentIndex());
 }
@@ -643,9 +647,21 @@ void MainWindow::followDesktopColours() {
   writeConfiguration(m_session);
 }
 
+void MainWindow::setTextZoom(int steps) {
+  m_textZoom = std::clamp(steps, kSmallestZoom, kLargestZoom);
+  const double scale = std::pow(kZoomStep, m_textZoom);
+  m_board->grid()->setTextScale(scale);
+  m_board->candidateView()->setTextScale(scale);
+  m_log->setTextScale(scale);
+  if (m_settings) m_settings->setValue(kTextZoomKey, m_textZoom);
+}
+
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   // The desktop switched between light and dark, or to another palette.
+  // The application's font changed (the window has none of its own): the board
+  // and the log follow it at their scale.
+  if (event->type() == QEvent::FontChange) setTextZoom(m_textZoom);
   const bool palette = event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange;
   if (palette && m_scheme.fromDesktop()) applyDesktopColours();
 }

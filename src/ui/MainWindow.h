@@ -99,6 +99,12 @@ class MainWindow : public QMainWindow, public CommandHost {
   /// again whenever it changes, until a scheme is chosen (remembered in the
   /// window's settings; Quorrel.cfg names no scheme meanwhile).
   void followDesktopColours();
+  /// Options, "Larger text" (Ctrl++), "Smaller text" (Ctrl+-) and "Normal text
+  /// size" (Ctrl+0): the board's and the log's text `steps` steps from the
+  /// application font's size, each step 15% (remembered in the window's settings).
+  void setTextZoom(int steps);
+  int textZoom() const { return m_textZoom; }
+  static constexpr int kSmallestZoom = -4, kLargestZoom = 8;
   /// Options, "Further techniques": the solve and the hints use them too
   /// (remembered in the window's settings).
   void setFurtherTechniques(bool on);
@@ -221,6 +227,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
   QAction* m_desktopSchemeAction = nullptr;
   bool m_followDesktop = false;
+  int m_textZoom = 0;
   QAction* m_techniquesAction = nullptr;
   QMenu* m_recentMenu = nullptr;
 

@@ -114,6 +114,16 @@ void MainWindow::createOptionsMenu() {
   m_techniquesAction->setCheckable(true);
   m_techniquesAction->setToolTip("When the six rules stall, solve and hint with the further techniques before guessing");
   connect(m_techniquesAction, &QAction::toggled, this, [this](bool on) { setFurtherTechniques(on); });
+  // The board's and the log's text, larger or smaller than the desktop's.
+  QAction* larger = addEntry(menu, names::mnuLargerText, "Larger text");
+  larger->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+  connect(larger, &QAction::triggered, this, [this] { setTextZoom(m_textZoom + 1); });
+  QAction* smaller = addEntry(menu, names::mnuSmallerText, "Smaller text");
+  smaller->setShortcut(QKeySequence::ZoomOut);
+  connect(smaller, &QAction::triggered, this, [this] { setTextZoom(m_textZoom - 1); });
+  QAction* normal = addEntry(menu, names::mnuNormalText, "Normal text size");
+  normal->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+  connect(normal, &QAction::triggered, this, [this] { setTextZoom(0); });
   QMenu* schemes = menu->addMenu("Colour schemes");
   schemes->setObjectName(names::mnuColx);
   auto* group = new QActionGroup(schemes);

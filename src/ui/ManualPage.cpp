@@ -189,6 +189,7 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   m_log->setFont(fixed);
   m_log->setToolTip("Click a placement to select its cell");
   m_log->installEventFilter(this);
+  m_log->setAccessibleName("Moves");
   m_undo = new QPushButton("Undo", this);
   m_undo->setObjectName(names::UndoManual);
   m_undo->setToolTip("Take the last placement back");
@@ -261,6 +262,7 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
   m_hints->viewport()->installEventFilter(this);
   m_hints->installEventFilter(this);
+  m_hints->setAccessibleName("Hints");
   auto* hintLayout = new QVBoxLayout(hintFrame);
   hintLayout->addLayout(hintButtons);
   hintLayout->addWidget(m_hints, 1);
@@ -289,6 +291,7 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");
   m_explanation->setWordWrap(true);
+  m_explanation->setAccessibleName("Explanation");
 
   // The hints over the explanation, across a splitter the user can move.
   auto* explained = new QWidget(this);

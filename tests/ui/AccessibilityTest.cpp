@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <functional>
 #include <set>
 
 #include "UiSupport.h"
@@ -220,6 +221,78 @@ TEST_F(AccessibilityTest, FollowTheDesktopTakesItsPaletteAndFollowsItsChanges) {
   EXPECT_EQ(session.config.ColourSchemeFile, "highcontrast.sch");
   EXPECT_EQ(back("PosVals_1"), QColor(Qt::white));
   EXPECT_EQ(back("Grid_0"), QColor(Qt::white));
+}
+
+TEST_F(AccessibilityTest, CtrlPlusAndMinusScaleTheBoardAndTheLogAndTheNextRunKeepsIt) {
+  const QString file = QString::fromStdString(appDir() + "layout.ini");
+  start(1);
+  ASSERT_FALSE(HasFatalFailure());
+  window->rememberLayoutIn(std::make_unique<QSettings>(file, QSettings::IniFormat));
+  QApplication::setActiveWindow(window.get());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  const double points = QApplication::font().pointSizeF();
+  EXPECT_EQ(logView()->font().pointSizeF(), points);  // the log follows the application font
+  const QSize board = window->board()->grid()->minimumSizeHint();
+  const QSize choices = window->board()->candidateView()->minimumSizeHint();
+
+  QTest::keyClick(window.get(), Qt::Key_Plus, Qt::ControlModifier);
+  QTest::keyClick(window.get(), Qt::Key_Equal, Qt::ControlModifier);
+  EXPECT_EQ(window->textZoom(), 2);
+  EXPECT_NEAR(logView()->font().pointSizeF(), points * 1.15 * 1.15, 0.01);
+  EXPECT_GT(window->board()->grid()->minimumSizeHint().width(), board.width());
+  EXPECT_GT(window->board()->candidateView()->minimumSizeHint().width(), choices.width());
+  QTest::keyClick(window.get(), Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(window->textZoom(), 1);
+  window->close();
+
+  // The next run starts with the text as it was left, and still follows the application font.
+  window = std::make_unique<MainWindow>(session, &ui);
+  window->rememberLayoutIn(std::make_unique<QSettings>(file, QSettings::IniFormat));
+  EXPECT_EQ(window->textZoom(), 1);
+  EXPECT_NEAR(logView()->font().pointSizeF(), points * 1.15, 0.01);
+  QFont larger = QApplication::font();
+  larger.setPointSizeF(points * 2);
+  QApplication::setFont(larger);
+  QCoreApplication::processEvents();
+  EXPECT_NEAR(logView()->font().pointSizeF(), points * 2 * 1.15, 0.01);
+  EXPECT_NEAR(window->board()->grid()->font().pointSizeF(), points * 2 * 1.15, 0.01);
+  ASSERT_TRUE(useFonts(kPinnedFonts));
+  QCoreApplication::processEvents();
+  window->setTextZoom(0);
+  EXPECT_EQ(logView()->font().pointSizeF(), points);
+  EXPECT_EQ(window->board()->grid()->font().pointSizeF(), points);
+  // Quorrel.cfg knows nothing of it.
+  EXPECT_EQ(readFile(appDir() + "Quorrel.cfg").find("zoom"), std::string::npos);
+}
+
+TEST_F(AccessibilityTest, EveryControlOfEveryTabHasAName) {
+  start(1);
+  ASSERT_FALSE(HasFatalFailure());
+  const std::set<QAccessible::Role> controls = {
+      QAccessible::PushButton, QAccessible::CheckBox,  QAccessible::RadioButton, QAccessible::EditableText,
+      QAccessible::ComboBox,   QAccessible::List,      QAccessible::Slider,      QAccessible::PageTabList,
+      QAccessible::PageTab,    QAccessible::Table,     QAccessible::MenuItem};
+  for (const Tab tab : {Tab::AutoSolve, Tab::Create, Tab::ManualSolve}) {
+    selectTab(tab);
+    click("GetHint_6");  // (on the ManualSolve tab) a hint list with lines
+    std::vector<std::string> unnamed;
+    int named = 0;
+    std::function<void(QAccessibleInterface*)> walk = [&](QAccessibleInterface* iface) {
+      if (!iface || iface->state().invisible) return;
+      if (controls.count(iface->role())) {
+        const QObject* object = iface->object();
+        if (iface->text(QAccessible::Name).trimmed().isEmpty())
+          unnamed.push_back(object ? object->objectName().toStdString() + " (" + object->metaObject()->className() + ")"
+                                   : "a child of " + nameOf(iface->parent()));
+        else
+          ++named;
+      }
+      for (int i = 0; i < iface->childCount(); ++i) walk(iface->child(i));
+    };
+    walk(accessible(window.get()));
+    EXPECT_EQ(unnamed, std::vector<std::string>{}) << "tab " << int(tab);
+    EXPECT_GT(named, 20);
+  }
 }
 
 }  // namespace
