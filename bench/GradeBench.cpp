@@ -59,6 +59,9 @@ void BM_GradeTop95AllTechniques(benchmark::State& state) {
 void BM_CountKaggleSample(benchmark::State& state) {
   perPuzzle(state, "kaggle3m_sample200.txt", [](const std::string& p) { return countSolutions(p, 2); });
 }
+void BM_CountSudoku17(benchmark::State& state) {
+  perPuzzle(state, "sudoku17-2000.txt", [](const std::string& p) { return countSolutions(p, 2); });
+}
 void BM_CountTop95(benchmark::State& state) {
   perPuzzle(state, "top95.txt", [](const std::string& p) { return countSolutions(p, 2); });
 }
@@ -91,6 +94,7 @@ BENCHMARK(BM_GradeKaggleSampleAllTechniques);
 BENCHMARK(BM_GradeTop95AllTechniques);
 BENCHMARK(BM_CountKaggleSample);
 BENCHMARK(BM_CountTop95);
+BENCHMARK(BM_CountSudoku17);
 BENCHMARK(BM_Create56Random)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Create56RandomOneSolution)->Unit(benchmark::kMillisecond);
 

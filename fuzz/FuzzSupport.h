@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,6 +71,29 @@ inline std::vector<std::string> referenceLines(std::string_view text) {
   if (start < text.size()) lines.emplace_back(text.substr(start));
   return lines;
 }
+
+/// Standard input, output and error of the command line in memory while it
+/// lives: std::cin reads `input`, what std::cout and std::cerr take is kept.
+struct StandardStreams {
+  std::istringstream in;
+  std::ostringstream out, err;
+  std::streambuf* const oldIn;
+  std::streambuf* const oldOut;
+  std::streambuf* const oldErr;
+  explicit StandardStreams(const std::string& input = {})
+      : in(input), oldIn(std::cin.rdbuf(in.rdbuf())), oldOut(std::cout.rdbuf(out.rdbuf())),
+        oldErr(std::cerr.rdbuf(err.rdbuf())) {}
+  ~StandardStreams() {
+    std::cin.rdbuf(oldIn);
+    std::cout.rdbuf(oldOut);
+    std::cerr.rdbuf(oldErr);
+    std::cin.clear();
+    std::cout.clear();
+    std::cerr.clear();
+  }
+  StandardStreams(const StandardStreams&) = delete;
+  StandardStreams& operator=(const StandardStreams&) = delete;
+};
 
 /// The values and given marks of the 81 cells.
 struct GridSnapshot {

@@ -3,6 +3,7 @@
 // and has one line in the command table of main.cpp.
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,10 @@ int createCommand(const Arguments& args);  // CreateCommand.cpp
 int countCommand(const Arguments& args);   // CountCommand.cpp
 int hintCommand(const Arguments& args);    // HintCommand.cpp
 int gradeCommand(const Arguments& args);   // GradeCommand.cpp
+
+/// The whole command line: argv[0] is the program, argv[1] the subcommand.
+/// Returns the exit code (main.cpp).
+int runCommandLine(std::span<char*> argv);
 
 /// What export writes, for its line of the usage text: "CSV, TXT, XLS or report".
 std::string exportedKinds();  // ExportCommand.cpp

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <iostream>
 #include <limits>
+#include <vector>
 
 #include "cli/CliSupport.h"
 #include "cli/Usage.h"
@@ -22,6 +23,8 @@ namespace {
 /// The largest template read: nine lines of nine cells with room for blanks
 /// and comments; a device or a huge file is not read into memory.
 constexpr long long kMaxTemplateBytes = 64 * 1024;
+/// Created puzzles written together.
+constexpr long long kChunk = 1000;
 
 int usageError(const std::string& text) {
   std::cerr << "tessaly-cli: " << text << "\nUsage: " << usageLine("create") << '\n';
@@ -145,11 +148,37 @@ int createCommand(const Arguments& arguments) {
   session.appDir = std::filesystem::current_path(ec).string() + "/";
   if (hasInto) session.collection.CurrentFile = into;
 
+  // The batch is kept in memory and written in chunks: PuzTemp.sud's records
+  // and the puzzles for --into each in one append, so a batch costs its
+  // puzzles and not a read of the collection per puzzle. A chunk bounds what
+  // an interrupted run loses.
   PuzzleCreator creator(session);
+  std::string tempRecords;
+  std::vector<std::string> intoPuzzles;
+  creator.heldTempRecords = &tempRecords;
+  const auto flush = [&]() {
+    if (!tempRecords.empty()) {
+      const std::string path = tempCollectionPath(session);
+      if (const FileResult written = appendToFile(path, tempRecords); !written)
+        session.message(couldNotWriteText(path, written));
+      tempRecords.clear();
+    }
+    if (intoPuzzles.empty()) return true;
+    FileResult written;
+    const bool saved = appendPuzzles(into, intoPuzzles, &written).has_value();
+    intoPuzzles.clear();
+    if (!saved) session.message(couldNotWriteText(into, written));
+    return saved;
+  };
   bool allCreated = true;
   for (long long i = 1; i <= *puzzles; ++i) {
     const CreateResult result = creator.createCommand(settings);
-    if (result.outcome == CreateResult::Outcome::Refused) return kExitUsage;
+    // A refused count is a usage error: the Create command's message, then the usage.
+    if (result.outcome == CreateResult::Outcome::Refused) {
+      flush();
+      std::cerr << "Usage: " << usageLine("create") << '\n';
+      return kExitUsage;
+    }
     settings = result.settings;
     if (!result.created()) {
       allCreated = false;
@@ -157,14 +186,14 @@ int createCommand(const Arguments& arguments) {
       if (result.outcome == CreateResult::Outcome::GradeNotReached) break;
       continue;
     }
-    if (hasInto) {
-      if (const FileResult written = saveGridToFile(session, into); !written) {
-        session.message(couldNotWriteText(into, written));
-        return kExitFailure;
-      }
+    if (hasInto) intoPuzzles.push_back(givensText(session));
+    if (i % kChunk == 0 && !flush()) return kExitFailure;
+    if (!writeOut(gridRows(session))) {
+      flush();
+      return kExitFailure;
     }
-    if (!writeOut(gridRows(session))) return kExitFailure;
   }
+  if (!flush()) return kExitFailure;
   return allCreated ? kExitOk : kExitFailure;
 }
 

@@ -67,6 +67,8 @@ constexpr OptionHelp kGrade[] = {
 constexpr OptionHelp kHint[] = {
     {"FILE N", "puzzle N of FILE (-1 for the last)"},
     {"--rule K", "what rule K (1 to 6) finds; all: all six; cell: the cell with the fewest choices; next: the next step"},
+    {"--judge CELL DIGIT", "the coach's verdict on placing DIGIT in CELL (1 to 81), instead of --rule"},
+    {"--after MOVES", "with --judge: play MOVES such as 41=7,23=4 first"},
     kPuzzleOptions[0], kPuzzleOptions[1], kPuzzleOptions[2], kPuzzleOptions[3],
 };
 
@@ -90,8 +92,8 @@ constexpr CommandUsage kUsages[] = {
     {"grade", "tessaly-cli grade FILE [N] [--jobs J] [--techniques six|all|NAME,...]  (FILE - reads standard input)",
      kGrade},
     {"hint",
-     "tessaly-cli hint FILE N --rule 1|2|3|4|5|6|all|cell|next [--seed S] [--rule-order S] [--max-tries N] "
-     "[--techniques six|all|NAME,...]",
+     "tessaly-cli hint FILE N (--rule 1|2|3|4|5|6|all|cell|next | --judge CELL DIGIT [--after MOVES]) [--seed S] "
+     "[--rule-order S] [--max-tries N] [--techniques six|all|NAME,...]",
      kHint},
 };
 

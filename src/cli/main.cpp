@@ -1,6 +1,7 @@
 // tessaly-cli: the core without a window. The first argument names a
 // subcommand; the rest goes to that subcommand's function.
 
+#include <cstdio>
 #include <iomanip>
 #include <iostream>
 #include <span>
@@ -12,6 +13,7 @@
 #include "cli/CliSupport.h"
 #include "cli/Commands.h"
 #include "cli/Usage.h"
+#include "model/CpuLevel.h"
 
 namespace tessaly::cli {
 namespace {
@@ -109,6 +111,13 @@ int runCommandLine(std::span<char*> argv) {
 
 }  // namespace tessaly::cli
 
+// The fuzz harnesses link the command line without its main (TESSALY_CLI_NO_MAIN).
+#ifndef TESSALY_CLI_NO_MAIN
 int main(int argc, char** argv) {
+  if (const std::string missing = tessaly::missingCpuFeatures("tessaly-cli"); !missing.empty()) {
+    std::fputs(missing.c_str(), stderr);
+    return 1;
+  }
   return tessaly::cli::runCommandLine(std::span<char*>(argv, static_cast<std::size_t>(argc)));
 }
+#endif

@@ -93,7 +93,10 @@ std::string PuzzleCreator::createWithin(const CreateSettings& settings, CreateRe
     // scratch log of what was created, not a collection to navigate.
     if (!s.folders.userData.empty()) makeFolder(s.folders.userData);
     const std::string path = tempCollectionPath(s);
-    if (const FileResult written = appendToFile(path, tempRecord()); !written) s.message(couldNotWriteText(path, written));
+    if (heldTempRecords)
+      *heldTempRecords += tempRecord();
+    else if (const FileResult written = appendToFile(path, tempRecord()); !written)
+      s.message(couldNotWriteText(path, written));
 
     s.collection.setOrigin(BoardOrigin::created(result.blanks));
     s.collection.boardFromFile = false;

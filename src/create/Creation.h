@@ -138,6 +138,10 @@ class PuzzleCreator {
   /// The PuzTemp.sud record of the grid: "#001" and nine rows of digits and ".".
   std::string tempRecord() const;
 
+  /// When set, the PuzTemp.sud records are added here instead of written one
+  /// by one: a batch writes them together (appendToFile of the whole text).
+  std::string* heldTempRecords = nullptr;
+
  private:
   /// What a creation that makes nothing gives back: the board and its run.
   struct BoardBefore {

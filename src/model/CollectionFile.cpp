@@ -562,6 +562,37 @@ std::optional<int> appendPuzzle(const std::string& path, const std::string& text
   return count;
 }
 
+std::optional<int> appendPuzzles(const std::string& path, const std::vector<std::string>& texts, FileResult* why) {
+  FileResult ignored;
+  FileResult& result = why ? *why : ignored;
+  if (texts.empty()) return std::nullopt;
+  {
+    LockedAppendFile file(path);
+    if (!file.opened()) {
+      result = file.opened();
+      return std::nullopt;
+    }
+    const CollectionScan scan = scanCollection(path);
+    const FileEnd end = fileEndOf(path);
+    if (end.empty || scan.problem != CollectionScan::Problem::None || scan.form == CollectionForm::Numbered) {
+      int count = end.empty || scan.problem != CollectionScan::Problem::None ? 0 : scan.puzzles;
+      std::string out;
+      for (const std::string& text : texts) {
+        if (count > 0 || !end.empty) out += "\r\n";
+        out += numberedRecord(++count, text);
+      }
+      result = file.append(out);
+      if (!result) return std::nullopt;
+      return count;
+    }
+  }
+  // A one-per-line file or a bare grid: each puzzle as appendPuzzle adds it.
+  std::optional<int> last;
+  for (const std::string& text : texts)
+    if (!(last = appendPuzzle(path, text, &result))) return std::nullopt;
+  return last;
+}
+
 std::string givensText(const Session& session) {
   std::string text;
   for (int r = 1; r <= 9; ++r)

@@ -129,6 +129,15 @@ std::string puzzleLineProblem(std::string_view line, std::uint64_t length);
 /// puzzles to the write.
 std::optional<int> appendPuzzle(const std::string& path, const std::string& text, FileResult* why = nullptr);
 
+/// Appends several puzzles at once, as appendPuzzle appends each: one lock, one
+/// count of the file's puzzles and one write for a numbered collection (or a
+/// missing or empty file), so a batch costs its puzzles, not a read of the file
+/// per puzzle. Returns the number of the last puzzle written, or nothing when
+/// writing failed (then none of the batch was written to a numbered
+/// collection; the other forms take the puzzles one by one).
+std::optional<int> appendPuzzles(const std::string& path, const std::vector<std::string>& texts,
+                                 FileResult* why = nullptr);
+
 /// The grid's givens as 81 characters: the digit of each given, "." elsewhere.
 std::string givensText(const Session& session);
 

@@ -11,12 +11,13 @@ enum class HintKind {
   Heading,    ///< what the report is about: the rule applied, the singles found, ...
   Placement,  ///< a single value the rule found: `cell` takes `digit`
   Narration,  ///< a line of the run's narration, as the log shows it
+  Verdict,    ///< the coach's verdict on the player's move: its `cell` and `digit`
 };
 
 struct HintLine {
   HintKind kind = HintKind::Heading;
-  int cell = 0;   ///< 1..81 for a placement, 0 otherwise
-  int digit = 0;  ///< 1..9 for a placement, 0 otherwise
+  int cell = 0;   ///< 1..81 for a placement or a verdict, 0 otherwise
+  int digit = 0;  ///< 1..9 for a placement or a verdict, 0 otherwise
   std::string text;
   friend bool operator==(const HintLine&, const HintLine&) = default;
 };

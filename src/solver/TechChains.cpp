@@ -252,7 +252,9 @@ ChainSearch::ChainSearch(const TechniqueBoard& board, ChainKind kind) : m_board(
   // Weak links: one digit in cells that all see each other, and (in an
   // alternating chain) two digits of one cell.
   std::vector<std::uint64_t> weak(m_words);
+  m_weakAt.reserve(n + 1);
   m_weakAt.assign(1, 0);
+  m_weak.reserve(n * 16);
   for (std::size_t i = 0; i < n; ++i) {
     const Node& node = m_nodes[i];
     const std::uint64_t* digit = ofDigit[std::size_t(node.digit - 1)];

@@ -1,6 +1,7 @@
-// The six rules as finders on the technique board: one instance at a time,
-// for the "Next step" hint and the checks that compare them with the
-// grader's bit forms. The narrated run applies the rules through the engine.
+// The six rules as finders on the technique board: every instance in a fixed
+// order, the finder taking the first, for the "Next step" hint; the test of
+// the grader's bit forms (BitRules.h) takes them all. The narrated run applies
+// the rules through the engine.
 
 #include "solver/Techniques.h"
 
@@ -35,7 +36,7 @@ void eliminateInArea(const TechniqueBoard& board, int area, std::uint16_t digits
 /// Rule 2 (a box's places of a digit on one line) and Rule 4 (a line's places
 /// in one box): the places of d in `home` all lie in `other`, which loses d
 /// outside `home`.
-std::optional<TechniqueStep> lockedCandidates(const TechniqueBoard& board, bool pointing) {
+void lockedCandidates(const TechniqueBoard& board, bool pointing, const RuleVisitor& visit) {
   for (int first = 0; first < 27; ++first) {
     const bool isBox = first >= 18;
     if (pointing != isBox) continue;
@@ -55,17 +56,16 @@ std::optional<TechniqueStep> lockedCandidates(const TechniqueBoard& board, bool 
         step.digits = bitOf(d);
         step.cells = cells;
         eliminateInArea(board, other, bitOf(d), cells, step);
-        if (!step.eliminations.empty()) return step;
+        if (!step.eliminations.empty() && visit(step)) return;
       }
     }
   }
-  return std::nullopt;
 }
 
 /// Rules 3 and 6 as the program applies them: n cells of an area with the
 /// same n candidates (n = 2 only for Rule 3, 2..5 for Rule 6, and no other
 /// cell of the area with n candidates for Rule 6).
-std::optional<TechniqueStep> equalGroups(const TechniqueBoard& board, bool pairsOnly) {
+void equalGroups(const TechniqueBoard& board, bool pairsOnly, const RuleVisitor& visit) {
   for (int area = 0; area < 27; ++area) {
     for (int n = 2; n <= (pairsOnly ? 2 : 5); ++n) {
       const auto& cells = kAreas[std::size_t(area)];
@@ -86,16 +86,13 @@ std::optional<TechniqueStep> equalGroups(const TechniqueBoard& board, bool pairs
         step.digits = set;
         step.cells = group;
         eliminateInArea(board, area, set, group, step);
-        if (!step.eliminations.empty()) return step;
+        if (!step.eliminations.empty() && visit(step)) return;
       }
     }
   }
-  return std::nullopt;
 }
 
-}  // namespace
-
-std::optional<TechniqueStep> findNakedSingle(const TechniqueBoard& board) {
+void nakedSingles(const TechniqueBoard& board, const RuleVisitor& visit) {
   for (int c = 0; c < kCellCount; ++c)
     if (!board.value[std::size_t(c)] && single(board.cand[std::size_t(c)])) {
       TechniqueStep step;
@@ -103,12 +100,11 @@ std::optional<TechniqueStep> findNakedSingle(const TechniqueBoard& board) {
       step.digits = board.cand[std::size_t(c)];
       step.cells = {c};
       step.placements = {{c, std::countr_zero(board.cand[std::size_t(c)]) + 1}};
-      return step;
+      if (visit(step)) return;
     }
-  return std::nullopt;
 }
 
-std::optional<TechniqueStep> findHiddenSingle(const TechniqueBoard& board) {
+void hiddenSingles(const TechniqueBoard& board, const RuleVisitor& visit) {
   for (int area = 0; area < 27; ++area)
     for (int d = 1; d <= 9; ++d) {
       const std::vector<int> cells = placesOf(board, area, d);
@@ -119,14 +115,38 @@ std::optional<TechniqueStep> findHiddenSingle(const TechniqueBoard& board) {
       step.digits = bitOf(d);
       step.cells = cells;
       step.placements = {{cells.front(), d}};
-      return step;
+      if (visit(step)) return;
     }
-  return std::nullopt;
 }
 
-std::optional<TechniqueStep> findPointing(const TechniqueBoard& board) { return lockedCandidates(board, true); }
-std::optional<TechniqueStep> findClaiming(const TechniqueBoard& board) { return lockedCandidates(board, false); }
-std::optional<TechniqueStep> findNakedPair(const TechniqueBoard& board) { return equalGroups(board, true); }
-std::optional<TechniqueStep> findEqualGroup(const TechniqueBoard& board) { return equalGroups(board, false); }
+std::optional<TechniqueStep> first(Technique rule, const TechniqueBoard& board) {
+  std::optional<TechniqueStep> found;
+  forEachRuleInstance(rule, board, [&](const TechniqueStep& step) {
+    found = step;
+    return true;
+  });
+  return found;
+}
+
+}  // namespace
+
+void forEachRuleInstance(Technique rule, const TechniqueBoard& board, const RuleVisitor& visit) {
+  switch (rule) {
+    case Technique::Rule1: return nakedSingles(board, visit);
+    case Technique::Rule5: return hiddenSingles(board, visit);
+    case Technique::Rule2: return lockedCandidates(board, true, visit);
+    case Technique::Rule4: return lockedCandidates(board, false, visit);
+    case Technique::Rule3: return equalGroups(board, true, visit);
+    case Technique::Rule6: return equalGroups(board, false, visit);
+    default: return;
+  }
+}
+
+std::optional<TechniqueStep> findNakedSingle(const TechniqueBoard& board) { return first(Technique::Rule1, board); }
+std::optional<TechniqueStep> findHiddenSingle(const TechniqueBoard& board) { return first(Technique::Rule5, board); }
+std::optional<TechniqueStep> findPointing(const TechniqueBoard& board) { return first(Technique::Rule2, board); }
+std::optional<TechniqueStep> findClaiming(const TechniqueBoard& board) { return first(Technique::Rule4, board); }
+std::optional<TechniqueStep> findNakedPair(const TechniqueBoard& board) { return first(Technique::Rule3, board); }
+std::optional<TechniqueStep> findEqualGroup(const TechniqueBoard& board) { return first(Technique::Rule6, board); }
 
 }  // namespace tessaly

@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -59,6 +60,12 @@ struct TechniqueInfo {
 };
 
 // The six rules as finders (TechRules.cpp), for the hints.
+/// Called with each instance of a rule; true to stop.
+using RuleVisitor = std::function<bool(const TechniqueStep&)>;
+/// Every instance of one of the six rules on the board that places or
+/// removes something, in the order its finder looks: the finder's step is
+/// the first.
+void forEachRuleInstance(Technique rule, const TechniqueBoard& board, const RuleVisitor& visit);
 std::optional<TechniqueStep> findNakedSingle(const TechniqueBoard&);
 std::optional<TechniqueStep> findHiddenSingle(const TechniqueBoard&);
 std::optional<TechniqueStep> findPointing(const TechniqueBoard&);

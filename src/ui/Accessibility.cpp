@@ -28,12 +28,14 @@ QString spokenCellName(int index, const BoardView::CellState& state) {
     if (state.given) name += QStringLiteral(", given");
     return name;
   }
+  const auto spaced = [](const QString& digits) {
+    QStringList each;
+    for (const QChar digit : digits) each << QString(digit);
+    return each.join(' ');
+  };
   name += QStringLiteral("empty");
-  if (!state.choices.isEmpty()) {
-    QStringList digits;
-    for (const QChar digit : state.choices) digits << QString(digit);
-    name += QStringLiteral(", choices ") + digits.join(' ');
-  }
+  if (!state.choices.isEmpty()) name += QStringLiteral(", choices ") + spaced(state.choices);
+  if (!state.notes.isEmpty()) name += QStringLiteral(", notes ") + spaced(state.notes);
   return name;
 }
 

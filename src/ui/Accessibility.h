@@ -17,8 +17,9 @@ namespace tessaly {
 /// The name a screen reader gives cell 0..80: its row and column, then what it
 /// holds. "Row 3, column 5: 7, given"; "Row 3, column 5: 7" for a value the
 /// solver or the player placed; "Row 3, column 5: empty, choices 1 4 7";
-/// "Row 3, column 5: empty" when no choice is known. Everything a cell says
-/// is made here, so what it holds beyond these goes here too.
+/// "Row 3, column 5: empty" when no choice is known; the player's notes after
+/// the choices: "Row 3, column 5: empty, choices 1 4 7, notes 1 7". Everything
+/// a cell says is made here, so what it holds beyond these goes here too.
 QString spokenCellName(int index, const BoardView::CellState& state);
 
 /// The name of the count beside box 0..8 in the candidate display:

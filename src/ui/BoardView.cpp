@@ -265,7 +265,10 @@ void BoardView::drawCell(QPainter& painter, int index, qreal ratio) const {
 void BoardView::drawLook(QPainter& painter, const QRect& rect, const Look& look) const {
   if (look.back.isValid()) painter.fillRect(rect, look.back);
   qDrawShadePanel(&painter, rect, palette(), true, 1);
-  if (look.text.isEmpty()) return;
+  if (look.text.isEmpty()) {
+    if (m_kind == Kind::Values) drawNotes(painter, rect, look);
+    return;
+  }
   painter.setPen(look.fore.isValid() ? look.fore : palette().color(QPalette::WindowText));
   if (m_kind == Kind::Candidates) return drawCandidates(painter, rect, look.text);
   QFont font = m_cellFont;
@@ -285,6 +288,31 @@ void BoardView::drawCandidates(QPainter& painter, const QRect& rect, const QStri
     if (d < 1 || d > 9) continue;
     const QRectF place(inner.left() + ((d - 1) % kSide) * third, inner.top() + ((d - 1) / kSide) * third, third, third);
     painter.drawText(place, Qt::AlignCenter, QString(ch));
+  }
+}
+
+void BoardView::drawNotes(QPainter& painter, const QRect& rect, const Look& look) const {
+  const QString shown = look.notes + look.struck + look.proposed;
+  if (shown.isEmpty()) return;
+  // Smaller than the values and in a colour of their own, so notes are never
+  // taken for a placed digit or for the program's choices.
+  static const QColor kStruck(200, 0, 0), kProposed(0, 130, 0);
+  QFont font = m_cellFont;
+  font.setPixelSize(std::max(4, m_cellSize * 3 / 10));
+  const QRect inner = rect.adjusted(2, 2, -2, -2);
+  const double third = inner.width() / double(kSide);
+  for (int d = 1; d <= 9; ++d) {
+    const QChar ch('0' + d);
+    if (!shown.contains(ch)) continue;
+    const QRectF place(inner.left() + ((d - 1) % kSide) * third, inner.top() + ((d - 1) / kSide) * third, third, third);
+    const bool struck = look.struck.contains(ch), proposed = look.proposed.contains(ch);
+    font.setBold(proposed);
+    painter.setFont(font);
+    painter.setPen(struck ? kStruck : proposed ? kProposed
+                                               : (look.notesFore.isValid() ? look.notesFore
+                                                                            : palette().color(QPalette::WindowText)));
+    painter.drawText(place, Qt::AlignCenter, QString(ch));
+    if (struck) painter.drawLine(place.bottomLeft() + QPointF(1, -1), place.topRight() + QPointF(-1, 1));
   }
 }
 

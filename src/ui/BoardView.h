@@ -33,10 +33,16 @@ class BoardView : public QWidget {
     QString text;
     QColor back, fore;  ///< back invalid: the view's own background
     bool bold = false;
+    /// Values only, for a cell without text: small digits each at its place,
+    /// 1 top left to 9 bottom right (the player's notes) in `notesFore`; of
+    /// those, `struck` in red and struck through, and `proposed` in green and bold.
+    QString notes{}, struck{}, proposed{};
+    QColor notesFore{};
     friend bool operator==(const Look&, const Look&) = default;
     friend size_t qHash(const Look& look, size_t seed = 0) {
       return qHashMulti(seed, look.text, look.back.rgba(), look.fore.isValid() ? look.fore.rgba() : 0u,
-                        look.fore.isValid(), look.bold);
+                        look.fore.isValid(), look.bold, look.notes, look.struck, look.proposed,
+                        look.notesFore.isValid() ? look.notesFore.rgba() : 0u);
     }
   };
 
@@ -46,6 +52,7 @@ class BoardView : public QWidget {
     int value = 0;  ///< 0 for an empty cell
     bool given = false;
     QString choices;  ///< the candidate digits, "147"
+    QString notes;    ///< the player's notes in an empty cell, "28"
     friend bool operator==(const CellState&, const CellState&) = default;
   };
 
@@ -147,6 +154,7 @@ class BoardView : public QWidget {
   void drawCell(QPainter& painter, int index, qreal ratio) const;
   void drawLook(QPainter& painter, const QRect& rect, const Look& look) const;
   void drawCandidates(QPainter& painter, const QRect& rect, const QString& digits) const;
+  void drawNotes(QPainter& painter, const QRect& rect, const Look& look) const;
   /// Repaints that part now, or when the last Batch ends.
   void changed(const QRect& rect);
   /// Tells assistive technology about child `index` of the view (cells 0..80,

@@ -18,6 +18,29 @@ namespace {
 
 bool isCell(int cell) { return cell >= 1 && cell <= kCells; }
 
+/// The colours of play: the player's notes, the shades of a cell while playing
+/// and a repeated digit. Light shades behind the ordinary text, so every
+/// colour scheme keeps it readable.
+const QColor kNotesText(0, 70, 200);
+const QColor kClashText(210, 0, 0);
+QColor shadeColour(PlayShade shade) {
+  switch (shade) {
+    case PlayShade::SameDigit: return {205, 225, 255};
+    case PlayShade::NudgeArea: return {255, 243, 180};
+    case PlayShade::NudgePattern: return {255, 205, 120};
+    case PlayShade::WrongNotes: return {255, 150, 150};
+    case PlayShade::None: break;
+  }
+  return {};
+}
+
+QString digitsOf(std::uint16_t mask) {
+  QString digits;
+  for (int d = 1; d <= 9; ++d)
+    if (mask & (1u << (d - 1))) digits += QChar('0' + d);
+  return digits;
+}
+
 /// The number after the pattern's "%1" in a name such as "PosVals_12", or 0.
 int numberIn(const QString& name, const char* pattern) {
   const QString prefix = QString(pattern).section("%1", 0, 0);
@@ -81,7 +104,8 @@ QWidget* CellBoard::candidateDisplay() const { return m_candidates; }
 
 BoardCell CellBoard::describe(BoardView* view, const QString& name, const BoardView::Look& look, const QRect& rect,
                               const QString& toolTip) {
-  return BoardCell{name, look.text, look.back, look.fore, look.bold, toolTip, rect, view};
+  return BoardCell{name, look.text, look.back, look.fore, look.bold, look.notes + look.struck + look.proposed,
+                   toolTip, rect, view};
 }
 
 BoardCell CellBoard::valueCell(int cell) const {
@@ -158,6 +182,9 @@ CellBoard::Colours CellBoard::valueBoxColours(const PuzzleGrid& grid, const Boar
                                    : Colours{{}, qcolor(s.valueBack), qcolor(s.candidateText)};
   if (const Colours& overlay = m_overlays[std::size_t(cell - 1)]; overlays && overlay.back.isValid())
     return {{}, overlay.back, overlay.fore.isValid() ? overlay.fore : ordinary.fore};
+  if (overlays)
+    if (const QColor shade = shadeColour(m_playMarks[std::size_t(cell - 1)].shade); shade.isValid())
+      return {{}, shade, ordinary.fore};
   switch (marks.paints[std::size_t(cell - 1)]) {
     case CellPaint::Placed: return {{}, qcolor(s.highlightRed), qcolor(s.colour[5])};
     case CellPaint::Dead: return {{}, qcolor(s.colour[6]), qcolor(s.colour[14])};
@@ -219,11 +246,22 @@ void CellBoard::draw(const PuzzleGrid& grid, const std::array<int, 9>& boxMissin
     Colours value = valueBoxColours(grid, marks, overlays, cell);
     value.text = c.value ? QString::number(c.value) : QString();
     value.bold = c.given;
+    if (overlays) {
+      const PlayMarks& play = m_playMarks[std::size_t(cell - 1)];
+      if (play.clash && c.value) value.fore = kClashText;
+      if (!c.value) {
+        value.notes = digitsOf(play.notes & ~play.removals);
+        value.struck = digitsOf(play.removals);
+        value.proposed = play.placement ? QString::number(play.placement) : QString();
+        // Over manual play's own colours (the selected cell) the notes take its text colour.
+        value.notesFore = m_overlays[std::size_t(cell - 1)].back.isValid() ? value.fore : kNotesText;
+      }
+    }
     m_grid->setCell(cell - 1, value);
     Colours candidates = candidateColours(grid, marks, cell);
     candidates.text = QString::fromStdString(c.candidates.text());
     m_candidateView->setCell(cell - 1, candidates);
-    const BoardView::CellState state{c.value, c.given, candidates.text};
+    const BoardView::CellState state{c.value, c.given, candidates.text, value.notes};
     m_grid->setCellState(cell - 1, state);
     m_candidateView->setCellState(cell - 1, state);
   }

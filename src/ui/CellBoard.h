@@ -18,6 +18,7 @@
 #include "model/Interfaces.h"
 #include "model/PuzzleGrid.h"
 #include "ui/BoardView.h"
+#include "ui/PlayMarks.h"
 
 class QGroupBox;
 
@@ -32,6 +33,7 @@ struct BoardCell {
   QString text;  ///< the digit, the choices ("45") or the count
   QColor back, fore;
   bool bold = false;
+  QString notes{};  ///< a value cell's notes as drawn small ("147"), with the digits a nudge shows
   QString toolTip;
   QRect rect;                   ///< in the coordinates of `view`
   BoardView* view = nullptr;    ///< the view that draws it; null for an unknown name
@@ -93,6 +95,10 @@ class CellBoard : public QWidget {
   /// area highlight); an invalid text colour keeps the ordinary one.
   void setOverlayColours(int cell, QColor back, QColor text);
   void clearOverlayColours(int cell);
+  /// What manual play draws in the value cells beside their values (notes,
+  /// the nudge's marks, shades, clashes); drawn on the present board only.
+  void setPlayMarks(const BoardPlayMarks& marks) { m_playMarks = marks; }
+  const PlayMarks& playMarks(int cell) const { return m_playMarks.at(std::size_t(cell - 1)); }
 
   /// Redraws values, candidates, box counts and colours from the session; only
   /// the cells whose looks changed are painted again. While a snapshot is
@@ -134,6 +140,7 @@ class CellBoard : public QWidget {
   QGroupBox* m_candidates = nullptr;
   BoardMarks m_marks;
   std::array<Colours, 81> m_overlays{};  ///< back invalid: no overlay
+  BoardPlayMarks m_playMarks{};
   std::optional<PastBoard> m_snapshot;
 };
 

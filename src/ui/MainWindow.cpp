@@ -24,6 +24,8 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include <filesystem>
+
 #include "create/EntryDialogs.h"
 #include "create/Saving.h"
 #include "model/CollectionFile.h"
@@ -31,6 +33,8 @@
 #include "model/FileUtil.h"
 #include "model/Startup.h"
 #include "output/SaveCommands.h"
+#include "play/Game.h"
+#include "play/GameFile.h"
 #include "solver/Narrator.h"
 #include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
@@ -63,6 +67,11 @@ constexpr const char* kGeometryKey = "MainWindow/geometry";
 constexpr const char* kSplitterKey = "MainWindow/%1";
 constexpr const char* kPageWidthsKey = "MainWindow/pageWidths";
 constexpr const char* kTechniquesKey = "Options/furtherTechniques";
+constexpr const char* kClearNotesKey = "Options/clearNotesOnPlace";
+constexpr const char* kTellWrongKey = "Options/tellWrongMoves";
+constexpr const char* kClockKey = "Options/showClock";
+/// The game in progress, kept in the configuration's folder between runs.
+constexpr const char* kGameInProgressFile = "GameInProgress.tsg";
 /// The collection's full path: Quorrel.cfg keeps only its name, which is
 /// looked for in the program's folder.
 constexpr const char* kCollectionKey = "Files/collection";
@@ -240,7 +249,9 @@ void MainWindow::createPages(QStackedWidget* stack) {
       m_board->clearOverlayColours(cell);
     m_board->refreshFromSession();
   };
-  auto* manual = new ManualPage(m_session, *this, paintManual, stack);
+  auto* manual = m_manual = new ManualPage(m_session, *this, paintManual, stack);
+  manual->setMarksPainter([this](const BoardPlayMarks& marks) { m_board->setPlayMarks(marks); });
+  connect(manual, &ManualPage::gameChanged, this, [this] { updateUndoActions(); });
   // A cell selected from the move list, a hint line or the cell hint takes the
   // digits typed next: the grid gets the keyboard.
   connect(manual, &ManualPage::cellSelected, this, [this](int cell) {
@@ -311,6 +322,19 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   m_refreshTimer.stop();
   if (m_help) m_help->close();
   saveLayout();
+  if (m_keepGame) {
+    // A game with moves on a board not yet full is kept for the next start;
+    // otherwise there is none to offer.
+    const std::string path = gameInProgressPath();
+    const Game& game = m_manual->game();
+    if (!game.commands().empty() && m_session.grid.filledCount() < kCells) {
+      if (!m_session.folders.config.empty()) makeFolder(m_session.folders.config);
+      saveGameFile(path, game.record());
+    } else {
+      std::error_code ignored;
+      std::filesystem::remove(path, ignored);
+    }
+  }
   QMainWindow::closeEvent(event);
 }
 
@@ -413,6 +437,9 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
   m_techniquesAction->setChecked(m_settings->value(kTechniquesKey, false).toBool());
   m_followDesktop = m_settings->value(kDesktopColoursKey, false).toBool();
   setTextZoom(m_settings->value(kTextZoomKey, 0).toInt());
+  m_clearNotesAction->setChecked(m_settings->value(kClearNotesKey, true).toBool());
+  m_tellWrongAction->setChecked(m_settings->value(kTellWrongKey, false).toBool());
+  m_clockAction->setChecked(m_settings->value(kClockKey, false).toBool());
   m_shownPage = -1;  // the left column takes the remembered width of the page shown
   fitLeftColumn(m_stack->currentIndex());
 }
@@ -422,6 +449,21 @@ void MainWindow::setFurtherTechniques(bool on) {
   if (m_settings) m_settings->setValue(kTechniquesKey, on);
   // The grade shown follows the techniques a solve may use.
   if (m_puzzleFrame) m_puzzleFrame->judgeAgain();
+}
+
+void MainWindow::setClearNotesOnPlace(bool on) {
+  m_manual->game().options.clearNotesOnPlace = on;
+  if (m_settings) m_settings->setValue(kClearNotesKey, on);
+}
+
+void MainWindow::setTellWrongMoves(bool on) {
+  m_manual->game().options.tellWrongMoves = on;
+  if (m_settings) m_settings->setValue(kTellWrongKey, on);
+}
+
+void MainWindow::setClockShown(bool on) {
+  m_manual->setClockShown(on);
+  if (m_settings) m_settings->setValue(kClockKey, on);
 }
 
 void MainWindow::saveLayout() {
@@ -603,6 +645,80 @@ void MainWindow::dropEvent(QDropEvent* event) {
   openCollectionFile(path.toStdString());
 }
 
+// --- the game in progress
+
+std::string MainWindow::gameInProgressPath() const {
+  return m_session.folders.configFolder(m_session.appDir) + kGameInProgressFile;
+}
+
+void MainWindow::offerSavedGame() {
+  const std::string path = gameInProgressPath();
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return;
+  runCommand([this, path] {
+    const GameRead read = readGameFile(path);
+    if (!read.record) return m_session.message(read.problem);
+    if (m_session.ui().question(resumeQuestion(*read.record))) resumeGame(*read.record);
+  });
+}
+
+void MainWindow::saveGame() {
+  runCommand([this] {
+    FileRequest request;
+    request.mode = FileRequest::Mode::Save;
+    request.title = "Save game";
+    request.pattern = "*.tsg";
+    request.typeName = "Tessaly games";
+    request.startDir = m_session.folders.configFolder(m_session.appDir);
+    const std::string path = m_session.ui().chooseFile(request);
+    if (path.empty()) return;
+    if (const std::string problem = saveGameFile(path, m_manual->game().record()); !problem.empty())
+      m_session.message(problem);
+  });
+}
+
+void MainWindow::openGame() {
+  FileRequest request;
+  request.mode = FileRequest::Mode::Open;
+  request.title = "Open game";
+  request.pattern = "*.tsg";
+  request.typeName = "Tessaly games";
+  request.startDir = m_session.folders.configFolder(m_session.appDir);
+  const std::string path = m_session.ui().chooseFile(request);
+  if (!path.empty()) openGameFile(path);
+}
+
+void MainWindow::openGameFile(const std::string& path) {
+  runCommand([this, path] {
+    // The whole file is checked before anything of it is used.
+    const GameRead read = readGameFile(path);
+    if (!read.record) return m_session.message(read.problem);
+    resumeGame(*read.record);
+  });
+}
+
+void MainWindow::resumeGame(const GameRecord& record) {
+  // The game goes on where it was played: manual play takes the puzzle's
+  // arrival on its own tab.
+  if (m_session.controls.currentTab != Tab::ManualSolve) {
+    m_session.controls.currentTab = Tab::ManualSolve;
+    const QSignalBlocker blocker(m_tabs);
+    m_tabs->setCurrentIndex(int(Tab::ManualSolve) - 1);
+    m_stack->setCurrentIndex(int(Tab::ManualSolve) - 1);
+    m_manual->pageShown();
+  }
+  m_manual->game().resume(record);
+  m_manual->refreshFromSession();
+  updateUndoActions();
+}
+
+void MainWindow::updateUndoActions() {
+  if (!m_undoAction) return;
+  const bool manual = m_session.controls.currentTab == Tab::ManualSolve;
+  m_undoAction->setEnabled(manual && m_manual->game().canUndo());
+  m_redoAction->setEnabled(manual && m_manual->game().canRedo());
+}
+
 void MainWindow::solve() {
   runCommand([this] { SolverEngine(m_session).solveCommand(); });
 }
@@ -714,6 +830,7 @@ void MainWindow::refresh(bool verifyLog) {
   m_status->setText(QString::fromStdString(statusLine(m_session.run.ended)));
   m_log->syncWithLog(verifyLog);
   m_replay->logChanged();
+  updateUndoActions();
 }
 
 void MainWindow::tabSelected(int index) {

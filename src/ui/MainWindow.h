@@ -39,6 +39,8 @@ namespace tessaly {
 class AutoSolveTab;
 class CellBoard;
 class HelpWindow;
+class ManualPage;
+struct GameRecord;
 class PuzzleFrame;
 class ReplayController;
 class TabPage;
@@ -91,6 +93,29 @@ class MainWindow : public QMainWindow, public CommandHost {
   /// Edit > Copy puzzle: the givens on the clipboard as 81 characters ("."
   /// for a blank); while the event log has the focus, its lines instead.
   void copyPuzzle();
+  /// The ManualSolve tab's page, with the game in progress.
+  ManualPage* manualPage() const { return m_manual; }
+  /// Options, "Clear notes when a digit is placed", "Tell me when a move is
+  /// wrong" and "Show the clock" (remembered in the window's settings).
+  void setClearNotesOnPlace(bool on);
+  void setTellWrongMoves(bool on);
+  void setClockShown(bool on);
+  /// Keeps the game in progress between runs: written to `gameInProgressPath`
+  /// when the window closes, offered by `offerSavedGame` at the next start.
+  /// Off unless asked for (the program asks; tests that do work in their
+  /// scratch folder).
+  void keepGameInProgress(bool on) { m_keepGame = on; }
+  /// GameInProgress.tsg in the configuration's folder (beside Quorrel.cfg).
+  std::string gameInProgressPath() const;
+  /// At start: the game kept when the window last closed, offered with
+  /// "Resume the game of puzzle 40?"; Yes puts it back on the ManualSolve tab.
+  void offerSavedGame();
+  /// File > Save game...: the game in progress into a file the user chooses.
+  void saveGame();
+  /// File > Open game...: a game file the user chooses, resumed on the
+  /// ManualSolve tab; a file that cannot be used is told and changes nothing.
+  void openGame();
+  void openGameFile(const std::string& path);
   /// The Solve command, as the `Solveit` button gives it.
   void solve();
   /// Applies entry 0..18 of the colour menu and writes the configuration.
@@ -198,6 +223,10 @@ class MainWindow : public QMainWindow, public CommandHost {
   void scheduleRefresh();
   void refresh(bool verifyLog);
   void tabSelected(int index);
+  /// Puts a checked game on the board on the ManualSolve tab.
+  void resumeGame(const GameRecord& record);
+  /// Undo and Redo of the Edit menu follow the game's stack.
+  void updateUndoActions();
   TabPage* currentPage() const;
 
   Session& m_session;
@@ -229,6 +258,13 @@ class MainWindow : public QMainWindow, public CommandHost {
   bool m_followDesktop = false;
   int m_textZoom = 0;
   QAction* m_techniquesAction = nullptr;
+  QAction* m_undoAction = nullptr;
+  QAction* m_redoAction = nullptr;
+  QAction* m_clearNotesAction = nullptr;
+  QAction* m_tellWrongAction = nullptr;
+  QAction* m_clockAction = nullptr;
+  ManualPage* m_manual = nullptr;
+  bool m_keepGame = false;
   QMenu* m_recentMenu = nullptr;
 
   std::unique_ptr<WindowDisplay> m_display;

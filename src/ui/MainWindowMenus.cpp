@@ -16,6 +16,7 @@
 #include "output/SaveCommands.h"
 #include "output/TextExport.h"
 #include "ui/HelpWindow.h"
+#include "ui/ManualPage.h"
 #include "ui/MainWindow.h"
 #include "ui/ObjectNames.h"
 #include "ui/PuzzlePrinter.h"
@@ -73,6 +74,13 @@ void MainWindow::createFileMenu() {
   }
   connect(addEntry(menu, names::mnuSaveLog, "Save &log as..."), &QAction::triggered, this, [this] { saveLogAs(); });
   menu->addSeparator();
+  QAction* saveGameEntry = addEntry(menu, names::mnuSaveGame, "Save &game...");
+  saveGameEntry->setToolTip("Keep the game of the ManualSolve tab (moves, notes, time) in a file");
+  connect(saveGameEntry, &QAction::triggered, this, [this] { saveGame(); });
+  QAction* openGameEntry = addEntry(menu, names::mnuOpenGame, "Open ga&me...");
+  openGameEntry->setToolTip("Go on with a game kept in a file, on the ManualSolve tab");
+  connect(openGameEntry, &QAction::triggered, this, [this] { openGame(); });
+  menu->addSeparator();
   connect(addEntry(menu, names::mnuPrPuz2File, "Print puzzle to file"), &QAction::triggered, this,
           command([this] { printToTextFile(m_session, false); }));
   connect(addEntry(menu, names::mnuPrintEL2File, "Print puzzle and event log to file"), &QAction::triggered, this,
@@ -93,6 +101,17 @@ void MainWindow::createEditMenu() {
   menu->setObjectName(names::mnuEdit);
   // The keys reach these entries unless the widget with the focus takes them
   // (a text box copies and pastes its own text; the event log is handled in copyPuzzle).
+  // The moves of the ManualSolve tab, one at a time, back and forth.
+  m_undoAction = addEntry(menu, names::mnuUndo, "&Undo");
+  m_undoAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+  m_undoAction->setToolTip("Take back the last move of the ManualSolve tab (a value, a note, a change of notes)");
+  connect(m_undoAction, &QAction::triggered, this, [this] { m_manual->undo(); });
+  m_redoAction = addEntry(menu, names::mnuRedo, "&Redo");
+  m_redoAction->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+  m_redoAction->setToolTip("Make the move taken back again");
+  connect(m_redoAction, &QAction::triggered, this, [this] { m_manual->redo(); });
+  updateUndoActions();
+  menu->addSeparator();
   QAction* copy = addEntry(menu, names::mnuCopyPuzzle, "&Copy puzzle");
   copy->setShortcut(QKeySequence::Copy);
   copy->setToolTip("Put the givens on the clipboard as one line of 81 characters");
@@ -124,6 +143,22 @@ void MainWindow::createOptionsMenu() {
   QAction* normal = addEntry(menu, names::mnuNormalText, "Normal text size");
   normal->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
   connect(normal, &QAction::triggered, this, [this] { setTextZoom(0); });
+  // How the ManualSolve tab plays.
+  menu->addSeparator();
+  m_clearNotesAction = addEntry(menu, names::mnuClearNotesOnPlace, "Clear notes when a digit is placed");
+  m_clearNotesAction->setCheckable(true);
+  m_clearNotesAction->setChecked(true);
+  m_clearNotesAction->setToolTip("A digit placed takes itself out of the notes of its row, column and box");
+  connect(m_clearNotesAction, &QAction::toggled, this, [this](bool on) { setClearNotesOnPlace(on); });
+  m_tellWrongAction = addEntry(menu, names::mnuTellWrongMoves, "Tell me when a move is wrong");
+  m_tellWrongAction->setCheckable(true);
+  m_tellWrongAction->setToolTip("The coach says so when a digit placed or a note removed goes against the solution");
+  connect(m_tellWrongAction, &QAction::toggled, this, [this](bool on) { setTellWrongMoves(on); });
+  m_clockAction = addEntry(menu, names::mnuShowClock, "Show the clock");
+  m_clockAction->setCheckable(true);
+  m_clockAction->setToolTip("Show the time played on the ManualSolve tab");
+  connect(m_clockAction, &QAction::toggled, this, [this](bool on) { setClockShown(on); });
+  menu->addSeparator();
   QMenu* schemes = menu->addMenu("Colour schemes");
   schemes->setObjectName(names::mnuColx);
   auto* group = new QActionGroup(schemes);

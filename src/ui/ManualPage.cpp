@@ -23,6 +23,7 @@
 #include "model/GridTables.h"
 #include "model/Session.h"
 #include "play/Explanation.h"
+#include "play/Game.h"
 #include "play/Hints.h"
 #include "play/NextStep.h"
 #include "play/ManualPlay.h"
@@ -103,12 +104,16 @@ ManualPage::ManualPage(Session& session, CommandHost& host, PaintCell paintCell,
     : TabPage(session, host, parent),
       m_paintCell(std::move(paintCell)),
       m_painter(std::make_unique<Painter>(*this)),
-      m_play(std::make_unique<ManualPlay>(session, m_painter.get())) {
+      m_play(std::make_unique<ManualPlay>(session, m_painter.get())),
+      m_game(std::make_unique<Game>(*m_play)) {
   setObjectName(names::ManualPage);
   m_paints.fill(ManualPaint::Normal);
   // A puzzle read while the tab is current starts manual play afresh, and the
   // page shows it.
   m_puzzleLoaded = m_session.puzzleLoaded.subscribe([this] {
+    // What a nudge or Check notes showed belongs to the puzzle that went.
+    endNudge();
+    emit gameChanged();
     if (m_play->active()) return prepare();
     // Read while another tab is shown: nothing painted for the earlier puzzle stays.
     endExplanationHighlight();
@@ -125,6 +130,10 @@ ManualPage::ManualPage(Session& session, CommandHost& host, PaintCell paintCell,
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addLayout(columns);
   layout->addStretch();
+  // The game's clock: one tick a second, counted while the player plays.
+  m_clock.setInterval(1000);
+  connect(&m_clock, &QTimer::timeout, this, [this] { tick(); });
+  m_clock.start();
   refreshFromSession();
 }
 
@@ -197,10 +206,31 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   m_clear->setObjectName(names::ClearManual);
   m_clear->setToolTip("Discard all placements and start the puzzle again");
 
+  // The player's notes: a mode for the digit keys, and two buttons.
+  m_notesMode = new QPushButton("&Notes", this);
+  m_notesMode->setObjectName(names::NotesMode);
+  m_notesMode->setCheckable(true);
+  m_notesMode->setToolTip(toolTipWithKeys("Digit keys toggle notes of the selected cell instead of placing values "
+                                          "(Shift+digit toggles a note at any time)",
+                                          m_notesMode->text(), QKeySequence(Qt::Key_N)));
+  m_fillNotes = new QPushButton("F&ill in notes", this);
+  m_fillNotes->setObjectName(names::FillNotes);
+  m_fillNotes->setToolTip(toolTipWithKeys("Write every empty cell's choices into its notes", m_fillNotes->text(), {}));
+  m_checkNotes = new QPushButton("Chec&k notes", this);
+  m_checkNotes->setObjectName(names::CheckNotes);
+  m_checkNotes->setToolTip(toolTipWithKeys("Mark in red the cells whose notes have lost their solution digit",
+                                           m_checkNotes->text(), {}));
+  m_clockLabel = new QLabel(this);
+  m_clockLabel->setObjectName(names::GameClock);
+  m_clockLabel->setToolTip("The time played on this puzzle");
+  m_clockLabel->setFont(fixed);
+  m_clockLabel->hide();
+
   auto* choiceLine = new QHBoxLayout;
   choiceLine->addWidget(choiceCaption);
   choiceLine->addWidget(m_cellChoice);
   choiceLine->addStretch();
+  choiceLine->addWidget(m_clockLabel);
   auto* summaries = new QHBoxLayout;
   summaries->addWidget(rowFrame);
   summaries->addWidget(colFrame);
@@ -213,12 +243,33 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   left->addLayout(summaries);
   left->addWidget(m_log, 1);
   left->addLayout(logButtons);
+  auto* noteButtons = new QHBoxLayout;
+  noteButtons->addWidget(m_notesMode);
+  noteButtons->addWidget(m_fillNotes);
+  noteButtons->addWidget(m_checkNotes);
+  left->addLayout(noteButtons);
+  // After these buttons the grid has the keyboard again: the next digit is
+  // meant for the selected cell.
+  connect(m_fillNotes, &QPushButton::clicked, this, [this] {
+    fillInNotes();
+    emit cellSelected(m_play->selectedCell);
+  });
+  connect(m_checkNotes, &QPushButton::clicked, this, [this] {
+    checkNotes();
+    emit cellSelected(m_play->selectedCell);
+  });
+  connect(m_notesMode, &QPushButton::clicked, this, [this] { emit cellSelected(m_play->selectedCell); });
   connect(m_log, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     const int index = m_log->row(item);
     m_play->moveListClicked(index);
     afterCommand();
   });
-  connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_play->undo(); }); });
+  connect(m_undo, &QPushButton::clicked, this, [this] {
+    move([this] {
+      m_game->undoButton();
+      return std::optional<Verdict>();
+    });
+  });
   connect(m_clear, &QPushButton::clicked, this, [this] { run([this] { m_host.puzzleRead(m_play->clearManual()); }); });
   return left;
 }
@@ -250,6 +301,26 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_nextStep->setObjectName(names::NextStep);
   m_nextStep->setToolTip("The easiest step the techniques turned on find, its cells highlighted on the board");
   hintButtons->addWidget(m_nextStep, kNextStepPlace / kHintColumns, kNextStepPlace % kHintColumns);
+  m_nudge = new QPushButton("Nu&dge", hintFrame);
+  m_nudge->setObjectName(names::Nudge);
+  m_nudge->setToolTip(toolTipWithKeys("The next step a little at a time: asked again for the same step, its "
+                                      "technique, then where to look, its cells, and what it changes",
+                                      m_nudge->text(), QKeySequence(Qt::Key_H)));
+  constexpr int kNudgePlace = kNextStepPlace + 1, kApplyPlace = kNextStepPlace + 2;
+  hintButtons->addWidget(m_nudge, kNudgePlace / kHintColumns, kNudgePlace % kHintColumns);
+  m_apply = new QPushButton("Appl&y", hintFrame);
+  m_apply->setObjectName(names::ApplyNudge);
+  m_apply->setToolTip(toolTipWithKeys("Make the change the nudge shows on the board", m_apply->text(), {}));
+  m_apply->setEnabled(false);
+  hintButtons->addWidget(m_apply, kApplyPlace / kHintColumns, kApplyPlace % kHintColumns);
+  connect(m_nudge, &QPushButton::clicked, this, [this] {
+    nudge();
+    emit cellSelected(m_play->selectedCell);
+  });
+  connect(m_apply, &QPushButton::clicked, this, [this] {
+    applyNudge();
+    emit cellSelected(m_play->selectedCell);
+  });
   // A style may give every button a width of its own liking (Fusion: 80
   // pixels); these take the room of their captions, which keeps the page narrow.
   for (QPushButton* button : hintFrame->findChildren<QPushButton*>()) {
@@ -317,14 +388,15 @@ void ManualPage::buildChoicesMenu() {
   for (int d = 1; d <= 9; ++d) {
     QAction* item = m_choices->addAction(QString::number(d));
     item->setObjectName(QString(names::xc_N).arg(d));
-    connect(item, &QAction::triggered, this, [this, d] { run([this, d] { m_play->chooseDropDown(d); }); });
+    connect(item, &QAction::triggered, this, [this, d] { move([this, d] { return m_game->chooseDropDown(d); }); });
     m_choiceItems[std::size_t(d - 1)] = item;
   }
 }
 
 ManualPage::~ManualPage() {
-  // The manual-play state goes first: it unhooks itself from the session and
-  // may still draw through the painter.
+  // The game and the manual-play state go first: they unhook themselves from
+  // the session and may still draw through the painter.
+  m_game.reset();
   m_play.reset();
 }
 
@@ -335,6 +407,41 @@ int ManualPage::typedValue(int key, Qt::KeyboardModifiers modifiers) {
   // The digits of the numeric pad count as well as those of the main keyboard.
   if (key >= Qt::Key_1 && key <= Qt::Key_9) return 1 + (key - Qt::Key_1);
   return 0;
+}
+
+int ManualPage::noteDigit(int key, Qt::KeyboardModifiers modifiers) {
+  if (!(modifiers & Qt::ShiftModifier) || (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
+    return 0;
+  if (key >= Qt::Key_1 && key <= Qt::Key_9) return 1 + (key - Qt::Key_1);
+  // With Shift, a keyboard reports the sign on the digit's key; these are a US keyboard's.
+  static constexpr std::array<int, 9> kShifted = {Qt::Key_Exclam,     Qt::Key_At,        Qt::Key_NumberSign,
+                                                  Qt::Key_Dollar,     Qt::Key_Percent,   Qt::Key_AsciiCircum,
+                                                  Qt::Key_Ampersand,  Qt::Key_Asterisk,  Qt::Key_ParenLeft};
+  const auto found = std::find(kShifted.begin(), kShifted.end(), key);
+  return found == kShifted.end() ? 0 : int(found - kShifted.begin()) + 1;
+}
+
+bool ManualPage::notesMode() const { return m_notesMode->isChecked(); }
+
+void ManualPage::setNotesMode(bool on) { m_notesMode->setChecked(on); }
+
+void ManualPage::setClockShown(bool shown) {
+  m_clockLabel->setVisible(shown);
+  refreshFromSession();
+}
+
+QString ManualPage::clockText(int seconds) {
+  seconds = std::max(0, seconds);
+  const int h = seconds / 3600, m = seconds / 60 % 60, s = seconds % 60;
+  return h ? QString("%1:%2:%3").arg(h).arg(m, 2, 10, QChar('0')).arg(s, 2, 10, QChar('0'))
+           : QString("%1:%2").arg(m).arg(s, 2, 10, QChar('0'));
+}
+
+void ManualPage::tick() {
+  if (!m_play->active() || !isVisible() || m_session.grid.filledCount() == kCells || m_session.givenCount() == 0)
+    return;
+  ++m_game->elapsedSeconds;
+  m_clockLabel->setText(clockText(m_game->elapsedSeconds));
 }
 
 void ManualPage::paint(int cell, ManualPaint paint) {
@@ -349,6 +456,124 @@ void ManualPage::run(std::function<void()> command) {
     afterCommand();
   };
   m_host.runCommand(std::move(whole));
+}
+
+void ManualPage::move(std::function<std::optional<Verdict>()> change) {
+  run([this, change = std::move(change)] {
+    const std::size_t done = m_game->done();
+    const std::optional<Verdict> verdict = change();
+    // A move made: what was shown for the board before it is over.
+    if (m_game->done() != done) {
+      endNudge();
+      showVerdict(verdict);
+    }
+    emit gameChanged();
+  });
+}
+
+void ManualPage::showVerdict(const std::optional<Verdict>& verdict) {
+  std::vector<HintLine>& hints = m_session.hints;
+  std::erase_if(hints, [](const HintLine& line) { return line.kind == HintKind::Verdict; });
+  if (verdict) hints.push_back(verdict->line());
+}
+
+void ManualPage::endNudge() {
+  m_nudgeShown.reset();
+  m_wrongNotes.clear();
+}
+
+void ManualPage::undo() {
+  run([this] {
+    if (m_game->undo()) {
+      endNudge();
+      showVerdict(std::nullopt);
+    }
+    emit gameChanged();
+  });
+}
+
+void ManualPage::redo() {
+  run([this] {
+    if (m_game->redo()) {
+      endNudge();
+      showVerdict(std::nullopt);
+    }
+    emit gameChanged();
+  });
+}
+
+void ManualPage::nudge() {
+  endExplanationHighlight();
+  run([this] {
+    const Nudge nudge = m_game->nudge();
+    std::vector<HintLine> lines;
+    for (const std::string& line : nudge.lines.empty() ? std::vector<std::string>{nudge.text} : nudge.lines)
+      lines.push_back({HintKind::Heading, 0, 0, line});
+    m_session.hints = std::move(lines);
+    m_wrongNotes.clear();
+    m_nudgeShown = nudge;
+  });
+  m_hints->scrollToBottom();
+}
+
+void ManualPage::applyNudge() {
+  move([this] {
+    m_game->apply();
+    return std::optional<Verdict>();
+  });
+}
+
+void ManualPage::fillInNotes() {
+  move([this] {
+    m_game->fillInNotes();
+    return std::optional<Verdict>();
+  });
+}
+
+void ManualPage::checkNotes() {
+  run([this] {
+    const NotesCheck check = m_game->checkNotes();
+    m_nudgeShown.reset();
+    m_wrongNotes = check.cells;
+    m_session.hints = {{HintKind::Heading, 0, 0, check.text}};
+  });
+}
+
+void ManualPage::drawMarks() {
+  BoardPlayMarks marks{};
+  if (m_play->active()) {
+    const PuzzleGrid& grid = m_session.grid;
+    const NoteGrid& notes = m_game->notes();
+    // How often each digit stands in each row, column and box.
+    std::array<std::array<int, 10>, 10> inRow{}, inCol{}, inBox{};
+    for (int c = 1; c <= kCells; ++c)
+      if (const int v = grid[c].value; v >= 1 && v <= 9) {
+        ++inRow[std::size_t(CellRow[c])][std::size_t(v)];
+        ++inCol[std::size_t(CellCol[c])][std::size_t(v)];
+        ++inBox[std::size_t(CellBox[c])][std::size_t(v)];
+      }
+    const int selected = m_play->selectedCell;
+    const int digit = isCell(selected) ? grid[selected].value : 0;
+    for (int c = 1; c <= kCells; ++c) {
+      PlayMarks& m = marks[std::size_t(c - 1)];
+      m.notes = notes[std::size_t(c)];
+      if (const int v = grid[c].value; v >= 1 && v <= 9)
+        m.clash = inRow[std::size_t(CellRow[c])][std::size_t(v)] > 1 ||
+                  inCol[std::size_t(CellCol[c])][std::size_t(v)] > 1 ||
+                  inBox[std::size_t(CellBox[c])][std::size_t(v)] > 1;
+      if (digit && c != selected && grid[c].value == digit) m.shade = PlayShade::SameDigit;
+    }
+    if (m_nudgeShown) {
+      for (int c : m_nudgeShown->area) marks.at(std::size_t(c - 1)).shade = PlayShade::NudgeArea;
+      for (int c : m_nudgeShown->pattern) marks.at(std::size_t(c - 1)).shade = PlayShade::NudgePattern;
+      for (const Candidate& r : m_nudgeShown->removals)
+        marks.at(std::size_t(r.cell - 1)).removals |= std::uint16_t(1u << (r.digit - 1));
+      for (const Candidate& p : m_nudgeShown->placements) marks.at(std::size_t(p.cell - 1)).placement = p.digit;
+    }
+    for (int c : m_wrongNotes) marks.at(std::size_t(c - 1)).shade = PlayShade::WrongNotes;
+  }
+  m_marks = marks;
+  if (m_drawMarks) m_drawMarks(marks);
 }
 
 void ManualPage::afterCommand() {
@@ -386,7 +611,15 @@ void ManualPage::refreshFromSession() {
   const int logCount = m_log->count();
   showLines(m_log, play.LogManual());
   if (m_log->count() > logCount) m_log->scrollToBottom();
+  const int hintCount = m_hints->count();
   showLines(m_hints, hintTexts(m_session.hints));
+  // A verdict comes last: the list shows it.
+  if (m_hints->count() && !m_session.hints.empty() && m_session.hints.back().kind == HintKind::Verdict &&
+      m_hints->count() != hintCount)
+    m_hints->scrollToBottom();
+  m_apply->setEnabled(m_nudgeShown && m_nudgeShown->canApply());
+  if (m_clockLabel->isVisible()) m_clockLabel->setText(clockText(m_game->elapsedSeconds));
+  drawMarks();
 }
 
 void ManualPage::endExplanationHighlight() {
@@ -442,9 +675,16 @@ void ManualPage::onKeyReleased(int key, Qt::KeyboardModifiers modifiers) {
       return;
     default: break;
   }
+  // N and H alone: the notes mode and the nudge (held with Ctrl, H is the cell hint's).
+  if (!(modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier))) {
+    if (key == Qt::Key_N) return setNotesMode(!notesMode());
+    if (key == Qt::Key_H) return nudge();
+  }
+  if (const int note = noteDigit(key, modifiers)) return move([this, note] { return m_game->typedNote(note); });
   const int value = typedValue(key, modifiers);
   if (!value) return;
-  run([this, value] { m_play->typed(value); });
+  if (value != ManualPlay::kClear && notesMode()) return move([this, value] { return m_game->typedNote(value); });
+  move([this, value] { return m_game->typed(value); });
 }
 
 void ManualPage::moveSelection(int rowStep, int colStep) {
@@ -513,7 +753,10 @@ bool ManualPage::eventFilter(QObject* watched, QEvent* event) {
 void ManualPage::hintClicked(int row, Qt::MouseButton button) {
   if (button != Qt::LeftButton && button != Qt::RightButton) return;
   endExplanationHighlight();
-  run([this, row, button] { hintLineClicked(m_session, *m_play, row, button == Qt::RightButton); });
+  move([this, row, button] {
+    return m_game->act(CommandKind::Place,
+                       [&] { hintLineClicked(m_session, *m_play, row, button == Qt::RightButton); });
+  });
 }
 
 }  // namespace tessaly

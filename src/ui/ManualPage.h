@@ -1,9 +1,15 @@
 #pragma once
 // The controls of the ManualSolve tab: the instructions, the choices of the
 // selected cell (`CellChoice`), the row and column summaries (`PossibleInRow`,
-// `PossibleInCol`), the move list (`LogManual`) with Undo and Clear, the rule
-// hints (`GetHint`, `Hints`), the cell hint (`CellHint`), the pointer read-out
-// and the explanation of a cell's choices.
+// `PossibleInCol`), the move list (`LogManual`) with Undo and Clear, the
+// player's notes (`NotesMode`, `FillNotes`, `CheckNotes`), the rule hints
+// (`GetHint`, `Hints`), the cell hint (`CellHint`), the nudge (`Nudge`,
+// `ApplyNudge`), the clock (`GameClock`), the pointer read-out and the
+// explanation of a cell's choices.
+//
+// Every move goes through the page's Game, which records it for Undo and Redo
+// and gives the coach's verdict; the verdict is shown as the last line of the
+// hint list.
 //
 // The page owns the manual-play state and draws it; every decision is the
 // core's. The window hands it the grid's clicks and keys while the tab is
@@ -13,6 +19,7 @@
 
 #include <QColor>
 #include <QPoint>
+#include <QTimer>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -20,6 +27,8 @@
 #include <optional>
 
 #include "model/Event.h"
+#include "play/Coach.h"
+#include "ui/PlayMarks.h"
 #include "ui/TabPage.h"
 
 class QAction;
@@ -32,6 +41,7 @@ class QPushButton;
 namespace tessaly {
 
 class ColourScheme;
+class Game;
 class ManualPlay;
 
 /// How manual play asks the window to draw a cell's value box.
@@ -65,6 +75,13 @@ class ManualPage : public TabPage {
   ~ManualPage() override;
 
   ManualPlay& play() { return *m_play; }
+  /// The game in progress: notes, the undo stack, the coach.
+  Game& game() { return *m_game; }
+  /// How the page hands the window what to draw in the value cells beside
+  /// their values (notes, nudge, shades); called at every redraw of the page.
+  void setMarksPainter(std::function<void(const BoardPlayMarks&)> painter) { m_drawMarks = std::move(painter); }
+  /// What the page last asked to be drawn in cell 1..81.
+  const PlayMarks& marksOf(int cell) const { return m_marks.at(std::size_t(cell - 1)); }
   /// The last paint asked for a cell 1..81.
   ManualPaint paintOf(int cell) const { return m_paints.at(std::size_t(cell - 1)); }
   /// The drop-down of a cell's choices (`mnuChoices`, items `xc` 1..9).
@@ -93,11 +110,41 @@ class ManualPage : public TabPage {
   /// 1..9 for the digits of the main keyboard or the numeric pad, else 0 (also
   /// for any key held with Ctrl, Alt or Meta).
   static int typedValue(int key, Qt::KeyboardModifiers modifiers);
+  /// The note a key toggles held with Shift: 1..9 for a digit key (or the
+  /// sign a US keyboard gives for it with Shift), else 0.
+  static int noteDigit(int key, Qt::KeyboardModifiers modifiers);
+
+  /// Notes mode: a digit key toggles a note of the selected cell instead of placing it.
+  bool notesMode() const;
+  void setNotesMode(bool on);
+  /// Shows the clock of the game (`GameClock`).
+  void setClockShown(bool shown);
+  /// The clock's text for a number of seconds: "4:05", "1:02:03".
+  static QString clockText(int seconds);
+
+  // The Game's commands, as the buttons, keys and the Edit menu give them.
+  /// Undo (Ctrl+Z) and Redo (Ctrl+Shift+Z, Ctrl+Y) of the Edit menu.
+  void undo();
+  void redo();
+  /// Nudge (the H key): the next step, one level further each time.
+  void nudge();
+  /// Apply, offered by a nudge at level 4.
+  void applyNudge();
+  void fillInNotes();
+  void checkNotes();
+  /// One second of play went by: the game's clock advances while the tab is
+  /// shown and the board is not full.
+  void tick();
+  /// The timer that calls tick once a second (tests stop it and tick themselves).
+  void setClockRunning(bool running) { running ? m_clock.start() : m_clock.stop(); }
 
  signals:
   /// A command selected another cell (a click on the grid, the move list or a
-  /// hint line, the cell hint, an arrow key): the digits typed next are meant for it.
+  /// hint line, the cell hint, an arrow key), or a button of the notes or the
+  /// nudge was used: the digits typed next are meant for the selected cell.
   void cellSelected(int cell);
+  /// The game changed (a move, undo, redo): the Edit menu's Undo and Redo follow.
+  void gameChanged();
 
  public slots:
   /// A click on value box `cell` 1..81.
@@ -136,10 +183,25 @@ class ManualPage : public TabPage {
   /// Empties the explanation and the pointer read-out, then redraws.
   void clearReadOuts();
   void hintClicked(int row, Qt::MouseButton button);
+  /// Runs a move through the game and shows its verdict.
+  void move(std::function<std::optional<Verdict>()> change);
+  /// The verdict as the last line of the hint list, after the hint report (an
+  /// earlier verdict gives way to it).
+  void showVerdict(const std::optional<Verdict>& verdict);
+  /// Ends what a nudge or Check notes shows on the board.
+  void endNudge();
+  /// Works out what the value cells show beside their values and hands it to the window.
+  void drawMarks();
 
   PaintCell m_paintCell;
   std::unique_ptr<Painter> m_painter;
   std::unique_ptr<ManualPlay> m_play;
+  std::unique_ptr<Game> m_game;  ///< after m_play, so it goes first
+  std::function<void(const BoardPlayMarks&)> m_drawMarks;
+  BoardPlayMarks m_marks{};
+  std::optional<Nudge> m_nudgeShown;  ///< the last nudge, until the board changes
+  std::vector<int> m_wrongNotes;      ///< the cells Check notes found, until the board changes
+  QTimer m_clock;
   Event::Subscription m_puzzleLoaded;  ///< ends before the page goes
   std::array<ManualPaint, 81> m_paints{};
   /// The row, column and box highlighted by the explanation; all 0 when none.
@@ -157,6 +219,12 @@ class ManualPage : public TabPage {
   QListWidget* m_log = nullptr;
   QPushButton* m_undo = nullptr;
   QPushButton* m_clear = nullptr;
+  QPushButton* m_notesMode = nullptr;
+  QPushButton* m_fillNotes = nullptr;
+  QPushButton* m_checkNotes = nullptr;
+  QPushButton* m_nudge = nullptr;
+  QPushButton* m_apply = nullptr;
+  QLabel* m_clockLabel = nullptr;
   std::array<QPushButton*, 7> m_hintButtons{};
   QPushButton* m_cellHint = nullptr;
   QPushButton* m_nextStep = nullptr;

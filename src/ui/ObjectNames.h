@@ -11,6 +11,7 @@
 namespace tessaly::names {
 
 inline constexpr const char AboutBox[] = "AboutBox";
+inline constexpr const char ApplyNudge[] = "ApplyNudge";
 inline constexpr const char AutoSaveCommand[] = "AutoSaveCommand";
 inline constexpr const char AutoSolveTab[] = "AutoSolveTab";
 inline constexpr const char BoardSplitter[] = "BoardSplitter";
@@ -19,6 +20,7 @@ inline constexpr const char BoxMissingCount_N[] = "BoxMissingCount_%1";
 inline constexpr const char BoxMissingCountCaption[] = "BoxMissingCountCaption";
 inline constexpr const char CellChoice[] = "CellChoice";
 inline constexpr const char CellHint[] = "CellHint";
+inline constexpr const char CheckNotes[] = "CheckNotes";
 inline constexpr const char NextStep[] = "NextStep";
 inline constexpr const char Check3[] = "Check3";
 inline constexpr const char ClearCommand[] = "ClearCommand";
@@ -33,9 +35,11 @@ inline constexpr const char EditCommand[] = "EditCommand";
 inline constexpr const char EventLogx[] = "EventLogx";
 inline constexpr const char Explanation[] = "Explanation";
 inline constexpr const char FileNow[] = "FileNow";
+inline constexpr const char FillNotes[] = "FillNotes";
 inline constexpr const char Form1[] = "Form1";
 inline constexpr const char Form2[] = "Form2";
 inline constexpr const char Form3[] = "Form3";
+inline constexpr const char GameClock[] = "GameClock";
 inline constexpr const char GetHint_N[] = "GetHint_%1";
 // The puzzle frame's verdict on the puzzle's givens: "One solution", "Several
 // solutions" or "No solution", and the grade; named for the tests that read them.
@@ -53,6 +57,7 @@ inline constexpr const char ManualInstructions[] = "ManualInstructions";
 inline constexpr const char ManualPage[] = "ManualPage";
 inline constexpr const char MesLab[] = "MesLab";
 inline constexpr const char mnuAbout[] = "mnuAbout";
+inline constexpr const char mnuClearNotesOnPlace[] = "mnuClearNotesOnPlace";
 inline constexpr const char mnuChoices[] = "mnuChoices";
 inline constexpr const char mnuColx[] = "mnuColx";
 inline constexpr const char mnuColx_N[] = "mnuColx_%1";
@@ -68,7 +73,9 @@ inline constexpr const char mnuHelp[] = "mnuHelp";
 inline constexpr const char mnuHelpContents[] = "mnuHelpContents";
 inline constexpr const char mnuNewCollection[] = "mnuNewCollection";
 inline constexpr const char mnuOpen[] = "mnuOpen";
+inline constexpr const char mnuOpenGame[] = "mnuOpenGame";
 inline constexpr const char mnuRecent[] = "mnuRecent";
+inline constexpr const char mnuRedo[] = "mnuRedo";
 inline constexpr const char mnuRecent_N[] = "mnuRecent_%1";
 inline constexpr const char mnuSaveLog[] = "mnuSaveLog";
 inline constexpr const char mnuOptions[] = "mnuOptions";
@@ -81,12 +88,18 @@ inline constexpr const char mnuPrPuz2File[] = "mnuPrPuz2File";
 inline constexpr const char mnuRules[] = "mnuRules";
 inline constexpr const char mnuAttemptLimit[] = "mnuAttemptLimit";
 inline constexpr const char mnuSave2InFile[] = "mnuSave2InFile";
+inline constexpr const char mnuSaveGame[] = "mnuSaveGame";
+inline constexpr const char mnuShowClock[] = "mnuShowClock";
 /// The File menu's exports, one per export format, %1 its extension:
 /// mnusavecsv, mnusavetxt, mnusavexls, mnusaveods.
 inline constexpr const char mnusave_N[] = "mnusave%1";
 inline constexpr const char mnuTechniques[] = "mnuTechniques";
+inline constexpr const char mnuTellWrongMoves[] = "mnuTellWrongMoves";
+inline constexpr const char mnuUndo[] = "mnuUndo";
 inline constexpr const char NavButton_N[] = "NavButton_%1";
 inline constexpr const char NextStepCommand[] = "NextStepCommand";
+inline constexpr const char NotesMode[] = "NotesMode";
+inline constexpr const char Nudge[] = "Nudge";
 inline constexpr const char NumCreate[] = "NumCreate";
 inline constexpr const char PauseCheck[] = "PauseCheck";
 inline constexpr const char pb1[] = "pb1";

@@ -6,10 +6,12 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <cstdio>
 #include <iostream>
 
 #include "create/Creation.h"
 #include "model/Configuration.h"
+#include "model/CpuLevel.h"
 #include "model/Folders.h"
 #include "model/Session.h"
 #include "model/Startup.h"
@@ -83,6 +85,10 @@ tessaly::Folders folders(std::string& dataFolder) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const std::string missing = tessaly::missingCpuFeatures("tessaly"); !missing.empty()) {
+    std::fputs(missing.c_str(), stderr);
+    return 1;
+  }
   // What only prints needs no window and no display.
   if (argc == 2) {
     const std::string option = argv[1];
@@ -122,10 +128,15 @@ int main(int argc, char** argv) {
   // named here only: set for the application, it would move the configuration
   // folder the core reads.
   if (!screenshot) window.rememberLayoutIn(std::make_unique<QSettings>("Tessaly", "Tessaly"));
+  // The game of the ManualSolve tab is kept when the window closes.
+  window.keepGameInProgress(!screenshot);
   window.startUp(dataFolder);
-  // tessaly FILE: that collection instead of the remembered one.
-  if (args.size() == 2 && !args[1].startsWith("--")) window.openCollectionFile(args[1].toStdString());
+  // tessaly FILE: that collection instead of the remembered one; otherwise the
+  // game kept last time is offered.
+  const bool fileGiven = args.size() == 2 && !args[1].startsWith("--");
+  if (fileGiven) window.openCollectionFile(args[1].toStdString());
   window.show();
+  if (!fileGiven && !screenshot) window.offerSavedGame();
   if (screenshot)
     tessaly::scheduleScreenshot(window, session, args[2].toStdString(), args[3].toStdString(),
                                 args.size() == 5 ? args[4].toStdString() : std::string());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <string>
 
 #include "solver/Grader.h"
@@ -33,6 +34,21 @@ TEST(SolutionCounter, CountsNoneOneOrTwoAndStopsAtTheLimit) {
       {kSinglesOnly + "99", 2, 1}};                                 // beyond the 81st: ignored
   for (const auto& [puzzle, limit, expected] : cases)
     EXPECT_EQ(countSolutions(puzzle, limit), expected) << puzzle << " limit " << limit;
+}
+
+TEST(SolutionCounter, SameCountsAndSolutionsAsRecorded) {
+  std::ifstream in(std::string(TESSALY_TEST_DATA_DIR) + "/solver/counts.txt");
+  int cases = 0;
+  for (std::string line; std::getline(in, line); ++cases) {
+    const std::string puzzle = line.substr(0, 81);
+    const int expected = line[82] - '0';
+    std::string solution;
+    EXPECT_EQ(countSolutions(puzzle, 3, &solution), expected) << puzzle;
+    if (expected == 1) {
+      EXPECT_EQ(solution, line.substr(84)) << puzzle;
+    }
+  }
+  EXPECT_EQ(cases, 905);
 }
 
 TEST(SolutionCounter, GivesTheSolutionItFinds) {

@@ -48,6 +48,25 @@ class EventRecorder {
 
 using AccessibilityTest = WindowFixture;
 
+TEST(CellNameTest, ACellSaysWhereItIsAndWhatItHolds) {
+  struct Case {
+    int index;
+    BoardView::CellState state;
+    const char* name;
+  };
+  const Case cases[] = {
+      {0, {7, true, "", ""}, "Row 1, column 1: 7, given"},
+      {22, {7, false, "", ""}, "Row 3, column 5: 7"},
+      {22, {0, false, "147", ""}, "Row 3, column 5: empty, choices 1 4 7"},
+      {80, {0, false, "", ""}, "Row 9, column 9: empty"},
+      {80, {0, false, "29", "9"}, "Row 9, column 9: empty, choices 2 9, notes 9"},
+      {9, {5, false, "", "58"}, "Row 2, column 1: 5"},  // the notes go with a value
+  };
+  for (const Case& c : cases) EXPECT_EQ(spokenCellName(c.index, c.state).toStdString(), c.name);
+  EXPECT_EQ(spokenBoxCount(3, "1").toStdString(), "Box 4: 1 digit missing");
+  EXPECT_EQ(spokenBoxCount(3, "").toStdString(), "Box 4");
+}
+
 // Puzzle 1 of pe96 starts "..3.2.6..": cell 1 has the choices 4 and 5.
 TEST_F(AccessibilityTest, TheBoardAndTheChoicesAreTablesOfNamedCells) {
   start(1);

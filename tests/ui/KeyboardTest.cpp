@@ -77,8 +77,8 @@ TEST_F(KeyboardTest, TheTabKeyReachesEveryControlOfEveryTabInReadingOrder) {
        {"TotBlanks", "Distribution_0", "UniqueCheck",
         "TargetGradeBox", "CreateCommand", "SaveNewCommand", "NumCreate", "AutoSaveCommand"}},
       {Tab::ManualSolve,
-       {"LogManual", "UndoManual", "ClearManual", "GetHint_0", "GetHint_1", "GetHint_2", "GetHint_3", "GetHint_4",
-        "GetHint_5", "GetHint_6", "CellHint", "NextStep", "Hints", "Explanation"}},
+       {"LogManual", "UndoManual", "ClearManual", "NotesMode", "FillNotes", "CheckNotes", "GetHint_0", "GetHint_1", "GetHint_2", "GetHint_3", "GetHint_4",
+        "GetHint_5", "GetHint_6", "CellHint", "NextStep", "Nudge", "Hints", "Explanation"}},
   };
   for (const Case& c : cases) {
     selectTab(c.tab);

@@ -1,18 +1,24 @@
-// A monkey on the window: from a fixed seed, thousands of random user actions (buttons, tabs, clicks and keys on
+// A monkey on the window: from a seed, thousands of random user actions (buttons, tabs, clicks and keys on
 // the board, text boxes, menus, shortcuts, lists, the event log, entry dialogs, drop-downs) at rest, at pause
-// points and while Solve or a creation runs; after each, the window must still agree with the session.
-// TESSALY_MONKEY_ACTIONS and TESSALY_MONKEY_SEED change the count and the seed; TESSALY_MONKEY_TRACE=1 prints each
+// points and while Solve or a creation runs; after each, the window must still agree with the session. Every message
+// the program shows is read (none empty, none with a placeholder left in it or a count of nothing) and counted by its
+// text; a collection saved into must read back with the puzzle just saved under the last of consecutive numbers,
+// and PuzTemp.sud must hold whole records. The seed differs from run to run and is printed first;
+// TESSALY_MONKEY_SEED replays one, TESSALY_MONKEY_ACTIONS changes the count; TESSALY_MONKEY_TRACE=1 prints each
 // action. An action during a run comes at a yield counted from the run's start, so a seed replays the same run.
 
 #include <QPrinter>
 #include <deque>
 #include <iostream>
 #include <cstdlib>
+#include <map>
 #include <random>
+#include <regex>
 #include <sstream>
 
 #include "create/EntryDialogs.h"
 #include "create/Creation.h"
+#include "model/CollectionFile.h"
 #include "model/Interfaces.h"
 #include "solver/BoardHistory.h"
 #include "solver/Narrator.h"
@@ -28,7 +34,6 @@ namespace {
 using Rng = std::mt19937;
 
 constexpr long long kDefaultActions = 5000;
-constexpr unsigned kDefaultSeed = 20240601;
 constexpr std::size_t kHistory = 20;      ///< actions kept for the report of a failure
 constexpr int kDialogSteps = 5;           ///< steps in one entry dialog before it is cancelled
 constexpr int kMnemonicClickMs = 150;     ///< a mnemonic's animated click of its button
@@ -84,7 +89,10 @@ class MonkeyUserInterface : public UserInterface {
  public:
   MonkeyUserInterface(Rng*& rng, std::string folder) : m_rng(rng), m_folder(std::move(folder)) {}
 
-  void message(const std::string&) override { ++messages; }
+  void message(const std::string& text) override {
+    ++messages;
+    if (heard) heard(text);
+  }
   bool question(const std::string&) override { return ++questions, chance(*m_rng, 0.5); }
   std::optional<std::string> textInput(const std::string&, const std::string&, const std::string&) override {
     if (++m_promptsInAction > kPromptsPerAction) return std::nullopt;
@@ -128,6 +136,7 @@ class MonkeyUserInterface : public UserInterface {
 
   int messages = 0, questions = 0;
   bool busy = false;
+  std::function<void(const std::string&)> heard;  ///< reads every message as it is shown
 
  private:
   std::string written(const std::string& name, const std::string& text) {
@@ -170,7 +179,11 @@ class MonkeyTest : public ::testing::Test {
   enum class Moment { Rest, Waiting, Running };
 
   void SetUp() override {
-    seed = unsigned(environmentNumber("TESSALY_MONKEY_SEED", kDefaultSeed));
+    // A new seed each run, printed first, so that a failure can be replayed.
+    seed = qEnvironmentVariableIsSet("TESSALY_MONKEY_SEED") ? unsigned(environmentNumber("TESSALY_MONKEY_SEED", 0))
+                                                            : std::random_device{}();
+    std::cout << "monkey: seed " << seed << " (TESSALY_MONKEY_SEED=" << seed << " replays it)\n";
+    ui.heard = [this](const std::string& text) { heard(text); };
     actions = environmentNumber("TESSALY_MONKEY_ACTIONS", kDefaultActions);
     trace = environmentNumber("TESSALY_MONKEY_TRACE", 0) != 0;
     m_main.seed(seed);
@@ -226,6 +239,10 @@ class MonkeyTest : public ::testing::Test {
               << " drop-down answers, " << m_starts - 1 << " restarts, " << m_rescues << " dialogs rescued, "
               << ui.messages << " messages, " << ui.questions << " questions, largest log " << m_largestLog
               << " lines\n";
+    std::vector<std::pair<int, std::string>> counted;
+    for (const auto& [text, count] : m_messageCounts) counted.emplace_back(-count, text);
+    std::sort(counted.begin(), counted.end());
+    for (const auto& [count, text] : counted) std::cout << "monkey: " << -count << " x '" << text << "'\n";
   }
 
   void tick() {
@@ -606,6 +623,7 @@ class MonkeyTest : public ::testing::Test {
       return fail("the log view shows " + std::to_string(window->eventLogView()->TotalLines()) + " lines of " +
                   std::to_string(lines));
     if (ui.busy) return fail("the busy pointer is still on at rest");
+    checkTempCollection();
     if (const std::string wrong = wordsDifference(); !wrong.empty()) return fail(wrong);
   }
 
@@ -662,6 +680,87 @@ class MonkeyTest : public ::testing::Test {
     return {};
   }
 
+  // --- the messages and the files saved into
+
+  /// A message as it is counted: the scratch folder and every number left out, line breaks shown as "\n".
+  std::string messageKind(const std::string& text) const {
+    std::string kind;
+    const std::string folder = appDir();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      if (text.compare(i, folder.size(), folder) == 0) {
+        kind += "<folder>/";
+        i += folder.size() - 1;
+      } else if (text[i] >= '0' && text[i] <= '9') {
+        if (kind.empty() || kind.back() != 'N') kind += 'N';
+      } else if (text[i] == '\n') {
+        kind += "\\n";
+      } else {
+        kind += text[i];
+      }
+    }
+    return kind;
+  }
+
+  void heard(const std::string& text) {
+    ++m_messageCounts[messageKind(text)];
+    static const std::regex placeholder(R"(%[1-9sd]|\{[0-9]*\}|\$\{)");
+    static const std::regex nothingOfNothing(R"((^|[^0-9])0 of 0([^0-9]|$))");
+    static const std::regex noPath(R"(file: ?$)");
+    static const std::regex added(R"(^Puzzle# ?(-?[0-9]+) added to file: (.*)$)");
+    static const std::regex batchAdded(R"(^.* puzzles added to file: (.*)$)");
+    std::smatch match;
+    if (text.find_first_not_of(" \t\r\n") == std::string::npos) return fail("an empty message");
+    if (std::regex_search(text, placeholder)) return fail("a message with a placeholder left in it: '" + text + "'");
+    if (std::regex_search(text, nothingOfNothing)) return fail("a message counting nothing: '" + text + "'");
+    if (std::regex_search(text, noPath)) return fail("a message naming no file: '" + text + "'");
+    if (std::regex_match(text, match, added)) return checkSaved(match[2], std::stoi(match[1]), true);
+    if (std::regex_match(text, match, batchAdded)) return checkSaved(match[1], session->collection.TotalPuzzles, false);
+  }
+
+  /// A collection just saved into holds `count` puzzles, numbered 1 to count once each (unless the monkey wrote
+  /// its headers itself), and, after a single save, the board's givens as the last one.
+  void checkSaved(const std::string& path, int count, bool boardIsLast) {
+    const std::string what = "after saving into " + fileNamePart(path) + ": ";
+    if (!boardIsLast && count == 0) return;  // a batch of none into a new collection: nothing written
+    if (count < 1) return fail(what + "the puzzle number " + std::to_string(count));
+    if (scanCollection(path).form != CollectionForm::Numbered) return fail(what + "not a numbered collection");
+    if (const int counted = countPuzzles(path); counted != count)
+      return fail(what + std::to_string(counted) + " puzzles, the message tells " + std::to_string(count));
+    std::vector<std::string> headers, numbers;
+    for (const std::string& line : splitLines(test::readFile(path)))
+      if (!line.empty() && line[0] == '#') headers.push_back(line);
+    for (int n = 1; n <= count; ++n) numbers.push_back("#" + std::to_string(n));
+    if (fileNamePart(path) != "garbage.sud" && headers != numbers)
+      return fail(what + "the puzzles are not numbered 1 to " + std::to_string(count) + " once each");
+    if (!boardIsLast) return;
+    const PuzzleRowsRead read = readPuzzleRows(path, count);
+    std::string cells;
+    for (const std::string& row : read.rows) cells += row;
+    std::string givens = givensText(*session);
+    std::replace(givens.begin(), givens.end(), '.', '0');
+    if (read.status != PuzzleRowsRead::Status::Found || cells != givens)
+      return fail(what + "puzzle " + std::to_string(count) + " is not the one saved");
+  }
+
+  /// PuzTemp.sud grows by whole records of created puzzles: "#001" and nine rows.
+  void checkTempCollection() {
+    const std::string text = test::readFile(appDir() + kTempCollectionName);
+    if (text.size() == m_tempSize) return;
+    if (text.size() < m_tempSize) return fail("PuzTemp.sud became shorter");
+    // Each record: "#001" and nine rows of nine cells, every line ended by CR LF.
+    bool whole = (text.size() - m_tempSize) % 105 == 0;
+    for (std::size_t at = m_tempSize; whole && at < text.size(); at += 105) {
+      whole = text.compare(at, 6, "#001\r\n") == 0;
+      for (std::size_t row = 0; whole && row < 9; ++row) {
+        const std::string line = text.substr(at + 6 + row * 11, 11);
+        whole = line.find_first_not_of("123456789.") == 9 && line.compare(9, 2, "\r\n") == 0;
+      }
+    }
+    if (!whole)
+      return fail("PuzTemp.sud grew by something else than whole records");
+    m_tempSize = text.size();
+  }
+
   // --- the record
 
   /// A new numbered action in the record.
@@ -690,7 +789,7 @@ class MonkeyTest : public ::testing::Test {
     ADD_FAILURE() << report.str();
   }
 
-  unsigned seed = kDefaultSeed;
+  unsigned seed = 0;
   long long actions = kDefaultActions;
   bool trace = false;
   test::ScratchFolder m_scratch;  // made before the user interface and the window, gone last
@@ -704,6 +803,8 @@ class MonkeyTest : public ::testing::Test {
   QEventLoop m_loop;
   std::vector<std::string> m_rows;  ///< rows of real puzzles, for typed grids
   std::deque<std::string> m_history;
+  std::map<std::string, int> m_messageCounts;  ///< messages shown, by their text without paths and numbers
+  std::size_t m_tempSize = 0;                  ///< PuzTemp.sud's length at the last check
   std::string m_shownGivens, m_shownStatus;  ///< the board's givens and the status line at the last check at rest
   std::unique_ptr<YieldHook> m_hook;
   QPointer<EntryDialog> m_dialog;
