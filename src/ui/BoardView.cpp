@@ -1,5 +1,7 @@
 #include "ui/BoardView.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -11,6 +13,10 @@
 #include <qdrawutil.h>
 
 #include <algorithm>
+#include <utility>
+
+#include "ui/Accessibility.h"
+#include "ui/Metrics.h"
 
 namespace tessaly {
 
@@ -40,7 +46,31 @@ BoardView::BoardView(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind)
   // The value grid takes the keyboard (the digits and arrows of manual play);
   // the candidate display only answers the pointer.
   setFocusPolicy(kind == Kind::Values ? Qt::StrongFocus : Qt::NoFocus);
+  installAccessibility();
   layOut();
+}
+
+void BoardView::tellAbout(int index, int type) const {
+  if (!accessibilityListens()) return;
+  QAccessibleInterface* view = QAccessible::queryAccessibleInterface(const_cast<BoardView*>(this));
+  QAccessibleInterface* child = view ? view->child(index) : nullptr;
+  if (!child) return;
+  QAccessibleEvent event(child, QAccessible::Event(type));
+  tessaly::tellAccessibility(event);
+}
+
+void BoardView::setCellState(int index, const CellState& state) {
+  CellState& known = m_states.at(std::size_t(index));
+  if (known == state) return;
+  known = state;
+  tellAbout(index, QAccessible::NameChanged);
+}
+
+void BoardView::setCurrentCell(int index) {
+  if (index < 0 || index >= int(m_cells.size())) return;
+  ++m_currentMoves;
+  if (std::exchange(m_current, index) == index) return;
+  if (hasFocus()) tellAbout(index, QAccessible::Focus);
 }
 
 void BoardView::setCell(int index, const Look& look) {
@@ -66,12 +96,19 @@ void BoardView::setCount(int box, const QString& text) {
   if (shown == text) return;
   shown = text;
   changed(m_countRects[std::size_t(box)]);
+  tellAbout(int(m_cells.size()) + box, QAccessible::NameChanged);
 }
 
 void BoardView::setHorizontalAlignment(Qt::Alignment alignment) {
   m_alignment = alignment & Qt::AlignHorizontal_Mask;
   layOut();
   update();
+}
+
+void BoardView::setTextScale(double scale) {
+  m_textScale = scale;
+  // At its own size the view inherits its font, as every widget does.
+  setFont(scale == 1.0 ? QFont() : scaledFont(QApplication::font(this), scale));
 }
 
 void BoardView::setFrameColour(const QColor& colour) {
@@ -326,6 +363,7 @@ void BoardView::mouseReleaseEvent(QMouseEvent* event) {
   const int pressed = std::exchange(m_pressed, -1);
   const int pressedBox = std::exchange(m_pressedBox, -1);
   event->accept();
+  if (pressed >= 0 && m_kind == Kind::Values) setCurrentCell(pressed);
   if (pressed >= 0)
     emit cellReleased(pressed, event->button());
   else if (pressedBox >= 0 && boxFrameAt(event->position().toPoint()) == pressedBox)
@@ -361,12 +399,27 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
 
 void BoardView::keyReleaseEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return QWidget::keyReleaseEvent(event);
-  if (!event->isAutoRepeat()) emit keyReleased(event->key(), event->modifiers());
   event->accept();
+  if (event->isAutoRepeat()) return;
+  const int moves = m_currentMoves;
+  emit keyReleased(event->key(), event->modifiers());
+  // Whoever heard the key did not move the current cell: the arrows move it
+  // here, so that a screen reader can walk the board on every tab.
+  if (m_currentMoves != moves) return;
+  const int row = m_current / 9, col = m_current % 9;
+  switch (event->key()) {
+    case Qt::Key_Left: setCurrentCell(row * 9 + std::max(0, col - 1)); break;
+    case Qt::Key_Right: setCurrentCell(row * 9 + std::min(8, col + 1)); break;
+    case Qt::Key_Up: setCurrentCell(std::max(0, row - 1) * 9 + col); break;
+    case Qt::Key_Down: setCurrentCell(std::min(8, row + 1) * 9 + col); break;
+    default: break;
+  }
 }
 
 void BoardView::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
+  // The board took the focus; the cell in it is what a screen reader reads.
+  tellAbout(m_current, QAccessible::Focus);
   update(m_boardRect);
 }
 

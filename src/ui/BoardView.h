@@ -46,6 +46,16 @@ class BoardView : public QWidget {
     }
   };
 
+  /// What a cell holds, for those who hear the board rather than see it: its
+  /// accessible name is made from this (spokenCellName in Accessibility.h).
+  struct CellState {
+    int value = 0;  ///< 0 for an empty cell
+    bool given = false;
+    QString choices;  ///< the candidate digits, "147"
+    QString notes;    ///< the player's notes in an empty cell, "28"
+    friend bool operator==(const CellState&, const CellState&) = default;
+  };
+
   static constexpr const char* kBoxCountHint = "The total number of choices in a box are shown on the right hand side";
 
   explicit BoardView(Kind kind, QWidget* parent = nullptr);
@@ -67,6 +77,14 @@ class BoardView : public QWidget {
     BoardView& m_view;
   };
   const Look& cell(int index) const { return m_cells.at(std::size_t(index)); }
+  /// Sets what cell 0..80 holds; assistive technology hears of a change.
+  void setCellState(int index, const CellState& state);
+  const CellState& cellState(int index) const { return m_states.at(std::size_t(index)); }
+  /// The cell 0..80 a keyboard user is on: the accessible focus while the view
+  /// has the keyboard. The arrow keys move it unless whoever hears keyReleased
+  /// sets it meanwhile (manual play moves its selection and sets it so).
+  void setCurrentCell(int index);
+  int currentCell() const { return m_current; }
   /// Sets the count beside box 0..8 (candidate display only).
   void setCount(int box, const QString& text);
   const QString& count(int box) const { return m_counts.at(std::size_t(box)); }
@@ -87,6 +105,11 @@ class BoardView : public QWidget {
 
   /// Which side of the widget the board keeps to when the widget is wider than it.
   void setHorizontalAlignment(Qt::Alignment alignment);
+
+  /// The text of the board at `scale` times the application font's size (which
+  /// sets the least size of a cell); set again when the application font changes.
+  void setTextScale(double scale);
+  double textScale() const { return m_textScale; }
 
   /// A frame drawn around the whole board in this colour; invalid for none.
   void setFrameColour(const QColor& colour);
@@ -134,10 +157,16 @@ class BoardView : public QWidget {
   void drawNotes(QPainter& painter, const QRect& rect, const Look& look) const;
   /// Repaints that part now, or when the last Batch ends.
   void changed(const QRect& rect);
+  /// Tells assistive technology about child `index` of the view (cells 0..80,
+  /// then the box counts), when any listens.
+  void tellAbout(int index, int type) const;
 
   Kind m_kind;
   Qt::Alignment m_alignment = Qt::AlignHCenter;
   std::array<Look, 81> m_cells{};
+  std::array<CellState, 81> m_states{};
+  int m_current = 0;
+  int m_currentMoves = 0;  ///< setCurrentCell calls, to tell whether keyReleased moved the cell
   std::array<QString, 9> m_counts{};
   std::array<QRect, 81> m_cellRects{};
   std::array<QRect, 9> m_countRects{};
@@ -157,6 +186,7 @@ class BoardView : public QWidget {
   int m_batches = 0;  ///< open Batches
   QRect m_changed;    ///< what changed while a Batch was open
   QColor m_frameColour;
+  double m_textScale = 1.0;
 };
 
 }  // namespace tessaly

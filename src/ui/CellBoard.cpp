@@ -16,9 +16,6 @@ namespace tessaly {
 
 namespace {
 
-/// The value cells' own background, kept for every cell that is not a given.
-const QColor kValueBoxBack(255, 255, 255);
-
 bool isCell(int cell) { return cell >= 1 && cell <= kCells; }
 
 /// The colours of play: the player's notes, the shades of a cell while playing
@@ -61,6 +58,7 @@ CellBoard::CellBoard(const Session& session, const ColourScheme& scheme, QWidget
   m_grid->setObjectName(names::Grid);
   // The two boards keep together in the middle when the window is wider than they need.
   m_grid->setHorizontalAlignment(Qt::AlignRight);
+  m_grid->setAccessibleName("Board");
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   // Shares of the width in proportion to what each board needs for the same
@@ -85,6 +83,8 @@ QGroupBox* CellBoard::createCandidateDisplay() {
   m_candidateView = new BoardView(BoardView::Kind::Candidates, m_candidates);
   m_candidateView->setObjectName(names::PosVals);
   m_candidateView->setHorizontalAlignment(Qt::AlignLeft);
+  m_candidateView->setAccessibleName("Choices for cells");
+  m_candidateView->setAccessibleDescription(BoardView::kBoxCountHint);
   auto* hint = new QLabel(BoardView::kBoxCountHint, m_candidates);
   hint->setObjectName(names::BoxMissingCountCaption);
   hint->setWordWrap(true);
@@ -179,7 +179,7 @@ CellBoard::Colours CellBoard::valueBoxColours(const PuzzleGrid& grid, const Boar
   const ColourScheme& s = m_scheme;
   const Cell& c = grid[cell];
   const Colours ordinary = c.given ? Colours{{}, qcolor(s.givenBack), qcolor(s.givenText)}
-                                   : Colours{{}, kValueBoxBack, qcolor(s.candidateText)};
+                                   : Colours{{}, qcolor(s.valueBack), qcolor(s.candidateText)};
   if (const Colours& overlay = m_overlays[std::size_t(cell - 1)]; overlays && overlay.back.isValid())
     return {{}, overlay.back, overlay.fore.isValid() ? overlay.fore : ordinary.fore};
   if (overlays)
@@ -261,6 +261,9 @@ void CellBoard::draw(const PuzzleGrid& grid, const std::array<int, 9>& boxMissin
     Colours candidates = candidateColours(grid, marks, cell);
     candidates.text = QString::fromStdString(c.candidates.text());
     m_candidateView->setCell(cell - 1, candidates);
+    const BoardView::CellState state{c.value, c.given, candidates.text, value.notes};
+    m_grid->setCellState(cell - 1, state);
+    m_candidateView->setCellState(cell - 1, state);
   }
   const bool anyValue = grid.filledCount() > 0;
   for (int box = 1; box <= GridSize; ++box)

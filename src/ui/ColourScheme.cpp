@@ -1,5 +1,9 @@
 #include "ui/ColourScheme.h"
 
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+
 #include "model/FileUtil.h"
 #include "model/Session.h"
 #include "model/Text.h"
@@ -25,7 +29,8 @@ bool ColourScheme::load(Session& session, const std::string& name) {
 }
 
 void ColourScheme::useDefaults() {
-  m_fromFile = false;
+  m_fromFile = m_fromDesktop = false;
+  valueBack = rgb(255, 255, 255);
   m_entries = Entries{};
   candidateBack = rgb(240, 240, 240);
   candidateText = rgb(1, 1, 1);
@@ -47,6 +52,7 @@ void ColourScheme::useDefaults() {
 }
 
 void ColourScheme::useEntries(const Entries& entries) {
+  useDefaults();
   m_fromFile = true;
   m_entries = entries;
   // Entries 0 and 13 are never filled from a file: whatever takes them is black.
@@ -73,6 +79,54 @@ void ColourScheme::useEntries(const Entries& entries) {
   puzzleFrameBack = e(8);
   candidateFrameBack = e(10);
   statusBack = e(12);
+}
+
+double contrastRatio(const Rgb& a, const Rgb& b) {
+  const auto luminance = [](const Rgb& c) {
+    const auto linear = [](int channel) {
+      const double v = channel / 255.0;
+      return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
+  };
+  const double la = luminance(a), lb = luminance(b);
+  return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+namespace {
+
+/// The first of the colours that reads on `back` (4.5:1), else the one that reads best.
+Rgb readableOn(const Rgb& back, std::initializer_list<Rgb> texts) {
+  constexpr double kReadable = 4.5;
+  Rgb best = *texts.begin();
+  for (const Rgb& text : texts) {
+    if (contrastRatio(text, back) >= kReadable) return text;
+    if (contrastRatio(text, back) > contrastRatio(best, back)) best = text;
+  }
+  return best;
+}
+
+/// The colour `share` (0..1) of the way from `from` to `to`.
+Rgb blend(const Rgb& from, const Rgb& to, double share) {
+  const auto mix = [share](int a, int b) { return int(a + (b - a) * share + 0.5); };
+  return rgb(mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue));
+}
+
+}  // namespace
+
+void ColourScheme::useDesktop(const DesktopColours& desktop) {
+  useDefaults();
+  m_fromDesktop = true;
+  candidateBack = valueBack = desktop.base;
+  candidateText = givenText = desktop.text;
+  // Givens stand a quarter of the way towards the text colour: set apart from
+  // the other cells and still far from their text.
+  givenBack = blend(desktop.base, desktop.text, 0.25);
+  // A palette's own highlighted text may read poorly on its highlight.
+  colour[8] = readableOn(desktop.highlight, {desktop.highlightedText, desktop.text, rgb(0, 0, 0), rgb(255, 255, 255)});
+  colour[12] = colour[13] = desktop.highlight;
+  colour[9] = colour[11] = blend(desktop.base, desktop.highlight, 0.3);
+  windowBack = solutionsBack = puzzleFrameBack = candidateFrameBack = statusBack = desktop.window;
 }
 
 }  // namespace tessaly

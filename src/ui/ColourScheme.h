@@ -17,17 +17,28 @@ namespace tessaly {
 
 class Session;
 
+/// The contrast ratio of two colours, 1 to 21, as the web's accessibility
+/// guidelines define it (from their relative luminance).
+double contrastRatio(const Rgb& a, const Rgb& b);
+
 class ColourScheme {
  public:
   static constexpr int kEntries = kSchemeEntries;
   static constexpr int kFileLines = kSchemeFileLines;
   using Entries = SchemeEntries;
 
-  /// The files of the colour menu `mnuColx`, entry 0 to 17.
-  static constexpr std::array<const char*, 18> kMenuFiles = {
+  /// The files of the colour menu `mnuColx`, entry 0 to 18 (the high-contrast
+  /// scheme came last, so the others keep their entries).
+  static constexpr std::array<const char*, 19> kMenuFiles = {
       "bandw.sch", "brick.sch",  "Default.sch", "dessert.sch", "egg.sch",    "lilac.sch",
       "maple.sch", "marine.sch", "plum.sch",    "pumpkin.sch", "rain.sch",   "rose.sch",
-      "slate.sch", "spruce.sch", "storm.sch",   "teal.sch",    "wheat.sch",  "WinClass.sch"};
+      "slate.sch", "spruce.sch", "storm.sch",   "teal.sch",    "wheat.sch",  "WinClass.sch",
+      "highcontrast.sch"};
+
+  /// The colours of the desktop's palette that "Follow the desktop" takes.
+  struct DesktopColours {
+    Rgb window, windowText, base, text, highlight, highlightedText;
+  };
 
   /// The default light and dark colours, used where no scheme value applies.
   static constexpr Rgb kLight{250, 250, 250};
@@ -51,9 +62,15 @@ class ColourScheme {
   void useDefaults();
   /// The program colour values taken from scheme entries.
   void useEntries(const Entries& entries);
+  /// The program colour values taken from the desktop's palette, light or dark:
+  /// the cells in its base and text colours, the frames in its window colour,
+  /// the selection in its highlight; the solver's marks keep the default colours.
+  void useDesktop(const DesktopColours& desktop);
 
   /// True while the colours come from a scheme file.
   bool fromFile() const { return m_fromFile; }
+  /// True while the colours come from the desktop.
+  bool fromDesktop() const { return m_fromDesktop; }
   const Entries& entries() const { return m_entries; }
 
   // --- the program colour values
@@ -65,6 +82,7 @@ class ColourScheme {
   std::array<Rgb, 15> colour{};
   Rgb highlightGreen;
   Rgb highlightRed;
+  Rgb valueBack;  ///< the value boxes that hold no given
 
   // --- frames painted directly by scheme entries 1, 6, 8, 10 and 12; the light
   // colour while no scheme is applied
@@ -77,6 +95,7 @@ class ColourScheme {
  private:
   Entries m_entries{};
   bool m_fromFile = false;
+  bool m_fromDesktop = false;
 };
 
 }  // namespace tessaly

@@ -140,6 +140,9 @@ CreatePage::CreatePage(Session& session, CommandHost& host, UserInterface& ui, Q
   layout->addWidget(m_numCreate, 6, 1);
   layout->addWidget(m_autoSave, 7, 0, 1, 2);
   layout->setRowStretch(8, 1);
+  // The Tab key follows the rows.
+  setTabOrder(m_saveNew, m_numCreate);
+  setTabOrder(m_numCreate, m_autoSave);
 
   connect(m_create, &QPushButton::clicked, this, &CreatePage::createCommand);
   // Saving answers the release of a mouse button over the button.

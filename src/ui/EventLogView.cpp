@@ -1,5 +1,6 @@
 #include "ui/EventLogView.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -14,7 +15,9 @@
 
 #include "model/EventLog.h"
 #include "model/Text.h"
+#include "ui/Accessibility.h"
 #include "ui/FlatScrollBarStyle.h"
+#include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
 
 namespace tessaly {
@@ -27,7 +30,7 @@ constexpr int kMargin = 4;  ///< pixels left of the text
 
 EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScrollArea(parent), m_log(log) {
   setObjectName(names::EventLogx);
-  setFont(QFont("Arial", 10));
+  setTextScale(1.0);
   setFocusPolicy(Qt::StrongFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -40,7 +43,16 @@ EventLogView::EventLogView(const EventLog& log, QWidget* parent) : QAbstractScro
   auto* flat = new FlatScrollBarStyle;
   flat->setParent(this);  // a widget does not own the style it is given
   verticalScrollBar()->setStyle(flat);
+  setAccessibleName("Event log");
+  installAccessibility();
   measureFont();
+}
+
+void EventLogView::setTextScale(double scale) {
+  m_textScale = scale;
+  QFont font("Arial");
+  font.setPointSizeF(QApplication::font().pointSizeF() > 0 ? QApplication::font().pointSizeF() : 10.0);
+  setFont(scaledFont(font, scale));
 }
 
 void EventLogView::measureFont() {
@@ -70,18 +82,56 @@ void EventLogView::syncWithLog(bool verify) {
   for (int n = 1; verify && !restart && n < known; ++n) restart = m_lines[std::size_t(n - 1)] != m_log.line(n);
   if (restart) clearView();
   if (!restart && total == known) return;
-  for (int n = TotalLines() + 1; n <= total; ++n) appendLine(m_log.line(n));
+  const int first = TotalLines() + 1, position = m_characters;
+  for (int n = first; n <= total; ++n) appendLine(m_log.line(n));
   updateScrollRange(true);
   viewport()->update();
+  if (!accessibilityListens()) return;
+  if (restart) {
+    QAccessibleEvent reorder(this, QAccessible::ObjectReorder);
+    tellAccessibility(reorder);
+  }
+  // One event for what this sync brought, however many lines: a stepped run
+  // syncs at each pause, so a screen reader reads a step's lines at once, and
+  // a run without pauses does not flood it.
+  if (first > total) return;
+  QStringList added;
+  for (int n = first; n <= total; ++n) added << lineText(n);
+  const QString inserted = (first > 1 ? QStringLiteral("\n") : QString()) + added.join('\n');
+  QAccessibleTextInsertEvent insert(this, position, inserted);
+  tellAccessibility(insert);
+}
+
+void EventLogView::tellSelection() {
+  if (!accessibilityListens()) return;
+  QAccessibleEvent event(this, QAccessible::SelectionWithin);
+  tellAccessibility(event);
+  if (m_selectionAnchor < 0 || m_selectionAnchor != m_selectionEnd) return;
+  // The line alone: a screen reader reads the line replayed.
+  QAccessibleInterface* log = QAccessible::queryAccessibleInterface(this);
+  if (QAccessibleInterface* line = log ? log->child(m_selectionAnchor) : nullptr) {
+    QAccessibleEvent selected(line, QAccessible::Selection);
+    tellAccessibility(selected);
+  }
+}
+
+bool EventLogView::isLineSelected(int n) const {
+  if (m_selectionAnchor < 0) return false;
+  return n - 1 >= std::min(m_selectionAnchor, m_selectionEnd) && n - 1 <= std::max(m_selectionAnchor, m_selectionEnd);
 }
 
 void EventLogView::clearView() {
   m_lines.clear();
   m_rows.clear();
   m_selectionAnchor = m_selectionEnd = -1;
+  m_characters = 0;
+  ++m_restarts;
 }
 
 void EventLogView::appendLine(const LogLine& line) {
+  if (!m_lines.empty()) ++m_characters;  // the line break before it
+  const bool ascii = std::all_of(line.text.begin(), line.text.end(), [](char c) { return (unsigned char)c < 128; });
+  m_characters += ascii ? int(line.text.size()) : int(QString::fromStdString(line.text).size());
   m_lines.push_back(line);
   wrapLine(int(m_lines.size()) - 1);
 }
@@ -184,6 +234,22 @@ void EventLogView::paintEvent(QPaintEvent*) {
     }
     painter.drawText(kMargin, y + metrics.ascent(), textOf(row.line).mid(row.start, row.length));
   }
+  if (hasFocus()) {
+    // The keyboard is here: the same dashed frame as the board's.
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+  }
+}
+
+void EventLogView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void EventLogView::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
 }
 
 void EventLogView::resizeEvent(QResizeEvent* event) {
@@ -207,6 +273,7 @@ void EventLogView::mousePressEvent(QMouseEvent* event) {
   if (!(event->modifiers() & Qt::ShiftModifier) || m_selectionAnchor < 0) m_selectionAnchor = line;
   m_selectionEnd = line;
   viewport()->update();
+  tellSelection();
   if (line >= 0 && !(event->modifiers() & Qt::ShiftModifier)) emit lineClicked(line + 1);
 }
 
@@ -230,6 +297,7 @@ void EventLogView::selectAll() {
   m_selectionAnchor = 0;
   m_selectionEnd = int(m_lines.size()) - 1;
   viewport()->update();
+  tellSelection();
 }
 
 int EventLogView::firstRow(int index) const {
@@ -240,11 +308,15 @@ int EventLogView::firstRow(int index) const {
 
 void EventLogView::selectLine(int n) {
   if (n < 1 || n > TotalLines()) {
+    const bool had = m_selectionAnchor >= 0;
     m_selectionAnchor = m_selectionEnd = -1;
     viewport()->update();
+    if (had) tellSelection();
     return;
   }
+  const bool same = m_selectionAnchor == n - 1 && m_selectionEnd == n - 1;
   m_selectionAnchor = m_selectionEnd = n - 1;
+  if (!same) tellSelection();
   QScrollBar* bar = verticalScrollBar();
   const int top = firstRow(n - 1), bottom = firstRow(n);
   if (top < bar->value())

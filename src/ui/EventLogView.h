@@ -41,6 +41,11 @@ class EventLogView : public QAbstractScrollArea {
   /// Whole rows that fit on the page.
   int LinesPerPage() const;
 
+  /// The text at `scale` times the application font's size (Arial, as the log
+  /// has always been drawn); set again when the application font changes.
+  void setTextScale(double scale);
+  double textScale() const { return m_textScale; }
+
   /// Selected lines, joined by line breaks.
   QString selectedText() const;
   void selectAll();
@@ -50,6 +55,17 @@ class EventLogView : public QAbstractScrollArea {
   void selectLine(int n);
   /// Where the first row of line n is drawn in the viewport; empty when off screen.
   QRect lineRect(int n) const;
+  /// Whether line n (1-based) is among the selected lines.
+  bool isLineSelected(int n) const;
+  /// The number of the line under a viewport point, 0 when none.
+  int lineNumberAt(const QPoint& point) const { return lineAt(point) + 1; }
+
+  // What assistive technology reads: the lines joined by line breaks.
+  /// Characters in all lines, with one line break between two lines.
+  int characterCount() const { return m_characters; }
+  /// Counts the times the view started over, so that a reader of the lines
+  /// knows whether what it keeps is still the log's.
+  int restarts() const { return m_restarts; }
 
  signals:
   /// A plain left click on line n (1-based).
@@ -68,6 +84,8 @@ class EventLogView : public QAbstractScrollArea {
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   /// The lines are kept as the log's records (also to notice a cleared log);
@@ -82,6 +100,8 @@ class EventLogView : public QAbstractScrollArea {
   };
 
   void clearView();
+  /// Tells assistive technology that the selection (the line replayed) changed.
+  void tellSelection();
   void appendLine(const LogLine& line);
   void wrapLine(int index);
   /// The text of the line with that index.
@@ -106,6 +126,9 @@ class EventLogView : public QAbstractScrollArea {
   /// line would shape it, which costs more than everything else an append does.
   std::array<int, 128> m_asciiAdvance{};
   int m_widestAscii = 0;  ///< the largest of them: a line no wider than that many times its length fits
+  double m_textScale = 1.0;
+  int m_characters = 0;
+  int m_restarts = 0;
   int m_selectionAnchor = -1;  ///< line indexes, -1 when nothing is selected
   int m_selectionEnd = -1;
 };

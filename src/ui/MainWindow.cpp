@@ -1,6 +1,7 @@
 #include "ui/MainWindow.h"
 
 #include <QApplication>
+#include <cmath>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -74,6 +75,9 @@ constexpr const char* kGameInProgressFile = "GameInProgress.tsg";
 /// The collection's full path: Quorrel.cfg keeps only its name, which is
 /// looked for in the program's folder.
 constexpr const char* kCollectionKey = "Files/collection";
+constexpr const char* kDesktopColoursKey = "Colours/followDesktop";
+constexpr const char* kTextZoomKey = "Window/textZoom";
+constexpr double kZoomStep = 1.15;
 constexpr const char* kRecentKey = "Files/recent";
 constexpr int kRecentCount = 8;
 
@@ -107,6 +111,12 @@ MainWindow::MainWindow(Session& session, UserInterface* ui, QWidget* parent) : Q
   m_scroller = new ContentScroller(this);
   m_scroller->setFrameShape(QFrame::NoFrame);
   m_scroller->setWidgetResizable(true);
+  // The scroller is no stop of the Tab key; a control the keyboard reaches
+  // scrolls into view instead.
+  m_scroller->setFocusPolicy(Qt::NoFocus);
+  connect(qApp, &QApplication::focusChanged, m_scroller, [scroller = m_scroller](QWidget*, QWidget* now) {
+    if (now && scroller->widget() && scroller->widget()->isAncestorOf(now)) scroller->ensureWidgetVisible(now, 8, 8);
+  });
   m_scroller->setWidget(createCentralWidget());
   setCentralWidget(m_scroller);
   createMenus();
@@ -244,7 +254,10 @@ void MainWindow::createPages(QStackedWidget* stack) {
   connect(manual, &ManualPage::gameChanged, this, [this] { updateUndoActions(); });
   // A cell selected from the move list, a hint line or the cell hint takes the
   // digits typed next: the grid gets the keyboard.
-  connect(manual, &ManualPage::cellSelected, this, [this] { m_board->grid()->setFocus(Qt::OtherFocusReason); });
+  connect(manual, &ManualPage::cellSelected, this, [this](int cell) {
+    m_board->grid()->setCurrentCell(cell - 1);
+    m_board->grid()->setFocus(Qt::OtherFocusReason);
+  });
   m_pages = {m_autoSolve, new CreatePage(m_session, *this, m_session.ui(), stack), manual};
   for (TabPage* page : m_pages) stack->addWidget(page);
 }
@@ -422,6 +435,8 @@ void MainWindow::rememberLayoutIn(std::unique_ptr<QSettings> settings) {
   for (std::size_t i = 0; i < m_pageWidths.size() && i < std::size_t(widths.size()); ++i)
     m_pageWidths[i] = std::max(0, widths[qsizetype(i)].toInt());
   m_techniquesAction->setChecked(m_settings->value(kTechniquesKey, false).toBool());
+  m_followDesktop = m_settings->value(kDesktopColoursKey, false).toBool();
+  setTextZoom(m_settings->value(kTextZoomKey, 0).toInt());
   m_clearNotesAction->setChecked(m_settings->value(kClearNotesKey, true).toBool());
   m_tellWrongAction->setChecked(m_settings->value(kTellWrongKey, false).toBool());
   m_clockAction->setChecked(m_settings->value(kClockKey, false).toBool());
@@ -723,11 +738,53 @@ void MainWindow::openFile() {
 // --- colours
 
 void MainWindow::applyScheme(const std::string& name) {
+  // The configuration names no scheme while the window follows the desktop.
+  if (m_followDesktop && name.empty()) return applyDesktopColours();
   m_scheme.load(m_session, name);
   applyColours();
 }
 
+void MainWindow::applyDesktopColours() {
+  const QPalette desktop = QApplication::palette();
+  const auto colour = [&](QPalette::ColorRole role) {
+    const QColor c = desktop.color(QPalette::Active, role);
+    return rgb(c.red(), c.green(), c.blue());
+  };
+  m_scheme.useDesktop({colour(QPalette::Window), colour(QPalette::WindowText), colour(QPalette::Base),
+                       colour(QPalette::Text), colour(QPalette::Highlight), colour(QPalette::HighlightedText)});
+  applyColours();
+}
+
+void MainWindow::followDesktopColours() {
+  m_followDesktop = true;
+  if (m_settings) m_settings->setValue(kDesktopColoursKey, true);
+  m_session.config.ColourSchemeFile.clear();
+  applyDesktopColours();
+  writeConfiguration(m_session);
+}
+
+void MainWindow::setTextZoom(int steps) {
+  m_textZoom = std::clamp(steps, kSmallestZoom, kLargestZoom);
+  const double scale = std::pow(kZoomStep, m_textZoom);
+  m_board->grid()->setTextScale(scale);
+  m_board->candidateView()->setTextScale(scale);
+  m_log->setTextScale(scale);
+  if (m_settings) m_settings->setValue(kTextZoomKey, m_textZoom);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // The desktop switched between light and dark, or to another palette.
+  // The application's font changed (the window has none of its own): the board
+  // and the log follow it at their scale.
+  if (event->type() == QEvent::FontChange) setTextZoom(m_textZoom);
+  const bool palette = event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange;
+  if (palette && m_scheme.fromDesktop()) applyDesktopColours();
+}
+
 void MainWindow::chooseColourScheme(int entry) {
+  m_followDesktop = false;
+  if (m_settings) m_settings->setValue(kDesktopColoursKey, false);
   // An entry outside the menu applies nothing, but the configuration is still written.
   if (entry >= 0 && entry < int(ColourScheme::kMenuFiles.size()))
     applyScheme(ColourScheme::kMenuFiles[std::size_t(entry)]);
@@ -742,6 +799,7 @@ void MainWindow::applyColours() {
   for (std::size_t i = 0; i < m_schemeActions.size(); ++i)
     if (m_schemeActions[i])
       m_schemeActions[i]->setChecked(m_session.config.ColourSchemeFile == ColourScheme::kMenuFiles[i]);
+  if (m_desktopSchemeAction) m_desktopSchemeAction->setChecked(m_scheme.fromDesktop());
   m_board->refreshFromSession();
 }
 

@@ -118,8 +118,18 @@ class MainWindow : public QMainWindow, public CommandHost {
   void openGameFile(const std::string& path);
   /// The Solve command, as the `Solveit` button gives it.
   void solve();
-  /// Applies entry 0..17 of the colour menu and writes the configuration.
+  /// Applies entry 0..18 of the colour menu and writes the configuration.
   void chooseColourScheme(int entry);
+  /// The colour menu's "Follow the desktop": the desktop palette's colours,
+  /// again whenever it changes, until a scheme is chosen (remembered in the
+  /// window's settings; Quorrel.cfg names no scheme meanwhile).
+  void followDesktopColours();
+  /// Options, "Larger text" (Ctrl++), "Smaller text" (Ctrl+-) and "Normal text
+  /// size" (Ctrl+0): the board's and the log's text `steps` steps from the
+  /// application font's size, each step 15% (remembered in the window's settings).
+  void setTextZoom(int steps);
+  int textZoom() const { return m_textZoom; }
+  static constexpr int kSmallestZoom = -4, kLargestZoom = 8;
   /// Options, "Further techniques": the solve and the hints use them too
   /// (remembered in the window's settings).
   void setFurtherTechniques(bool on);
@@ -162,6 +172,7 @@ class MainWindow : public QMainWindow, public CommandHost {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
   /// A puzzle file dropped on the window is opened as File > Open would.
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -206,6 +217,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   void showAbout();
 
   void applyScheme(const std::string& name);
+  /// The desktop palette's colours as a scheme.
+  void applyDesktopColours();
   void applyColours();
   void scheduleRefresh();
   void refresh(bool verifyLog);
@@ -241,6 +254,9 @@ class MainWindow : public QMainWindow, public CommandHost {
   QPointer<HelpWindow> m_help;
   QPointer<QMessageBox> m_about;  ///< the About box while it is open
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
+  QAction* m_desktopSchemeAction = nullptr;
+  bool m_followDesktop = false;
+  int m_textZoom = 0;
   QAction* m_techniquesAction = nullptr;
   QAction* m_undoAction = nullptr;
   QAction* m_redoAction = nullptr;

@@ -133,6 +133,16 @@ void MainWindow::createOptionsMenu() {
   m_techniquesAction->setCheckable(true);
   m_techniquesAction->setToolTip("When the six rules stall, solve and hint with the further techniques before guessing");
   connect(m_techniquesAction, &QAction::toggled, this, [this](bool on) { setFurtherTechniques(on); });
+  // The board's and the log's text, larger or smaller than the desktop's.
+  QAction* larger = addEntry(menu, names::mnuLargerText, "Larger text");
+  larger->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+  connect(larger, &QAction::triggered, this, [this] { setTextZoom(m_textZoom + 1); });
+  QAction* smaller = addEntry(menu, names::mnuSmallerText, "Smaller text");
+  smaller->setShortcut(QKeySequence::ZoomOut);
+  connect(smaller, &QAction::triggered, this, [this] { setTextZoom(m_textZoom - 1); });
+  QAction* normal = addEntry(menu, names::mnuNormalText, "Normal text size");
+  normal->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+  connect(normal, &QAction::triggered, this, [this] { setTextZoom(0); });
   // How the ManualSolve tab plays.
   menu->addSeparator();
   m_clearNotesAction = addEntry(menu, names::mnuClearNotesOnPlace, "Clear notes when a digit is placed");
@@ -162,6 +172,12 @@ void MainWindow::createOptionsMenu() {
     connect(action, &QAction::triggered, this, [this, i] { chooseColourScheme(int(i)); });
     m_schemeActions[i] = action;
   }
+  schemes->addSeparator();
+  m_desktopSchemeAction = addEntry(schemes, names::mnuColxDesktop, "Follow the desktop");
+  m_desktopSchemeAction->setToolTip("The desktop's own colours, light or dark");
+  m_desktopSchemeAction->setCheckable(true);
+  group->addAction(m_desktopSchemeAction);
+  connect(m_desktopSchemeAction, &QAction::triggered, this, [this] { followDesktopColours(); });
 }
 
 void MainWindow::createHelpMenu() {

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
@@ -31,6 +32,7 @@
 #include "ui/FrameBox.h"
 #include "ui/Metrics.h"
 #include "ui/ObjectNames.h"
+#include "ui/RightClickButton.h"
 #include "ui/Shortcuts.h"
 #include "ui/WidgetColours.h"
 
@@ -195,6 +197,8 @@ QBoxLayout* ManualPage::buildPlacingColumn() {
   m_log->setObjectName(names::LogManual);
   m_log->setFont(fixed);
   m_log->setToolTip("Click a placement to select its cell");
+  m_log->installEventFilter(this);
+  m_log->setAccessibleName("Moves");
   m_undo = new QPushButton("Undo", this);
   m_undo->setObjectName(names::UndoManual);
   m_undo->setToolTip("Take the last placement back");
@@ -328,6 +332,8 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_hints->setObjectName(names::Hints);
   m_hints->setToolTip("Click a Row= line to select its cell; right-click it to place its value");
   m_hints->viewport()->installEventFilter(this);
+  m_hints->installEventFilter(this);
+  m_hints->setAccessibleName("Hints");
   auto* hintLayout = new QVBoxLayout(hintFrame);
   hintLayout->addLayout(hintButtons);
   hintLayout->addWidget(m_hints, 1);
@@ -356,6 +362,7 @@ QBoxLayout* ManualPage::buildHintColumn() {
   m_explanation->setObjectName(names::Explanation);
   m_explanation->setToolTip("Click a cell's choices to see how they were found");
   m_explanation->setWordWrap(true);
+  m_explanation->setAccessibleName("Explanation");
 
   // The hints over the explanation, across a splitter the user can move.
   auto* explained = new QWidget(this);
@@ -649,6 +656,13 @@ void ManualPage::onKeyReleased(int key, Qt::KeyboardModifiers modifiers) {
     case Qt::Key_Right: moveSelection(0, 1); return;
     case Qt::Key_Up: moveSelection(-1, 0); return;
     case Qt::Key_Down: moveSelection(1, 0); return;
+    case Qt::Key_Space:
+      // What a click on the cell's choices tells, for the keyboard.
+      if (isCell(m_play->selectedCell)) {
+        onCandidateHovered(m_play->selectedCell);
+        onCandidateClicked(m_play->selectedCell);
+      }
+      return;
     default: break;
   }
   // N and H alone: the notes mode and the nudge (held with Ctrl, H is the cell hint's).
@@ -702,6 +716,22 @@ void ManualPage::onBoxFrameClicked(int box) {
 }
 
 bool ManualPage::eventFilter(QObject* watched, QEvent* event) {
+  // The keyboard's clicks on the lists: Enter for the left button, the
+  // context-menu keys for the right one.
+  if ((watched == m_hints || watched == m_log) && event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    auto* list = static_cast<QListWidget*>(watched);
+    const int row = list->currentRow();
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (row < 0 || !(enter || isContextMenuKey(key))) return QWidget::eventFilter(watched, event);
+    if (watched == m_hints) {
+      hintClicked(row, enter ? Qt::LeftButton : Qt::RightButton);
+    } else if (enter) {
+      m_play->moveListClicked(row);
+      afterCommand();
+    }
+    return true;
+  }
   if (watched == m_hints->viewport() && event->type() == QEvent::MouseButtonRelease) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     const QModelIndex index = m_hints->indexAt(mouse->position().toPoint());

@@ -1,5 +1,7 @@
 #include "ui/Metrics.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLabel>
@@ -36,6 +38,14 @@ void reserveLines(QLabel* label, int lines) {
   const QMargins margins = label->contentsMargins();
   label->setMinimumHeight(metrics.lineSpacing() * lines + metrics.height() / 3 + margins.top() + margins.bottom() +
                           2 * label->margin());
+}
+
+QFont scaledFont(QFont font, double scale) {
+  if (font.pointSizeF() > 0)
+    font.setPointSizeF(font.pointSizeF() * scale);
+  else if (font.pixelSize() > 0)
+    font.setPixelSize(std::max(1, int(font.pixelSize() * scale + 0.5)));
+  return font;
 }
 
 QFont fixedFont() {

@@ -23,6 +23,9 @@ void reserveLines(QLabel* label, int lines);
 /// or the family named by pinFixedFamily at the application font's size.
 QFont fixedFont();
 
+/// The font at `scale` times its size, whether it is given in points or pixels.
+QFont scaledFont(QFont font, double scale);
+
 /// Makes fixedFont() the given family from now on, for a program that must not
 /// depend on the machine's choice of monospace font (the widget tests).
 void pinFixedFamily(const QString& family);

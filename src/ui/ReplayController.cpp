@@ -114,6 +114,7 @@ QWidget* ReplayController::createStrip(QWidget* parent) {
   m_slider->setObjectName(names::ReplaySlider);
   m_slider->setToolTip("The board at any line of the event log; the right end is the present");
   m_slider->setFocusPolicy(Qt::ClickFocus);
+  m_slider->setAccessibleName("Replay");
   layout->addWidget(m_slider, 1);
   m_label = new QLabel(strip);
   m_label->setObjectName(names::ReplayLabel);

@@ -1,5 +1,6 @@
 #include "ui/RightClickButton.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <utility>
 
@@ -25,6 +26,17 @@ void RightClickButton::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   const bool wasDown = std::exchange(m_rightDown, false);
   if (wasDown && rect().contains(event->position().toPoint()) && isEnabled()) emit released(Qt::RightButton);
+}
+
+bool isContextMenuKey(const QKeyEvent* event) {
+  return event->key() == Qt::Key_Menu ||
+         (event->key() == Qt::Key_F10 && (event->modifiers() & ~Qt::KeypadModifier) == Qt::ShiftModifier);
+}
+
+void RightClickButton::keyPressEvent(QKeyEvent* event) {
+  if (!isContextMenuKey(event)) return QPushButton::keyPressEvent(event);
+  event->accept();
+  if (isEnabled()) emit released(Qt::RightButton);
 }
 
 }  // namespace tessaly

@@ -1,10 +1,16 @@
 #pragma once
 // A push button that answers the left and the right mouse button, each when
-// the button is released over it. The keyboard (space) counts as the left one.
+// the button is released over it. The keyboard (space) counts as the left one,
+// the context-menu keys (Menu, Shift+F10) as the right one.
 
 #include <QPushButton>
 
+class QKeyEvent;
+
 namespace tessaly {
+
+/// Menu, or Shift+F10: what a keyboard has for the right mouse button.
+bool isContextMenuKey(const QKeyEvent* event);
 
 class RightClickButton : public QPushButton {
   Q_OBJECT
@@ -19,6 +25,7 @@ class RightClickButton : public QPushButton {
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   bool m_rightDown = false;

@@ -1,0 +1,154 @@
+// The window with the keyboard alone: the Tab key's order on every tab reaches
+// every control, the mnemonics of a tab never clash, and what the right mouse
+// button does has keys too.
+
+#include "play/Hints.h"
+#include "play/ManualPlay.h"
+#include "ui/ManualPage.h"
+#include "UiSupport.h"
+
+namespace tessaly::testing {
+namespace {
+
+class KeyboardTest : public WindowFixture {
+ protected:
+  void SetUp() override {
+    start(1);
+    ASSERT_FALSE(HasFatalFailure());
+    QApplication::setActiveWindow(window.get());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+  static QString nameOf(const QWidget* w) {
+    return w->objectName().isEmpty() ? QString(w->metaObject()->className()) : w->objectName();
+  }
+  /// The widgets the Tab key visits from the tab strip until it comes back.
+  std::vector<std::string> tabChain() {
+    QWidget* tabs = child("ctlTabs");
+    tabs->setFocus(Qt::TabFocusReason);
+    std::vector<std::string> chain;
+    for (int i = 0; i < 100; ++i) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      QWidget* now = QApplication::focusWidget();
+      if (!now || now == tabs) break;
+      chain.push_back(nameOf(now).toStdString());
+    }
+    return chain;
+  }
+  /// Every control shown that the Tab key should reach; of a group of options
+  /// the chosen one (the arrow keys choose among them).
+  std::set<std::string> tabStops() const {
+    std::set<std::string> stops;
+    for (QWidget* w : window->findChildren<QWidget*>()) {
+      if (!w->isVisible() || !w->isEnabled() || !(w->focusPolicy() & Qt::TabFocus) || w == child("ctlTabs")) continue;
+      if (auto* option = qobject_cast<QRadioButton*>(w); option && option->autoExclusive() && !option->isChecked())
+        continue;
+      stops.insert(nameOf(w).toStdString());
+    }
+    return stops;
+  }
+  /// The mnemonic letters of the menu bar and of the controls shown, with their captions.
+  std::multimap<QString, QString> mnemonics() const {
+    std::multimap<QString, QString> keys;
+    const auto add = [&](const QString& caption) {
+      if (const QKeySequence key = QKeySequence::mnemonic(caption); !key.isEmpty())
+        keys.emplace(key.toString(), caption);
+    };
+    for (QAction* menu : window->menuBar()->actions()) add(menu->text());
+    for (QWidget* w : window->centralWidget()->findChildren<QWidget*>()) {
+      if (!w->isVisible()) continue;
+      if (auto* button = qobject_cast<QAbstractButton*>(w)) add(button->text());
+      if (auto* label = qobject_cast<QLabel*>(w); label && label->buddy()) add(label->text());
+      if (auto* box = qobject_cast<QGroupBox*>(w); box && box->isCheckable()) add(box->title());
+    }
+    return keys;
+  }
+};
+
+TEST_F(KeyboardTest, TheTabKeyReachesEveryControlOfEveryTabInReadingOrder) {
+  const std::vector<std::string> frame = {"FileNow", "PuzNumNow", "NavButton_0", "NavButton_1", "NavButton_2"};
+  const std::vector<std::string> board = {"Grid", "EventLogx"};
+  struct Case {
+    Tab tab;
+    std::vector<std::string> page;
+  };
+  const Case cases[] = {
+      {Tab::AutoSolve, {"StartCommand", "Solveit", "PauseCheck", "Check3", "EditCommand"}},
+      {Tab::Create,
+       {"TotBlanks", "Distribution_0", "UniqueCheck",
+        "TargetGradeBox", "CreateCommand", "SaveNewCommand", "NumCreate", "AutoSaveCommand"}},
+      {Tab::ManualSolve,
+       {"LogManual", "UndoManual", "ClearManual", "NotesMode", "FillNotes", "CheckNotes", "GetHint_0", "GetHint_1", "GetHint_2", "GetHint_3", "GetHint_4",
+        "GetHint_5", "GetHint_6", "CellHint", "NextStep", "Nudge", "Hints", "Explanation"}},
+  };
+  for (const Case& c : cases) {
+    selectTab(c.tab);
+    std::vector<std::string> expected = frame;
+    expected.insert(expected.end(), c.page.begin(), c.page.end());
+    expected.insert(expected.end(), board.begin(), board.end());
+    const std::vector<std::string> chain = tabChain();
+    EXPECT_EQ(chain, expected) << int(c.tab);
+    EXPECT_EQ(std::set<std::string>(chain.begin(), chain.end()), tabStops()) << int(c.tab);
+  }
+}
+
+TEST_F(KeyboardTest, NoTwoControlsShownTogetherShareAMnemonic) {
+  for (const Tab tab : {Tab::AutoSolve, Tab::Create, Tab::ManualSolve}) {
+    selectTab(tab);
+    const std::multimap<QString, QString> keys = mnemonics();
+    std::string listed;
+    for (const auto& [key, caption] : keys) listed += key.toStdString() + " " + caption.toStdString() + "; ";
+    for (auto it = keys.begin(); it != keys.end(); it = keys.upper_bound(it->first))
+      EXPECT_EQ(keys.count(it->first), 1u) << "tab " << int(tab) << " clashes on " << it->first.toStdString()
+                                            << ": " << listed;
+  }
+  // And the entries of each menu.
+  for (QAction* menuAction : window->menuBar()->actions()) {
+    std::map<QString, QString> seen;
+    for (QAction* entry : menuAction->menu()->actions()) {
+      const QKeySequence key = QKeySequence::mnemonic(entry->text());
+      if (key.isEmpty()) continue;
+      EXPECT_TRUE(seen.emplace(key.toString(), entry->text()).second)
+          << menuAction->text().toStdString() << ": " << entry->text().toStdString() << " and "
+          << seen[key.toString()].toStdString();
+    }
+  }
+}
+
+TEST_F(KeyboardTest, TheContextMenuKeysDoWhatTheRightButtonDoes) {
+  // The puzzle frame's Next: the right button goes to the last puzzle, Previous's to the first.
+  auto* next = child("NavButton_1");
+  next->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(next, Qt::Key_Menu);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, session.collection.TotalPuzzles);
+  auto* previous = child("NavButton_0");
+  previous->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(previous, Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, 1);
+
+  // A hint line: Enter selects its cell, the Menu key places its value.
+  selectTab(Tab::ManualSolve);
+  click("GetHint_0");
+  const auto single = std::find_if(session.hints.begin(), session.hints.end(),
+                                    [](const HintLine& line) { return line.kind == HintKind::Placement; });
+  ASSERT_NE(single, session.hints.end());
+  const HintLine line = *single;
+  auto* hints = child<QListWidget>("Hints");
+  hints->setFocus(Qt::TabFocusReason);
+  hints->setCurrentRow(int(single - session.hints.begin()));
+  QTest::keyClick(hints, Qt::Key_Return);
+  EXPECT_EQ(session.grid[line.cell].value, 0);
+  EXPECT_EQ(window->board()->grid()->currentCell(), line.cell - 1);
+  // Space on the grid explains the selected cell's choices, as a click on them does.
+  auto* grid = window->board()->grid();
+  grid->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(grid, Qt::Key_Space);
+  EXPECT_GT(child<QListWidget>("Explanation")->count(), 0);
+  EXPECT_FALSE(child<QLabel>("PointerReadout")->text().isEmpty());
+
+  hints->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(hints, Qt::Key_Menu);
+  EXPECT_EQ(session.grid[line.cell].value, line.digit);
+}
+
+}  // namespace
+}  // namespace tessaly::testing
