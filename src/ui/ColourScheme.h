@@ -27,13 +27,14 @@ class ColourScheme {
   static constexpr int kFileLines = kSchemeFileLines;
   using Entries = SchemeEntries;
 
-  /// The files of the colour menu `mnuColx`, entry 0 to 18 (the high-contrast
-  /// scheme came last, so the others keep their entries).
-  static constexpr std::array<const char*, 19> kMenuFiles = {
-      "bandw.sch", "brick.sch",  "Default.sch", "dessert.sch", "egg.sch",    "lilac.sch",
-      "maple.sch", "marine.sch", "plum.sch",    "pumpkin.sch", "rain.sch",   "rose.sch",
-      "slate.sch", "spruce.sch", "storm.sch",   "teal.sch",    "wheat.sch",  "WinClass.sch",
-      "highcontrast.sch"};
+  /// The files of the colour menu `mnuColx`, entry 0 to 17.
+  static constexpr std::array<const char*, 18> kMenuFiles = {
+      "bandw.sch", "brick.sch",  "Default.sch", "dessert.sch", "egg.sch",   "lilac.sch",
+      "maple.sch", "marine.sch", "plum.sch",    "pumpkin.sch", "rain.sch",  "rose.sch",
+      "slate.sch", "spruce.sch", "storm.sch",   "teal.sch",    "wheat.sch", "WinClass.sch"};
+  /// The high-contrast scheme: its own item below the menu's entries, which
+  /// keep their numbers.
+  static constexpr const char* kHighContrastFile = "highcontrast.sch";
 
   /// The colours of the desktop's palette that "Follow the desktop" takes.
   struct DesktopColours {

@@ -791,6 +791,13 @@ void MainWindow::chooseColourScheme(int entry) {
   writeConfiguration(m_session);
 }
 
+void MainWindow::chooseHighContrast() {
+  m_followDesktop = false;
+  if (m_settings) m_settings->setValue(kDesktopColoursKey, false);
+  applyScheme(ColourScheme::kHighContrastFile);
+  writeConfiguration(m_session);
+}
+
 void MainWindow::applyColours() {
   paintBackground(m_content, m_scheme.windowBack);
   paintBackground(m_status, m_scheme.statusBack);
@@ -799,6 +806,8 @@ void MainWindow::applyColours() {
   for (std::size_t i = 0; i < m_schemeActions.size(); ++i)
     if (m_schemeActions[i])
       m_schemeActions[i]->setChecked(m_session.config.ColourSchemeFile == ColourScheme::kMenuFiles[i]);
+  if (m_highContrastAction)
+    m_highContrastAction->setChecked(m_session.config.ColourSchemeFile == ColourScheme::kHighContrastFile);
   if (m_desktopSchemeAction) m_desktopSchemeAction->setChecked(m_scheme.fromDesktop());
   m_board->refreshFromSession();
 }

@@ -120,6 +120,8 @@ class MainWindow : public QMainWindow, public CommandHost {
   void solve();
   /// Applies entry 0..18 of the colour menu and writes the configuration.
   void chooseColourScheme(int entry);
+  /// Options > Colour schemes > High contrast.
+  void chooseHighContrast();
   /// The colour menu's "Follow the desktop": the desktop palette's colours,
   /// again whenever it changes, until a scheme is chosen (remembered in the
   /// window's settings; Quorrel.cfg names no scheme meanwhile).
@@ -255,6 +257,7 @@ class MainWindow : public QMainWindow, public CommandHost {
   QPointer<QMessageBox> m_about;  ///< the About box while it is open
   std::array<QAction*, ColourScheme::kMenuFiles.size()> m_schemeActions{};
   QAction* m_desktopSchemeAction = nullptr;
+  QAction* m_highContrastAction = nullptr;
   bool m_followDesktop = false;
   int m_textZoom = 0;
   QAction* m_techniquesAction = nullptr;

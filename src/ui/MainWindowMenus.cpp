@@ -173,6 +173,11 @@ void MainWindow::createOptionsMenu() {
     m_schemeActions[i] = action;
   }
   schemes->addSeparator();
+  m_highContrastAction = addEntry(schemes, names::mnuColxHighContrast, "High contrast");
+  m_highContrastAction->setToolTip(ColourScheme::kHighContrastFile);
+  m_highContrastAction->setCheckable(true);
+  group->addAction(m_highContrastAction);
+  connect(m_highContrastAction, &QAction::triggered, this, [this] { chooseHighContrast(); });
   m_desktopSchemeAction = addEntry(schemes, names::mnuColxDesktop, "Follow the desktop");
   m_desktopSchemeAction->setToolTip("The desktop's own colours, light or dark");
   m_desktopSchemeAction->setCheckable(true);

@@ -62,6 +62,7 @@ inline constexpr const char mnuChoices[] = "mnuChoices";
 inline constexpr const char mnuColx[] = "mnuColx";
 inline constexpr const char mnuColx_N[] = "mnuColx_%1";
 inline constexpr const char mnuColxDesktop[] = "mnuColxDesktop";
+inline constexpr const char mnuColxHighContrast[] = "mnuColxHighContrast";
 inline constexpr const char mnuLargerText[] = "mnuLargerText";
 inline constexpr const char mnuSmallerText[] = "mnuSmallerText";
 inline constexpr const char mnuNormalText[] = "mnuNormalText";
