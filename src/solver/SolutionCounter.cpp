@@ -107,8 +107,8 @@ inline bool hiddenSingles(Board& s, bool& placed) {
     const auto& bands = s.places[std::size_t(d)];
     // A digit placed nine times needs nothing more.
     if (s.placed[std::size_t(d)] == 9) break;
-    std::uint32_t colOnce = 0, colTwice = 0;     // columns holding d somewhere, twice or more
-    std::uint32_t openOnce = 0, openTwice = 0;   // the same over open cells only
+    std::uint32_t colOnce = 0;                   // columns holding d somewhere
+    std::uint32_t openOnce = 0, openTwice = 0;   // columns with an open place for d, once or more and twice or more
     std::array<std::uint32_t, 3> openCols{};     // per band: columns with an open place
     bool done = false;
     for (int b = 0; b < 3 && !done; ++b) {
@@ -117,7 +117,6 @@ inline bool hiddenSingles(Board& s, bool& placed) {
       if (!r0 || !r1 || !r2) return false;
       const std::uint32_t o = r0 | r1 | r2;
       if (!(o & 07) || !(o & 070) || !(o & 0700)) return false;
-      colTwice |= (colOnce & o) | (r0 & r1) | (r0 & r2) | (r1 & r2);
       colOnce |= o;
 
       const std::uint32_t xu = x & s.open[std::size_t(b)];
