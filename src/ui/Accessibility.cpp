@@ -47,19 +47,20 @@ QString spokenBoxCount(int box, const QString& count) {
 
 namespace {
 
-// --- the boards
+// --- children of a view
 
-/// One child of a board: cell 0..80 (a table cell), or a box count after them.
-/// It holds no state of its own and reads the view each time it is asked.
-class BoardChild : public QAccessibleInterface, public QAccessibleTableCellInterface {
+/// A child of a view that has no children of its own and no object: one board
+/// cell, one log line. It holds the view and its index, and asks the view's own
+/// interface for its parent and window.
+template <typename View>
+class ViewChild : public QAccessibleInterface {
  public:
-  BoardChild(BoardView* view, int index) : m_view(view), m_index(index) {}
+  ViewChild(View* view, int index) : m_view(view), m_index(index) {}
 
-  bool isValid() const override { return !m_view.isNull(); }
   QObject* object() const override { return nullptr; }
   QWindow* window() const override {
-    const QAccessibleInterface* board = parent();
-    return board ? board->window() : nullptr;
+    const QAccessibleInterface* owner = parent();
+    return owner ? owner->window() : nullptr;
   }
   QAccessibleInterface* childAt(int, int) const override { return nullptr; }
   QAccessibleInterface* parent() const override {
@@ -68,6 +69,21 @@ class BoardChild : public QAccessibleInterface, public QAccessibleTableCellInter
   QAccessibleInterface* child(int) const override { return nullptr; }
   int childCount() const override { return 0; }
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+ protected:
+  QPointer<View> m_view;
+  int m_index;
+};
+
+// --- the boards
+
+/// One child of a board: cell 0..80 (a table cell), or a box count after them.
+/// It holds no state of its own and reads the view each time it is asked.
+class BoardChild : public ViewChild<BoardView>, public QAccessibleTableCellInterface {
+ public:
+  using ViewChild::ViewChild;
+
+  bool isValid() const override { return !m_view.isNull(); }
 
   QString text(QAccessible::Text t) const override {
     if (!m_view) return {};
@@ -117,9 +133,6 @@ class BoardChild : public QAccessibleInterface, public QAccessibleTableCellInter
 
  private:
   bool isCell() const { return m_index < kCells; }
-
-  QPointer<BoardView> m_view;
-  int m_index;
 };
 
 /// A board as a 9 x 9 table. Its children are made once and kept in Qt's
@@ -204,23 +217,11 @@ class BoardAccessible : public QAccessibleWidget, public QAccessibleTableInterfa
 // --- the event log
 
 /// Line `index` (from 0) of the log: a list item named by its text.
-class LogLineAccessible : public QAccessibleInterface {
+class LogLineAccessible : public ViewChild<EventLogView> {
  public:
-  LogLineAccessible(EventLogView* view, int index) : m_view(view), m_index(index) {}
+  using ViewChild::ViewChild;
 
   bool isValid() const override { return m_view && m_index < m_view->TotalLines(); }
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override {
-    const QAccessibleInterface* log = parent();
-    return log ? log->window() : nullptr;
-  }
-  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-  QAccessibleInterface* parent() const override {
-    return m_view ? QAccessible::queryAccessibleInterface(m_view.data()) : nullptr;
-  }
-  QAccessibleInterface* child(int) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
   QString text(QAccessible::Text t) const override {
     return t == QAccessible::Name && isValid() ? m_view->lineText(m_index + 1) : QString();
   }
@@ -240,10 +241,6 @@ class LogLineAccessible : public QAccessibleInterface {
     state.offscreen = m_view->lineRect(m_index + 1).isEmpty();
     return state;
   }
-
- private:
-  QPointer<EventLogView> m_view;
-  int m_index;
 };
 
 /// The event log: a list of its lines, and their text joined by line breaks
