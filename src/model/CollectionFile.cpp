@@ -527,6 +527,12 @@ std::optional<int> appendPuzzles(const std::string& path, const std::vector<std:
     return std::nullopt;
   }
   const CollectionScan scan = scanCollection(path);
+  // A file no read would take (binary, UTF-16, too large) is not made a
+  // collection by a record added to its end: the puzzle could never be read.
+  if (scan.refused()) {
+    result = FileResult::failure(collectionProblemText(scan, path));
+    return std::nullopt;
+  }
   const FileEnd end = fileEndOf(path);
   const int added = int(texts.size());
   if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine) {

@@ -132,7 +132,8 @@ std::optional<int> appendPuzzle(const std::string& path, const std::string& text
 /// Appends several puzzles at once, as appendPuzzle appends one, under one
 /// lock, one count of the file's puzzles and one write: a batch costs its
 /// puzzles, not a read of the file per puzzle. Returns the number of the last
-/// puzzle written, or nothing when writing failed (then nothing was written).
+/// puzzle written, or nothing when writing failed (then nothing was written):
+/// a file that reading refuses (binary, UTF-16, too large) is not written to.
 std::optional<int> appendPuzzles(const std::string& path, const std::vector<std::string>& texts,
                                  FileResult* why = nullptr);
 

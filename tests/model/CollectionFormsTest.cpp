@@ -132,6 +132,15 @@ TEST(CollectionForms, ABatchIsAppendedAsItsPuzzlesOneByOneWouldBe) {
   }
 }
 
+TEST(CollectionForms, NothingIsAppendedToAFileNoReadTakes) {
+  TempDir dir;
+  const std::string binary = write(dir, "sheet.csv", std::string("\x09\x08\x04\0\0\0\x10\0", 8));
+  FileResult why;
+  EXPECT_FALSE(appendPuzzle(binary, kB, &why).has_value());
+  EXPECT_EQ(why.reason, binary + " is not a text file of puzzles");
+  EXPECT_EQ(test::readFile(binary), std::string("\x09\x08\x04\0\0\0\x10\0", 8));
+}
+
 TEST(CollectionForms, SavingTheGridIntoAOnePerLineFileMakesItTheLastPuzzle) {
   TempDir dir;
   const std::string path = write(dir, "list.txt", kA + "\n" + kA + "\n");
