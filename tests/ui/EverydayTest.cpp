@@ -4,6 +4,7 @@
 #include "create/Creation.h"
 #include "model/Configuration.h"
 #include "model/FileUtil.h"
+#include "ui/EntryDialog.h"
 #include "ui/ManualPage.h"
 #include "ui/ObjectNames.h"
 #include <QPaintEngine>
@@ -240,6 +241,17 @@ TEST_F(EverydayTest, APastedPuzzleTakesTheLogAndTheStatusLine) {
   EXPECT_EQ(child<QLabel>("MesLab")->text(), "");
   click("Solveit");
   EXPECT_EQ(session.grid.filledCount(), kCells);
+  // An edited board is another puzzle too: the words about the one solved go.
+  ASSERT_NE(child<QLabel>("MesLab")->text(), "");
+  QTimer::singleShot(0, window.get(), [] {
+    auto* dialog = qobject_cast<EntryDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->setText("5" + std::string(80, '0'));
+    QTest::mouseClick(named<QAbstractButton>(dialog, "OKButton"), Qt::LeftButton);
+  });
+  click("EditCommand");
+  EXPECT_EQ(session.grid.valueCode().substr(0, 2), "50");
+  EXPECT_EQ(child<QLabel>("MesLab")->text(), "");
 }
 
 // A click while Paste writes its lines stops the paste where it stands and then
