@@ -60,23 +60,33 @@ constexpr int count(std::uint16_t set) { return bitCount9(set); }
 
 /// Cells waiting to have their one candidate taken from their peers.
 struct SingleQueue {
-  std::array<std::uint8_t, kCellCount> cells;
+  std::array<std::uint8_t, kCellCount + 1> cells;
   int size = 0;
   void push(int cell) { cells[std::size_t(size++)] = std::uint8_t(cell); }
+  /// Pushes `cell` when `when` holds, without a branch (the slot past the
+  /// last is written either way).
+  void pushIf(int cell, bool when) {
+    cells[std::size_t(size)] = std::uint8_t(cell);
+    size += int(when);
+  }
   int pop() { return cells[std::size_t(--size)]; }
 };
 
 /// Takes `bit` from every peer of `cell`, queueing the peers it leaves with
-/// one candidate; false when it leaves one with none.
+/// one candidate; false when it leaves one with none (the grid is then to be
+/// dropped: the other peers lose the bit too). Written without a branch per
+/// peer, since whether a peer holds the bit is a coin toss to the processor.
 inline bool takeFromPeers(Cands& cand, int cell, std::uint16_t bit, SingleQueue& queue) {
+  bool emptied = false;
   for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
     std::uint16_t& set = cand[peer];
-    if (!(set & bit)) continue;
-    set = std::uint16_t(set & ~bit);
-    if (set == 0) return false;
-    if (single(set)) queue.push(peer);
+    const std::uint16_t before = set, after = std::uint16_t(before & ~bit);
+    set = after;
+    emptied |= after == 0;
+    // A peer left with one candidate had two: it is queued once.
+    queue.pushIf(peer, before != after && single(after));
   }
-  return true;
+  return !emptied;
 }
 
 /// The givens of an 81-character puzzle ("1".."9" givens, anything else blank;

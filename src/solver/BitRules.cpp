@@ -5,27 +5,36 @@ namespace tessaly::bitgrid {
 namespace {
 
 // Rule 5: a digit that is a candidate of only one cell of an area goes there.
-Cands hiddenSingles(const Cands& cand) {
-  Cands keep;
-  keep.fill(kAll);
-  for (const auto& area : kAreas) {
-    std::uint16_t once = 0, twice = 0;
-    for (std::uint8_t cell : area) {
-      twice |= once & cand[cell];
-      once |= cand[cell];
-    }
-    const std::uint16_t hidden = once & ~twice;
-    if (!hidden) continue;
-    for (std::uint8_t cell : area) {
+// Only cells with more than one candidate are touched, so an area whose hidden
+// digits lie only in single cells is passed over, and the cells left untouched
+// lose nothing.
+Cands hiddenSinglesFrom(const AreaTally& tally, const Cands& cand) {
+  Cands removed{};
+  std::array<std::uint16_t, kCellCount> keep;
+  std::array<std::uint8_t, kCellCount> touched;
+  int touchedCount = 0;
+  std::uint64_t seen[2] = {0, 0};
+  for (std::size_t a = 0; a < kAreas.size(); ++a) {
+    const std::uint16_t hidden = std::uint16_t(tally.once[a] & ~tally.twice[a]);
+    if (!(hidden & tally.open[a])) continue;
+    for (std::uint8_t cell : kAreas[a]) {
       const std::uint16_t set = cand[cell];
-      if (!single(set) && (set & hidden)) keep[cell] &= set & hidden;
+      if (single(set) || !(set & hidden)) continue;
+      std::uint64_t& word = seen[cell / 64];
+      const std::uint64_t bit = std::uint64_t(1) << (cell % 64);
+      if (!(word & bit)) {
+        word |= bit;
+        keep[cell] = kAll;
+        touched[std::size_t(touchedCount++)] = cell;
+      }
+      keep[cell] &= set & hidden;
     }
   }
-  Cands removed{};
-  for (int c = 0; c < kCellCount; ++c) {
-    const std::uint16_t k = keep[std::size_t(c)];
+  for (int i = 0; i < touchedCount; ++i) {
+    const std::uint8_t cell = touched[std::size_t(i)];
+    const std::uint16_t k = keep[cell];
     // Two digits that each need this cell leave it without a candidate.
-    removed[std::size_t(c)] = single(k) || k == kAll ? std::uint16_t(~k & kAll) : kAll;
+    removed[cell] = single(k) || k == kAll ? std::uint16_t(~k & kAll) : kAll;
   }
   return removed;
 }
@@ -65,7 +74,7 @@ Cands boxConfinedToLine(const Cands& cand) {
 // Rule 4: a digit whose places in a row (or column) all lie in one box leaves
 // the other open cells of that box. All nine digits at once, by the line's
 // three pieces as in Rule 2.
-Cands lineConfinedToBox(const Cands& cand) {
+Cands lineConfinedToBox(const AreaTally& tally, const Cands& cand) {
   Cands removed{};
   for (int a = 0; a < 18; ++a) {
     const auto& line = kAreas[std::size_t(a)];
@@ -74,7 +83,8 @@ Cands lineConfinedToBox(const Cands& cand) {
     for (int p = 0; p < 3; ++p) {
       const std::uint16_t confined =
           pieces[std::size_t(p)] & ~(pieces[std::size_t((p + 1) % 3)] | pieces[std::size_t((p + 2) % 3)]);
-      if (!confined) continue;
+      // Only the box's cells with more than one candidate can lose a digit.
+      if (!(confined & tally.open[std::size_t(18 + boxOf(line[std::size_t(p * 3)]))])) continue;
       for (std::uint8_t cell : kAreas[std::size_t(18 + boxOf(line[std::size_t(p * 3)]))]) {
         const bool onLine = a < 9 ? rowOf(cell) == a : colOf(cell) == a - 9;
         if (!onLine && !single(cand[cell])) removed[cell] |= confined;
@@ -86,43 +96,55 @@ Cands lineConfinedToBox(const Cands& cand) {
 
 // Rule 3: two cells of an area with the same two candidates take those two
 // digits from every other cell of the area.
-Cands pairs(const Cands& cand) {
+Cands pairs(const AreaTally& tally, const Cands& cand) {
   Cands removed{};
-  for (const auto& area : kAreas)
-    for (int i = 0; i < 9; ++i) {
+  for (const auto& area : kAreas) {
+    // The area's cells with two candidates, in area order.
+    std::array<int, 9> two;
+    int twos = 0;
+    for (int k = 0; k < 9; ++k)
+      if (tally.size[area[std::size_t(k)]] == 2) two[std::size_t(twos++)] = k;
+    for (int x = 0; x < twos; ++x) {
+      const int i = two[std::size_t(x)];
       const std::uint16_t pair = cand[area[std::size_t(i)]];
-      if (count(pair) != 2) continue;
-      for (int j = i + 1; j < 9; ++j) {
+      for (int y = x + 1; y < twos; ++y) {
+        const int j = two[std::size_t(y)];
         if (cand[area[std::size_t(j)]] != pair) continue;
         for (int k = 0; k < 9; ++k)
           if (k != i && k != j) removed[area[std::size_t(k)]] |= pair;
       }
     }
+  }
   return removed;
 }
 
 // Rule 6, as the program applies it: when exactly n cells of an area have n
 // candidates (n from 2 to 5) and all n sets are the same, those n digits leave
 // every other open cell of the area.
-Cands groups(const Cands& cand) {
+Cands groups(const AreaTally& tally, const Cands& cand) {
   Cands removed{};
   for (const auto& area : kAreas) {
+    // Per size n (2 to 5): how many cells have n candidates, the first set of
+    // that size and whether every other set of that size equals it.
+    std::array<int, 6> cells{};
+    std::array<std::uint16_t, 6> group{};
+    std::array<bool, 6> same{true, true, true, true, true, true};
+    std::array<std::uint8_t, 9> counts{};
+    for (int k = 0; k < 9; ++k) {
+      const std::uint16_t set = cand[area[std::size_t(k)]];
+      const int n = tally.size[area[std::size_t(k)]];
+      counts[std::size_t(k)] = std::uint8_t(n);
+      if (n < 2 || n > 5) continue;
+      if (cells[std::size_t(n)]++ == 0)
+        group[std::size_t(n)] = set;
+      else if (set != group[std::size_t(n)])
+        same[std::size_t(n)] = false;
+    }
     for (int n = 2; n <= 5; ++n) {
-      int cells = 0;
-      std::uint16_t group = 0;
-      bool same = true;
-      for (std::uint8_t cell : area) {
-        const std::uint16_t set = cand[cell];
-        if (count(set) != n) continue;
-        if (cells++ == 0)
-          group = set;
-        else if (set != group)
-          same = false;
-      }
-      if (cells != n || !same) continue;
-      for (std::uint8_t cell : area) {
-        const std::uint16_t set = cand[cell];
-        if (count(set) >= 2 && set != group) removed[cell] |= group;
+      if (cells[std::size_t(n)] != n || !same[std::size_t(n)]) continue;
+      for (int k = 0; k < 9; ++k) {
+        const std::uint8_t cell = area[std::size_t(k)];
+        if (counts[std::size_t(k)] >= 2 && cand[cell] != group[std::size_t(n)]) removed[cell] |= group[std::size_t(n)];
       }
     }
   }
@@ -138,11 +160,13 @@ Cands groups(const Cands& cand) {
 // candidate.
 bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open) {
   SingleQueue queue;
+  bool emptied = false;
   for (int c = 0; c < kCellCount; ++c) {
     const std::uint16_t set = cand[std::size_t(c)];
-    if (set == 0) return false;
-    if (!placed[std::size_t(c)] && single(set)) queue.push(c);
+    emptied |= set == 0;
+    queue.pushIf(c, !placed[std::size_t(c)] && single(set));
   }
+  if (emptied) return false;
   while (queue.size > 0) {
     const int cell = queue.pop();
     placed[std::size_t(cell)] = true;
@@ -152,16 +176,56 @@ bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open) 
   return true;
 }
 
-Cands ruleRemovals(int rule, const Cands& cand) {
+AreaTally tallyAreas(const Cands& cand) {
+  // One pass over the grid in row order: a row's tally stays in registers, the
+  // columns' and boxes' are updated cell by cell. No branch per cell: a cell
+  // with one candidate adds nothing to `open` through a mask.
+  AreaTally tally;
+  std::array<std::uint16_t, 9> colOnce{}, colTwice{}, colOpen{}, boxOnce{}, boxTwice{}, boxOpen{};
+  for (int r = 0; r < 9; ++r) {
+    std::uint16_t once = 0, twice = 0, open = 0;
+    for (int c = 0; c < 9; ++c) {
+      const std::uint16_t set = cand[std::size_t(r * 9 + c)];
+      tally.size[std::size_t(r * 9 + c)] = std::uint8_t(count(set));
+      const std::uint16_t several = std::uint16_t(-std::uint16_t((set & (set - 1)) != 0));
+      const std::size_t b = std::size_t((r / 3) * 3 + c / 3), k = std::size_t(c);
+      twice |= once & set;
+      once |= set;
+      open |= set & several;
+      colTwice[k] |= colOnce[k] & set;
+      colOnce[k] |= set;
+      colOpen[k] |= set & several;
+      boxTwice[b] |= boxOnce[b] & set;
+      boxOnce[b] |= set;
+      boxOpen[b] |= set & several;
+    }
+    tally.once[std::size_t(r)] = once;
+    tally.twice[std::size_t(r)] = twice;
+    tally.open[std::size_t(r)] = open;
+  }
+  for (std::size_t k = 0; k < 9; ++k) {
+    tally.once[9 + k] = colOnce[k];
+    tally.twice[9 + k] = colTwice[k];
+    tally.open[9 + k] = colOpen[k];
+    tally.once[18 + k] = boxOnce[k];
+    tally.twice[18 + k] = boxTwice[k];
+    tally.open[18 + k] = boxOpen[k];
+  }
+  return tally;
+}
+
+Cands ruleRemovals(int rule, const Cands& cand, const AreaTally& tally) {
   switch (rule) {
     case 2: return boxConfinedToLine(cand);
-    case 3: return pairs(cand);
-    case 4: return lineConfinedToBox(cand);
-    case 5: return hiddenSingles(cand);
-    case 6: return groups(cand);
+    case 3: return pairs(tally, cand);
+    case 4: return lineConfinedToBox(tally, cand);
+    case 5: return hiddenSinglesFrom(tally, cand);
+    case 6: return groups(tally, cand);
     default: return Cands{};
   }
 }
+
+Cands ruleRemovals(int rule, const Cands& cand) { return ruleRemovals(rule, cand, tallyAreas(cand)); }
 
 bool applyRemovals(Cands& cand, const Cands& removed) {
   bool any = false;

@@ -23,9 +23,26 @@ namespace tessaly::bitgrid {
 /// False when a cell is left without a candidate.
 bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open);
 
+/// Per area (rows, columns, boxes as in kAreas): the digits that are a
+/// candidate somewhere, those that are one in two cells or more, and those of
+/// its cells with more than one candidate; and each cell's candidate count.
+struct AreaTally {
+  std::array<std::uint16_t, 27> once, twice, open;
+  std::array<std::uint8_t, kCellCount> size;
+  /// Whether every digit has a place in every area.
+  bool covered() const {
+    for (std::uint16_t set : once)
+      if (set != kAll) return false;
+    return true;
+  }
+};
+AreaTally tallyAreas(const Cands& cand);
+
 /// What Rule `rule` (2 to 6) removes from the grid in one pass: per cell, the
 /// digits it takes (Rule 5 takes all but the hidden digit, or every digit when
-/// a cell would need two). A cell with one candidate counts as placed.
+/// a cell would need two); only the digits the cell holds count. A cell with
+/// one candidate counts as placed. `tally` is the grid's, when the caller has it.
+Cands ruleRemovals(int rule, const Cands& cand, const AreaTally& tally);
 Cands ruleRemovals(int rule, const Cands& cand);
 
 /// Takes `removed` from the grid; whether anything went.

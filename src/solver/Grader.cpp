@@ -20,19 +20,11 @@ struct Node {
   int open = kCellCount;                  ///< cells not yet placed
 };
 
-// True when every digit still has a place in every area.
-bool areasCovered(const Node& node) {
-  for (const auto& area : kAreas) {
-    std::uint16_t all = 0;
-    for (std::uint8_t cell : area) all |= node.cand[cell];
-    if (all != kAll) return false;
-  }
-  return true;
-}
-
 // The six rules' bit forms are in BitRules.cpp.
 bool placeSingles(Node& node) { return bitgrid::placeSingles(node.cand, node.placed, node.open); }
-bool applyRule(int rule, Node& node) { return applyRemovals(node.cand, ruleRemovals(rule, node.cand)); }
+bool applyRule(int rule, Node& node, const AreaTally& tally) {
+  return applyRemovals(node.cand, ruleRemovals(rule, node.cand, tally));
+}
 
 // The search behind the rules. Every branch of every guess is followed, also
 // after the solution was found, so the guess count is the size of the whole
@@ -58,10 +50,14 @@ class Grading {
         }
         return;
       }
-      if (!areasCovered(node)) return;
+      // A digit with no place left in an area ends the branch. The tally
+      // holds while no rule has removed anything yet: every rule tried on
+      // this grid reads it.
+      const AreaTally tally = tallyAreas(node.cand);
+      if (!tally.covered()) return;
       bool progress = false;
       for (std::size_t i = 1; i < kGradingRuleOrder.size() && !progress; ++i)
-        if (applyRule(kGradingRuleOrder[i], node)) {
+        if (applyRule(kGradingRuleOrder[i], node, tally)) {
           progress = true;
           hardest = std::max(hardest, int(i));
         }
