@@ -138,11 +138,10 @@ std::pair<int, int> linkOf(const std::array<CellSet, 9>& holds, const Als& a, co
 
 /// The pair with the fewest cells between them first, then the lowest sets
 /// (ordered by size, then cells), the lowest x and the lowest z.
-std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   std::array<CellSet, 9> holds{};
-  for (int c = 0; c < kCellCount; ++c)
-    for (std::uint16_t m = board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1))
-      holds[std::size_t(std::countr_zero(m))].add(c);
+  for (int d = 1; d <= 9; ++d) holds[std::size_t(d - 1)] = ctx.holds(d);
   std::vector<Seeing> seeing;
   const std::vector<Als> sets = almostLockedSets(board, holds, seeing);
   const std::size_t n = sets.size();
