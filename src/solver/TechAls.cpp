@@ -162,12 +162,13 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   std::pair<int, int> best;
   for (std::size_t i = 0; i < n && 2 * sets[i].size < bestTotal; ++i) {
     const Als& a = sets[i];
-    // The sets after A sharing no cell with it.
+    // The sets after A sharing no cell with it (none in the words before `from`).
+    const std::size_t from = i / 64;
     for (std::size_t w = 0; w < words; ++w)
-      later[w] = w < i / 64 ? 0 : w > i / 64 ? ~std::uint64_t(0) : ~std::uint64_t(0) << (i % 64) << 1;
+      later[w] = w < from ? 0 : w > from ? ~std::uint64_t(0) : ~std::uint64_t(0) << (i % 64) << 1;
     for (int k = 0; k < a.size; ++k) {
       const std::uint64_t* in = byCell.row(a.cells[std::size_t(k)]);
-      for (std::size_t w = 0; w < words; ++w) later[w] &= ~in[w];
+      for (std::size_t w = from; w < words; ++w) later[w] &= ~in[w];
     }
     // Those with an x whose places all see A's (so holding x in a cell that
     // sees all of A's) and a z that might remove something.
@@ -180,13 +181,15 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       std::fill(fit.begin(), fit.end(), 0);
       (sees & places).forEach([&](int c) {
         const std::uint64_t* in = byCell.row(std::size_t(c));
-        for (std::size_t w = 0; w < words; ++w) fit[w] |= in[w];
+        for (std::size_t w = from; w < words; ++w) fit[w] |= in[w];
       });
-      for (std::size_t w = 0; w < words; ++w) {
+      for (std::size_t w = from; w < words; ++w) {
+        const std::uint64_t near = fit[w] & later[w];
+        if (!near) continue;
         std::uint64_t z = 0;
         for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
           z |= byReaching.row(std::size_t(std::countr_zero(m)))[w];
-        for (std::uint64_t bits = fit[w] & later[w] & z; bits; bits &= bits - 1) {
+        for (std::uint64_t bits = near & z; bits; bits &= bits - 1) {
           const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
           if ((sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
         }
@@ -194,7 +197,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
     }
     // The first of them (the smallest) that removes something.
     bool done = false;
-    for (std::size_t w = 0; w < words && !done; ++w)
+    for (std::size_t w = from; w < words && !done; ++w)
       for (std::uint64_t bits = partners[w]; bits && !done; bits &= bits - 1) {
         const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
         if (a.size + sets[j].size >= bestTotal) {

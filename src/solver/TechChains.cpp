@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <type_traits>
 #include <utility>
 
 #include "solver/CellSet.h"
@@ -61,6 +62,10 @@ constexpr std::array<std::array<std::uint8_t, 6>, 27> makeAreaSegments() {
 }
 constexpr auto kAreaSegments = makeAreaSegments();
 
+/// The positions (as in TechniqueContext::at) of those segments in their area:
+/// a line's three stacks or bands, a box's three rows, then its three columns.
+constexpr std::array<std::uint16_t, 6> kSegmentPlaces = {0x007, 0x038, 0x1C0, 0x049, 0x092, 0x124};
+
 // Before they are numbered, a candidate is known as cell * 9 + digit - 1 and a
 // group as kGroupIds + segment * 9 + digit - 1.
 constexpr int kGroupIds = kCellCount * 9;
@@ -93,6 +98,22 @@ class NodeRows {
 };
 
 void addBit(std::uint64_t* set, std::size_t i) { set[i / 64] |= std::uint64_t(1) << (i % 64); }
+
+/// The most words a node set can take: every candidate and every group.
+constexpr std::size_t kMaxWords = (kIds + 63) / 64;
+
+/// Calls `f(std::integral_constant<std::size_t, W>)` with W = `words` when it
+/// is small (so that loops over a set's words have a fixed length), else 0.
+template <class F>
+void withWords(std::size_t words, F f) {
+  switch (words) {
+    case 1: return f(std::integral_constant<std::size_t, 1>());
+    case 2: return f(std::integral_constant<std::size_t, 2>());
+    case 3: return f(std::integral_constant<std::size_t, 3>());
+    case 4: return f(std::integral_constant<std::size_t, 4>());
+    default: return f(std::integral_constant<std::size_t, 0>());
+  }
+}
 
 class ChainSearch {
  public:
@@ -140,28 +161,33 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
       const std::uint16_t m = m_board.cand[std::size_t(c)];
       if (count(m) == 2) links.emplace_back(c * 9 + std::countr_zero(m), c * 9 + 15 - std::countl_zero(m));
     }
+  // Within an area the digit's places are a mask of positions (TechniqueContext::at).
   if (m_kind != ChainKind::XY)
-    for (int a = 0; a < 27; ++a)
+    for (int a = 0; a < 27; ++a) {
+      const auto& cells = kAreas[std::size_t(a)];
       for (int d = 0; d < 9; ++d) {
-        const int n = count(context.at(a, d + 1));
+        const unsigned places = context.at(a, d + 1);
+        const int n = count(std::uint16_t(places));
         if (n < 2 || n > (m_kind == ChainKind::X ? 2 : 6)) continue;
-        const CellSet places = m_holds[std::size_t(d)] & kAreaSets[std::size_t(a)];
-        if (n == 2) links.emplace_back(places.first() * 9 + d, places.last() * 9 + d);
+        if (n == 2) links.emplace_back(cells[std::size_t(std::countr_zero(places))] * 9 + d,
+                                       cells[std::size_t(31 - std::countl_zero(places | 1u))] * 9 + d);
         if (m_kind != ChainKind::Alternating || n < 3 || n > 6) continue;
-        // A group against the rest, when the rest is one cell or another group.
+        // A group against the rest, when the rest is one cell or another
+        // group. (A segment without places makes a group too: the rest is
+        // then all the places, which another segment may hold.)
         const auto& segments = kAreaSegments[std::size_t(a)];
         const int segmentCount = a < 18 ? 3 : 6;
         for (int i = 0; i < segmentCount; ++i) {
-          const CellSet group = places & kSegments[segments[std::size_t(i)]];
-          const CellSet rest = places - group;
-          if (rest.empty() || group.first() == group.last()) continue;
+          const unsigned group = places & kSegmentPlaces[std::size_t(i)], rest = places & ~group;
+          if (!rest || count(std::uint16_t(group)) == 1) continue;
           const int id = kGroupIds + segments[std::size_t(i)] * 9 + d;
-          if (rest.first() == rest.last()) links.emplace_back(id, rest.first() * 9 + d);
+          if (count(std::uint16_t(rest)) == 1) links.emplace_back(id, cells[std::size_t(std::countr_zero(rest))] * 9 + d);
           for (int j = i + 1; j < segmentCount; ++j)
-            if ((places & kSegments[segments[std::size_t(j)]]) == rest)
+            if ((places & kSegmentPlaces[std::size_t(j)]) == rest)
               links.emplace_back(id, kGroupIds + segments[std::size_t(j)] * 9 + d);
         }
       }
+    }
 
   // Number the nodes with a strong link in order of their cells (as a
   // sequence), then digit: a group comes after the candidates of its first cell.
@@ -251,27 +277,33 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
 
   // Weak links: one digit in cells that all see each other, and (in an
   // alternating chain) two digits of one cell.
-  std::vector<std::uint64_t> weak(m_words);
-  m_weakAt.reserve(n + 1);
-  m_weakAt.assign(1, 0);
+  m_weakAt.resize(n + 1);
+  m_weakAt[0] = 0;
+  m_weak.clear();
   m_weak.reserve(n * 16);
-  for (std::size_t i = 0; i < n; ++i) {
-    const Node& node = m_nodes[i];
-    const std::uint64_t* digit = ofDigit[std::size_t(node.digit - 1)];
-    std::copy(digit, digit + m_words, weak.begin());
-    for (int k = 0; k < node.size; ++k) {
-      const std::uint64_t* by = seenBy[node.cells[std::size_t(k)]];
-      for (std::size_t w = 0; w < m_words; ++w) weak[w] &= by[w];
-    }
-    if (m_kind == ChainKind::Alternating && node.size == 1)
-      for (int d = 0; d < 9; ++d) {
-        const int j = index[std::size_t(node.cells[0] * 9 + d)];
-        if (d != node.digit - 1 && j >= 0) addBit(weak.data(), std::size_t(j));
+  withWords(m_words, [&](auto fixed) {
+    constexpr std::size_t W = decltype(fixed)::value;
+    const std::size_t words = W ? W : m_words;
+    std::array<std::uint64_t, W ? W : kMaxWords> weak;
+    for (std::size_t i = 0; i < n; ++i) {
+      const Node& node = m_nodes[i];
+      const std::uint64_t* digit = ofDigit[std::size_t(node.digit - 1)];
+      for (std::size_t w = 0; w < words; ++w) weak[w] = digit[w];
+      for (int k = 0; k < node.size; ++k) {
+        const std::uint64_t* by = seenBy[node.cells[std::size_t(k)]];
+        for (std::size_t w = 0; w < words; ++w) weak[w] &= by[w];
       }
-    for (std::size_t w = 0; w < m_words; ++w)
-      for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1) m_weak.push_back(int(w * 64) + std::countr_zero(bits));
-    m_weakAt.push_back(int(m_weak.size()));
-  }
+      if (m_kind == ChainKind::Alternating && node.size == 1) {
+        // The cell's other candidates (its one-cell nodes less this one).
+        const std::uint64_t* single = m_singleAt[node.cells[0]];
+        for (std::size_t w = 0; w < words; ++w) weak[w] |= single[w] & ~digit[w];
+      }
+      for (std::size_t w = 0; w < words; ++w)
+        for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1)
+          m_weak.push_back(int(w * 64) + std::countr_zero(bits));
+      m_weakAt[i + 1] = int(m_weak.size());
+    }
+  });
 
   for (Node& node : m_nodes) node.targets = node.seen & m_holds[std::size_t(node.digit - 1)];
 }
