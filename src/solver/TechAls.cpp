@@ -178,8 +178,10 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       if (!(a.digits & bitOf(x)) || !zs) continue;
       const CellSet& sees = seeing[i][std::size_t(x - 1)];
       const CellSet& places = holds[std::size_t(x - 1)];
-      std::fill(fit.begin(), fit.end(), 0);
-      (sees & places).forEach([&](int c) {
+      const CellSet meeting = sees & places;
+      if (meeting.empty()) continue;
+      std::fill(fit.begin() + std::ptrdiff_t(from), fit.end(), 0);
+      meeting.forEach([&](int c) {
         const std::uint64_t* in = byCell.row(std::size_t(c));
         for (std::size_t w = from; w < words; ++w) fit[w] |= in[w];
       });
