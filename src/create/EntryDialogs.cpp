@@ -72,6 +72,8 @@ void applyGridEntry(Session& session, std::string_view digits) {
   SolverEngine(session).computeCandidates(false);
   session.collection.setOrigin(BoardOrigin::entered());
   session.collection.boardFromFile = false;
+  // What the status line told was about the board this one replaces.
+  session.run.ended = {};
   session.puzzleLoaded.notify();
 }
 
@@ -116,9 +118,8 @@ bool pastePuzzle(Session& session, std::string_view text) {
   }
   if (!confirmPuzzle(session, digits)) return false;
   applyGridEntry(session, digits);
-  // The log and the status line told of the puzzle the paste replaced: they
-  // start again with this one's blank count, as after a read.
-  session.run.ended = {};
+  // The log told of the puzzle the paste replaced: it starts again with this
+  // one's blank count, as after a read.
   session.clearEventLog();
   session.run.dropPlacements();
   session.run.mode = RunState::NoPause;  // these lines never wait

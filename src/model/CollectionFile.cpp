@@ -494,6 +494,15 @@ struct FileEnd {
   bool endsWithLineEnd = true;
   std::string lineEnd = "\n";
 };
+// Whether every line of the file is empty or white space.
+bool onlyBlankLines(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  LineReader lines(in, 4096);
+  while (lines.next())
+    if (!trimmedView(lines.line()).empty()) return false;
+  return true;
+}
+
 FileEnd fileEndOf(const std::string& path) {
   FileEnd end;
   std::ifstream in(path, std::ios::binary);
@@ -534,6 +543,12 @@ std::optional<int> appendPuzzles(const std::string& path, const std::vector<std:
     return std::nullopt;
   }
   const FileEnd end = fileEndOf(path);
+  // Nor is a file of something else (an export, a saved log, a letter): a
+  // record after its text would mix puzzles into it.
+  if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.puzzles == 0 && !onlyBlankLines(path)) {
+    result = FileResult::failure("it holds text but no puzzles; puzzles are added only to a collection or a new file");
+    return std::nullopt;
+  }
   const int added = int(texts.size());
   if (!end.empty && scan.problem == CollectionScan::Problem::None && scan.form == CollectionForm::OnePerLine) {
     // A one-per-line file takes each puzzle as one more line of 81 cells, so

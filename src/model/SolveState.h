@@ -51,7 +51,7 @@ class CandidateQueue {
   void rebuild(Fill fill) {
     m_entries.clear();
     fill([this](QueueEntry entry) { m_entries.push_back(std::move(entry)); });
-    std::stable_sort(m_entries.begin(), m_entries.end());
+    sortStably();
   }
   void removeHead() { m_entries.erase(m_entries.begin()); }
   bool empty() const { return m_entries.empty(); }
@@ -59,7 +59,14 @@ class CandidateQueue {
   const QueueEntry& operator[](int i) const { return m_entries[std::size_t(i)]; }
 
  private:
+  /// The stable sort of the entries. The solver adds one entry per open cell
+  /// in cell order, so ordering them by count and box-missing alone (a bucket
+  /// pass, no comparisons) already gives the key order; any other order falls
+  /// back to a stable sort on the whole key.
+  void sortStably();
+
   std::vector<QueueEntry> m_entries;
+  std::vector<QueueEntry> m_scratch;
 };
 
 /// One saved guess: the untried digits of the guessed cell and the grid before it.

@@ -494,7 +494,13 @@ void MainWindow::runCommand(std::function<void()> command) {
   }
   const QPointer<MainWindow> self(this);
   ++m_commandDepth;
-  command();
+  try {
+    command();
+  } catch (const RunStopped&) {
+    // A command that writes to the log (Paste, a read, an export) yields to the
+    // window at each line; another click then stops it where it stands, and
+    // that click's command runs next, as it does after a stopped solve.
+  }
   if (!self) return;  // the window went away while the command ran
   --m_commandDepth;
   // Whatever ran is over: no area stays highlighted for a step no longer shown.

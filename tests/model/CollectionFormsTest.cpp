@@ -113,7 +113,7 @@ TEST(CollectionForms, SavingIntoAOnePerLineFileAddsALineInItsOwnLineEnds) {
 TEST(CollectionForms, ABatchIsAppendedAsItsPuzzlesOneByOneWouldBe) {
   // The same file, whether kB and kA come in one batch or one after the other.
   const std::string cases[] = {"",  // missing
-                               "#1\r\n" + gridRows(kA), kA + "\n", kA, gridRows(kA), "garbage\n"};
+                               "#1\r\n" + gridRows(kA), kA + "\n", kA, gridRows(kA), " \n\n"};
   TempDir dir;
   int k = 0;
   for (const std::string& content : cases) {
@@ -132,13 +132,19 @@ TEST(CollectionForms, ABatchIsAppendedAsItsPuzzlesOneByOneWouldBe) {
   }
 }
 
-TEST(CollectionForms, NothingIsAppendedToAFileNoReadTakes) {
+// A file no read takes, or one of other text (an export, a saved log), is left as it was.
+TEST(CollectionForms, NothingIsAppendedToAFileNoReadTakesOrOfOtherText) {
   TempDir dir;
-  const std::string binary = write(dir, "sheet.csv", std::string("\x09\x08\x04\0\0\0\x10\0", 8));
+  const std::string binaryText("\x09\x08\x04\0\0\0\x10\0", 8);
+  const std::string otherText = "PUZZLE\n\"\",\"\",\"3\",\"\",\"2\",\"\",\"6\",\"\",\"\"\n";
+  const std::string binary = write(dir, "sheet.csv", binaryText), other = write(dir, "export.csv", otherText);
   FileResult why;
   EXPECT_FALSE(appendPuzzle(binary, kB, &why).has_value());
   EXPECT_EQ(why.reason, binary + " is not a text file of puzzles");
-  EXPECT_EQ(test::readFile(binary), std::string("\x09\x08\x04\0\0\0\x10\0", 8));
+  EXPECT_EQ(test::readFile(binary), binaryText);
+  EXPECT_FALSE(appendPuzzles(other, {kB, kA}, &why).has_value());
+  EXPECT_EQ(why.reason, "it holds text but no puzzles; puzzles are added only to a collection or a new file");
+  EXPECT_EQ(test::readFile(other), otherText);
 }
 
 TEST(CollectionForms, SavingTheGridIntoAOnePerLineFileMakesItTheLastPuzzle) {

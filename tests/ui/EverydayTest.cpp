@@ -4,7 +4,9 @@
 #include "create/Creation.h"
 #include "model/Configuration.h"
 #include "model/FileUtil.h"
+#include "ui/EntryDialog.h"
 #include "ui/ManualPage.h"
+#include "ui/ObjectNames.h"
 #include <QPaintEngine>
 #include <QPrintEngine>
 #include <map>
@@ -239,6 +241,32 @@ TEST_F(EverydayTest, APastedPuzzleTakesTheLogAndTheStatusLine) {
   EXPECT_EQ(child<QLabel>("MesLab")->text(), "");
   click("Solveit");
   EXPECT_EQ(session.grid.filledCount(), kCells);
+  // An edited board is another puzzle too: the words about the one solved go.
+  ASSERT_NE(child<QLabel>("MesLab")->text(), "");
+  QTimer::singleShot(0, window.get(), [] {
+    auto* dialog = qobject_cast<EntryDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->setText("5" + std::string(80, '0'));
+    QTest::mouseClick(named<QAbstractButton>(dialog, "OKButton"), Qt::LeftButton);
+  });
+  click("EditCommand");
+  EXPECT_EQ(session.grid.valueCode().substr(0, 2), "50");
+  EXPECT_EQ(child<QLabel>("MesLab")->text(), "");
+}
+
+// A click while Paste writes its lines stops the paste where it stands and then
+// does what it asks, as a click during a solve does.
+TEST_F(EverydayTest, AClickWhilePasteWritesItsLinesRunsAfterIt) {
+  start(1);
+  QApplication::clipboard()->setText(
+      "003020600900305001001806400008102900700000008006708200002609500800203009005010300");
+  ui.answers = {true};
+  QTimer::singleShot(0, window.get(), [&] { click(QString(names::NavButton_N).arg(int(NavButton::Next))); });
+  action("mnuPastePuzzle")->trigger();
+  QTest::qWait(50);
+  EXPECT_EQ(session.collection.CurrentPuzzleNumber, 2);
+  EXPECT_EQ(puzzleNumberText(session.collection.origin()), "2");
+  EXPECT_NE(session.grid.valueCode().substr(0, 9), "003020600");
 }
 
 // Print puzzle...: the grid large with thick box lines, and on request the solution on a page of its own.
