@@ -138,11 +138,10 @@ std::pair<int, int> linkOf(const std::array<CellSet, 9>& holds, const Als& a, co
 
 /// The pair with the fewest cells between them first, then the lowest sets
 /// (ordered by size, then cells), the lowest x and the lowest z.
-std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   std::array<CellSet, 9> holds{};
-  for (int c = 0; c < kCellCount; ++c)
-    for (std::uint16_t m = board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1))
-      holds[std::size_t(std::countr_zero(m))].add(c);
+  for (int d = 1; d <= 9; ++d) holds[std::size_t(d - 1)] = ctx.holds(d);
   std::vector<Seeing> seeing;
   const std::vector<Als> sets = almostLockedSets(board, holds, seeing);
   const std::size_t n = sets.size();
@@ -163,12 +162,13 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
   std::pair<int, int> best;
   for (std::size_t i = 0; i < n && 2 * sets[i].size < bestTotal; ++i) {
     const Als& a = sets[i];
-    // The sets after A sharing no cell with it.
+    // The sets after A sharing no cell with it (none in the words before `from`).
+    const std::size_t from = i / 64;
     for (std::size_t w = 0; w < words; ++w)
-      later[w] = w < i / 64 ? 0 : w > i / 64 ? ~std::uint64_t(0) : ~std::uint64_t(0) << (i % 64) << 1;
+      later[w] = w < from ? 0 : w > from ? ~std::uint64_t(0) : ~std::uint64_t(0) << (i % 64) << 1;
     for (int k = 0; k < a.size; ++k) {
       const std::uint64_t* in = byCell.row(a.cells[std::size_t(k)]);
-      for (std::size_t w = 0; w < words; ++w) later[w] &= ~in[w];
+      for (std::size_t w = from; w < words; ++w) later[w] &= ~in[w];
     }
     // Those with an x whose places all see A's (so holding x in a cell that
     // sees all of A's) and a z that might remove something.
@@ -178,16 +178,20 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
       if (!(a.digits & bitOf(x)) || !zs) continue;
       const CellSet& sees = seeing[i][std::size_t(x - 1)];
       const CellSet& places = holds[std::size_t(x - 1)];
-      std::fill(fit.begin(), fit.end(), 0);
-      (sees & places).forEach([&](int c) {
+      const CellSet meeting = sees & places;
+      if (meeting.empty()) continue;
+      std::fill(fit.begin() + std::ptrdiff_t(from), fit.end(), 0);
+      meeting.forEach([&](int c) {
         const std::uint64_t* in = byCell.row(std::size_t(c));
-        for (std::size_t w = 0; w < words; ++w) fit[w] |= in[w];
+        for (std::size_t w = from; w < words; ++w) fit[w] |= in[w];
       });
-      for (std::size_t w = 0; w < words; ++w) {
+      for (std::size_t w = from; w < words; ++w) {
+        const std::uint64_t near = fit[w] & later[w];
+        if (!near) continue;
         std::uint64_t z = 0;
         for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
           z |= byReaching.row(std::size_t(std::countr_zero(m)))[w];
-        for (std::uint64_t bits = fit[w] & later[w] & z; bits; bits &= bits - 1) {
+        for (std::uint64_t bits = near & z; bits; bits &= bits - 1) {
           const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
           if ((sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
         }
@@ -195,7 +199,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueBoard& board) {
     }
     // The first of them (the smallest) that removes something.
     bool done = false;
-    for (std::size_t w = 0; w < words && !done; ++w)
+    for (std::size_t w = from; w < words && !done; ++w)
       for (std::uint64_t bits = partners[w]; bits && !done; bits &= bits - 1) {
         const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
         if (a.size + sets[j].size >= bestTotal) {

@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <type_traits>
 #include <utility>
 
 #include "solver/CellSet.h"
@@ -61,6 +62,10 @@ constexpr std::array<std::array<std::uint8_t, 6>, 27> makeAreaSegments() {
 }
 constexpr auto kAreaSegments = makeAreaSegments();
 
+/// The positions (as in TechniqueContext::at) of those segments in their area:
+/// a line's three stacks or bands, a box's three rows, then its three columns.
+constexpr std::array<std::uint16_t, 6> kSegmentPlaces = {0x007, 0x038, 0x1C0, 0x049, 0x092, 0x124};
+
 // Before they are numbered, a candidate is known as cell * 9 + digit - 1 and a
 // group as kGroupIds + segment * 9 + digit - 1.
 constexpr int kGroupIds = kCellCount * 9;
@@ -94,16 +99,34 @@ class NodeRows {
 
 void addBit(std::uint64_t* set, std::size_t i) { set[i / 64] |= std::uint64_t(1) << (i % 64); }
 
+/// The most words a node set can take: every candidate and every group.
+constexpr std::size_t kMaxWords = (kIds + 63) / 64;
+
+/// Calls `f(std::integral_constant<std::size_t, W>)` with W = `words` when it
+/// is small (so that loops over a set's words have a fixed length), else 0.
+template <class F>
+void withWords(std::size_t words, F f) {
+  switch (words) {
+    case 1: return f(std::integral_constant<std::size_t, 1>());
+    case 2: return f(std::integral_constant<std::size_t, 2>());
+    case 3: return f(std::integral_constant<std::size_t, 3>());
+    case 4: return f(std::integral_constant<std::size_t, 4>());
+    default: return f(std::integral_constant<std::size_t, 0>());
+  }
+}
+
 class ChainSearch {
  public:
-  ChainSearch(const TechniqueBoard& board, ChainKind kind);
+  ChainSearch(const TechniqueContext& context, ChainKind kind);
 
   /// The shortest chain of `minNodes` to `maxNodes` nodes that removes
   /// something, the lowest first node, then the lowest last node, first.
   std::optional<TechniqueStep> find(Technique technique, int minNodes, int maxNodes);
 
  private:
-  bool removes(int s, int e) const;
+  /// The nodes that, as the other end of a chain ending at `e`, make it remove
+  /// something: bit s set exactly when a chain from s to e does.
+  const std::uint64_t* partners(int e);
   std::vector<Candidate> removals(int s, int e) const;
   bool step(const NodeRows& from, const std::vector<int>& at, const std::vector<int>& links, NodeRows& fresh,
             NodeRows& seen) const;
@@ -117,12 +140,17 @@ class ChainSearch {
   std::size_t m_words = 0;  ///< words of a node set
   // Node i's strong links are m_strong[m_strongAt[i] .. m_strongAt[i + 1]], its weak links likewise.
   std::vector<int> m_strongAt, m_strong, m_weakAt, m_weak;
+  /// seenBy[c]: the nodes whose digit cell c holds and whose cells c all sees
+  /// (those whose targets take in c); ofDigit[d]: the nodes of digit d + 1;
+  /// singleAt[c]: the one-cell nodes in cell c.
+  NodeRows m_seenBy, m_ofDigit, m_singleAt;
+  /// partners(e), worked out the first time a chain ends at e.
+  NodeRows m_partners;
+  std::vector<char> m_partnersKnown;
 };
 
-ChainSearch::ChainSearch(const TechniqueBoard& board, ChainKind kind) : m_board(board), m_kind(kind) {
-  for (int c = 0; c < kCellCount; ++c)
-    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1))
-      m_holds[std::size_t(std::countr_zero(m))].add(c);
+ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_board(context.board), m_kind(kind) {
+  for (int d = 1; d <= 9; ++d) m_holds[std::size_t(d - 1)] = context.holds(d);
 
   // Strong links: the two candidates of a cell, and two nodes that between
   // them hold every place of their digit in an area.
@@ -133,37 +161,33 @@ ChainSearch::ChainSearch(const TechniqueBoard& board, ChainKind kind) : m_board(
       const std::uint16_t m = m_board.cand[std::size_t(c)];
       if (count(m) == 2) links.emplace_back(c * 9 + std::countr_zero(m), c * 9 + 15 - std::countl_zero(m));
     }
-  // How many places each digit has in each area.
-  std::array<std::array<std::uint8_t, 9>, 27> placeCount{};
-  for (int c = 0; c < kCellCount && m_kind != ChainKind::XY; ++c)
-    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
-      const auto d = std::size_t(std::countr_zero(m));
-      ++placeCount[std::size_t(rowArea(c))][d];
-      ++placeCount[std::size_t(colArea(c))][d];
-      ++placeCount[std::size_t(boxArea(c))][d];
-    }
+  // Within an area the digit's places are a mask of positions (TechniqueContext::at).
   if (m_kind != ChainKind::XY)
-    for (int a = 0; a < 27; ++a)
+    for (int a = 0; a < 27; ++a) {
+      const auto& cells = kAreas[std::size_t(a)];
       for (int d = 0; d < 9; ++d) {
-        const int n = placeCount[std::size_t(a)][std::size_t(d)];
+        const unsigned places = context.at(a, d + 1);
+        const int n = count(std::uint16_t(places));
         if (n < 2 || n > (m_kind == ChainKind::X ? 2 : 6)) continue;
-        const CellSet places = m_holds[std::size_t(d)] & kAreaSets[std::size_t(a)];
-        if (n == 2) links.emplace_back(places.first() * 9 + d, places.last() * 9 + d);
+        if (n == 2) links.emplace_back(cells[std::size_t(std::countr_zero(places))] * 9 + d,
+                                       cells[std::size_t(31 - std::countl_zero(places | 1u))] * 9 + d);
         if (m_kind != ChainKind::Alternating || n < 3 || n > 6) continue;
-        // A group against the rest, when the rest is one cell or another group.
+        // A group against the rest, when the rest is one cell or another
+        // group. (A segment without places makes a group too: the rest is
+        // then all the places, which another segment may hold.)
         const auto& segments = kAreaSegments[std::size_t(a)];
         const int segmentCount = a < 18 ? 3 : 6;
         for (int i = 0; i < segmentCount; ++i) {
-          const CellSet group = places & kSegments[segments[std::size_t(i)]];
-          const CellSet rest = places - group;
-          if (rest.empty() || group.first() == group.last()) continue;
+          const unsigned group = places & kSegmentPlaces[std::size_t(i)], rest = places & ~group;
+          if (!rest || count(std::uint16_t(group)) == 1) continue;
           const int id = kGroupIds + segments[std::size_t(i)] * 9 + d;
-          if (rest.first() == rest.last()) links.emplace_back(id, rest.first() * 9 + d);
+          if (count(std::uint16_t(rest)) == 1) links.emplace_back(id, cells[std::size_t(std::countr_zero(rest))] * 9 + d);
           for (int j = i + 1; j < segmentCount; ++j)
-            if ((places & kSegments[segments[std::size_t(j)]]) == rest)
+            if ((places & kSegmentPlaces[std::size_t(j)]) == rest)
               links.emplace_back(id, kGroupIds + segments[std::size_t(j)] * 9 + d);
         }
       }
+    }
 
   // Number the nodes with a strong link in order of their cells (as a
   // sequence), then digit: a group comes after the candidates of its first cell.
@@ -239,51 +263,74 @@ ChainSearch::ChainSearch(const TechniqueBoard& board, ChainKind kind) : m_board(
     }
   }
 
-  // seenBy[c]: the nodes whose digit cell c holds and whose cells c all sees.
-  NodeRows seenBy, ofDigit;
+  NodeRows& seenBy = m_seenBy;
+  NodeRows& ofDigit = m_ofDigit;
   seenBy.reset(kCellCount, m_words);
   ofDigit.reset(9, m_words);
+  m_singleAt.reset(m_kind == ChainKind::Alternating ? kCellCount : 0, m_words);
   for (std::size_t i = 0; i < n; ++i) {
     const Node& node = m_nodes[i];
     addBit(ofDigit[std::size_t(node.digit - 1)], i);
     (node.seen & m_holds[std::size_t(node.digit - 1)]).forEach([&](int c) { addBit(seenBy[std::size_t(c)], i); });
+    if (m_kind == ChainKind::Alternating && node.size == 1) addBit(m_singleAt[node.cells[0]], i);
   }
 
   // Weak links: one digit in cells that all see each other, and (in an
   // alternating chain) two digits of one cell.
-  std::vector<std::uint64_t> weak(m_words);
-  m_weakAt.reserve(n + 1);
-  m_weakAt.assign(1, 0);
+  m_weakAt.resize(n + 1);
+  m_weakAt[0] = 0;
+  m_weak.clear();
   m_weak.reserve(n * 16);
-  for (std::size_t i = 0; i < n; ++i) {
-    const Node& node = m_nodes[i];
-    const std::uint64_t* digit = ofDigit[std::size_t(node.digit - 1)];
-    std::copy(digit, digit + m_words, weak.begin());
-    for (int k = 0; k < node.size; ++k) {
-      const std::uint64_t* by = seenBy[node.cells[std::size_t(k)]];
-      for (std::size_t w = 0; w < m_words; ++w) weak[w] &= by[w];
-    }
-    if (m_kind == ChainKind::Alternating && node.size == 1)
-      for (int d = 0; d < 9; ++d) {
-        const int j = index[std::size_t(node.cells[0] * 9 + d)];
-        if (d != node.digit - 1 && j >= 0) addBit(weak.data(), std::size_t(j));
+  withWords(m_words, [&](auto fixed) {
+    constexpr std::size_t W = decltype(fixed)::value;
+    const std::size_t words = W ? W : m_words;
+    std::array<std::uint64_t, W ? W : kMaxWords> weak;
+    for (std::size_t i = 0; i < n; ++i) {
+      const Node& node = m_nodes[i];
+      const std::uint64_t* digit = ofDigit[std::size_t(node.digit - 1)];
+      for (std::size_t w = 0; w < words; ++w) weak[w] = digit[w];
+      for (int k = 0; k < node.size; ++k) {
+        const std::uint64_t* by = seenBy[node.cells[std::size_t(k)]];
+        for (std::size_t w = 0; w < words; ++w) weak[w] &= by[w];
       }
-    for (std::size_t w = 0; w < m_words; ++w)
-      for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1) m_weak.push_back(int(w * 64) + std::countr_zero(bits));
-    m_weakAt.push_back(int(m_weak.size()));
-  }
+      if (m_kind == ChainKind::Alternating && node.size == 1) {
+        // The cell's other candidates (its one-cell nodes less this one).
+        const std::uint64_t* single = m_singleAt[node.cells[0]];
+        for (std::size_t w = 0; w < words; ++w) weak[w] |= single[w] & ~digit[w];
+      }
+      for (std::size_t w = 0; w < words; ++w)
+        for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1)
+          m_weak.push_back(int(w * 64) + std::countr_zero(bits));
+      m_weakAt[i + 1] = int(m_weak.size());
+    }
+  });
 
   for (Node& node : m_nodes) node.targets = node.seen & m_holds[std::size_t(node.digit - 1)];
 }
 
-/// Whether a chain with ends s and e removes something (see removals).
-bool ChainSearch::removes(int s, int e) const {
-  const Node& a = m_nodes[std::size_t(s)];
+/// A chain with ends s and e removes something (see removals) when both ends
+/// hold one digit and a cell with it sees both, or (in an alternating chain)
+/// when one end is a single cell holding the other end's digit and seeing
+/// every cell of it: that cell is among the other end's targets.
+const std::uint64_t* ChainSearch::partners(int e) {
+  std::uint64_t* row = m_partners[std::size_t(e)];
+  if (m_partnersKnown[std::size_t(e)]) return row;
+  m_partnersKnown[std::size_t(e)] = 1;
   const Node& b = m_nodes[std::size_t(e)];
-  if (a.digit == b.digit) return !(a.targets & b.targets).empty();
-  if (m_kind != ChainKind::Alternating) return false;
-  return (a.size == 1 && (b.where - a.seen).empty() && (m_board.cand[a.cells[0]] & bitOf(b.digit))) ||
-         (b.size == 1 && (a.where - b.seen).empty() && (m_board.cand[b.cells[0]] & bitOf(a.digit)));
+  const std::uint64_t* digit = m_ofDigit[std::size_t(b.digit - 1)];
+  const bool alternating = m_kind == ChainKind::Alternating;
+  b.targets.forEach([&](int c) {
+    const std::uint64_t* by = m_seenBy[std::size_t(c)];
+    for (std::size_t w = 0; w < m_words; ++w) row[w] |= by[w] & digit[w];
+    if (!alternating) return;
+    const std::uint64_t* single = m_singleAt[std::size_t(c)];
+    for (std::size_t w = 0; w < m_words; ++w) row[w] |= single[w] & ~digit[w];
+  });
+  if (alternating && b.size == 1) {
+    const std::uint64_t* by = m_seenBy[b.cells[0]];
+    for (std::size_t w = 0; w < m_words; ++w) row[w] |= by[w] & ~digit[w];
+  }
+  return row;
 }
 
 /// What "s or e" removes: a digit of both ends from the cells that see every
@@ -415,6 +462,8 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
   newTrue.reset(n, words);
   newFalse.reset(n, words);
   for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(newFalse[i], i);
+  m_partners.reset(n, words);
+  m_partnersKnown.assign(n, 0);
   std::vector<std::pair<int, int>> hits;
   for (int nodes = 2; nodes <= maxNodes; nodes += 2) {
     const bool any = step(newFalse, m_strongAt, m_strong, newTrue, seenTrue);
@@ -422,15 +471,19 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
     if (nodes >= minNodes) {
       hits.clear();
       // A chain and its reverse are found together: keep the one from the lower end.
-      for (std::size_t e = 0; e < n; ++e)
+      for (std::size_t e = 0; e < n; ++e) {
+        const std::uint64_t* reached = newTrue[e];
+        std::uint64_t below = 0;
+        for (std::size_t w = 0; w <= e / 64; ++w)
+          below |= w == e / 64 ? reached[w] & ((std::uint64_t(1) << (e % 64)) - 1) : reached[w];
+        if (!below) continue;
+        const std::uint64_t* partner = partners(int(e));
         for (std::size_t w = 0; w <= e / 64; ++w) {
-          std::uint64_t bits = newTrue[e][w];
+          std::uint64_t bits = reached[w] & partner[w];
           if (w == e / 64) bits &= (std::uint64_t(1) << (e % 64)) - 1;
-          for (; bits; bits &= bits - 1) {
-            const int s = int(w * 64) + std::countr_zero(bits);
-            if (removes(s, int(e))) hits.emplace_back(s, int(e));
-          }
+          for (; bits; bits &= bits - 1) hits.emplace_back(int(w * 64) + std::countr_zero(bits), int(e));
         }
+      }
       std::sort(hits.begin(), hits.end());
       for (const auto& [s, e] : hits) {
         std::vector<int> path = trace(s, e, nodes);
@@ -461,17 +514,17 @@ constexpr int kMaxAic = 16;
 
 }  // namespace
 
-std::optional<TechniqueStep> findXChain(const TechniqueBoard& board) {
-  return ChainSearch(board, ChainKind::X).find(Technique::XChain, 4, kMaxXChain);
+std::optional<TechniqueStep> findXChain(const TechniqueContext& ctx) {
+  return ChainSearch(ctx, ChainKind::X).find(Technique::XChain, 4, kMaxXChain);
 }
 
-std::optional<TechniqueStep> findXYChain(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findXYChain(const TechniqueContext& ctx) {
   // Three bivalue cells at least (six nodes): two would be a naked pair.
-  return ChainSearch(board, ChainKind::XY).find(Technique::XYChain, 6, kMaxXYChain);
+  return ChainSearch(ctx, ChainKind::XY).find(Technique::XYChain, 6, kMaxXYChain);
 }
 
-std::optional<TechniqueStep> findAIC(const TechniqueBoard& board) {
-  return ChainSearch(board, ChainKind::Alternating).find(Technique::AIC, 4, kMaxAic);
+std::optional<TechniqueStep> findAIC(const TechniqueContext& ctx) {
+  return ChainSearch(ctx, ChainKind::Alternating).find(Technique::AIC, 4, kMaxAic);
 }
 
 }  // namespace tessaly

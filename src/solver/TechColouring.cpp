@@ -27,13 +27,7 @@ struct Cluster {
 /// returns a step. A cluster whose pairs cannot be two-coloured (only on a
 /// board with no solution) is passed over.
 template <typename Look>
-std::optional<TechniqueStep> eachCluster(const TechniqueBoard& board, Look look) {
-  // Where each digit stands in each area: bit k for the area's k-th cell.
-  std::array<std::array<std::uint16_t, 9>, 27> places{};
-  for (std::size_t area = 0; area < 27; ++area)
-    for (std::size_t k = 0; k < 9; ++k)
-      for (std::uint16_t m = board.cand[kAreas[area][k]]; m; m &= std::uint16_t(m - 1))
-        places[area][std::size_t(std::countr_zero(unsigned(m)))] |= std::uint16_t(1u << k);
+std::optional<TechniqueStep> eachCluster(const TechniqueContext& ctx, Look look) {
   std::array<std::uint8_t, kCellCount> queue;
   for (int d = 1; d <= 9; ++d) {
     // The conjugate pairs, as up to three partners per cell (row, column, box).
@@ -41,8 +35,8 @@ std::optional<TechniqueStep> eachCluster(const TechniqueBoard& board, Look look)
     std::array<std::uint8_t, kCellCount> partners{};
     bool anyPair = false;
     for (std::size_t area = 0; area < 27; ++area) {
-      const std::uint16_t at = places[area][std::size_t(d - 1)];
-      if (count(at) != 2) continue;
+      if (!(ctx.linked(int(area)) & bitOf(d))) continue;
+      const std::uint16_t at = ctx.at(int(area), d);
       const std::uint8_t a = kAreas[area][std::size_t(std::countr_zero(unsigned(at)))];
       const std::uint8_t b = kAreas[area][std::size_t(15 - std::countl_zero(at))];
       partner[a][partners[a]++] = b;
@@ -50,10 +44,7 @@ std::optional<TechniqueStep> eachCluster(const TechniqueBoard& board, Look look)
       anyPair = true;
     }
     if (!anyPair) continue;
-    const std::uint16_t bit = bitOf(d);
-    CellSet holders;
-    for (int c = 0; c < kCellCount; ++c)
-      if (board.cand[std::size_t(c)] & bit) holders.add(c);
+    const CellSet& holders = ctx.holds(d);
     std::array<std::int8_t, kCellCount> colourOf{};  // 0 not yet coloured, else 1 or 2
     for (int start = 0; start < kCellCount; ++start) {
       if (!partners[std::size_t(start)] || colourOf[std::size_t(start)]) continue;
@@ -98,8 +89,8 @@ TechniqueStep colourStep(Technique technique, int digit, const CellSet& first, c
 
 }  // namespace
 
-std::optional<TechniqueStep> findColourTrap(const TechniqueBoard& board) {
-  return eachCluster(board, [](int digit, const CellSet& holders, const Cluster& cluster) -> std::optional<TechniqueStep> {
+std::optional<TechniqueStep> findColourTrap(const TechniqueContext& ctx) {
+  return eachCluster(ctx, [](int digit, const CellSet& holders, const Cluster& cluster) -> std::optional<TechniqueStep> {
     CellSet coloured = cluster.colour[0];
     coloured |= cluster.colour[1];
     const CellSet trapped = (holders & cluster.seen[0] & cluster.seen[1]) - coloured;
@@ -110,8 +101,8 @@ std::optional<TechniqueStep> findColourTrap(const TechniqueBoard& board) {
   });
 }
 
-std::optional<TechniqueStep> findColourWrap(const TechniqueBoard& board) {
-  return eachCluster(board, [](int digit, const CellSet&, const Cluster& cluster) -> std::optional<TechniqueStep> {
+std::optional<TechniqueStep> findColourWrap(const TechniqueContext& ctx) {
+  return eachCluster(ctx, [](int digit, const CellSet&, const Cluster& cluster) -> std::optional<TechniqueStep> {
     const bool wrapped[2] = {(cluster.colour[0] & cluster.seen[0]).any(), (cluster.colour[1] & cluster.seen[1]).any()};
     // Both colours seeing themselves happens only on a board with no solution.
     if (wrapped[0] == wrapped[1]) return std::nullopt;

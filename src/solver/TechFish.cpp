@@ -48,7 +48,7 @@ TechniqueStep fishStep(const TechniqueBoard& board, const Fish& fish) {
 }
 
 // The places of `digit` across each line of one direction.
-std::array<std::uint16_t, 9> lineMasks(const tech::Places& places, bool rows, int digit) {
+std::array<std::uint16_t, 9> lineMasks(const TechniqueContext& places, bool rows, int digit) {
   std::array<std::uint16_t, 9> masks{};
   for (int line = 0; line < 9; ++line) masks[std::size_t(line)] = places.at(baseArea(rows, line), digit);
   return masks;
@@ -65,8 +65,8 @@ unsigned linesWith(const std::array<std::uint16_t, 9>& masks, int least, int mos
 
 // n base lines whose places of a digit lie in n cover lines: the digit leaves
 // the cover lines' other cells.
-std::optional<TechniqueStep> findFish(const TechniqueBoard& board, int n, Technique technique) {
-  const tech::Places places(board);
+std::optional<TechniqueStep> findFish(const TechniqueContext& places, int n, Technique technique) {
+  const TechniqueBoard& board = places.board;
   for (const bool rows : {true, false}) {
     std::optional<Fish> best;
     for (int d = 1; d <= 9; ++d) {
@@ -93,8 +93,8 @@ std::optional<TechniqueStep> findFish(const TechniqueBoard& board, int n, Techni
 // the digit is there, so the cover lines' cells in the fins' box (outside the
 // base lines) lose the digit either way. Sashimi when a base line keeps one
 // cell besides its fins.
-std::optional<TechniqueStep> findFinnedFish(const TechniqueBoard& board, int n, Technique finned, Technique sashimi) {
-  const tech::Places places(board);
+std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, int n, Technique finned, Technique sashimi) {
+  const TechniqueBoard& board = places.board;
   for (const bool rows : {true, false}) {
     std::optional<Fish> best;
     for (int d = 1; d <= 9; ++d) {
@@ -146,18 +146,18 @@ std::optional<TechniqueStep> findFinnedFish(const TechniqueBoard& board, int n, 
 
 }  // namespace
 
-std::optional<TechniqueStep> findXWing(const TechniqueBoard& board) { return findFish(board, 2, Technique::XWing); }
-std::optional<TechniqueStep> findSwordfish(const TechniqueBoard& board) {
-  return findFish(board, 3, Technique::Swordfish);
+std::optional<TechniqueStep> findXWing(const TechniqueContext& ctx) { return findFish(ctx, 2, Technique::XWing); }
+std::optional<TechniqueStep> findSwordfish(const TechniqueContext& ctx) {
+  return findFish(ctx, 3, Technique::Swordfish);
 }
-std::optional<TechniqueStep> findJellyfish(const TechniqueBoard& board) {
-  return findFish(board, 4, Technique::Jellyfish);
+std::optional<TechniqueStep> findJellyfish(const TechniqueContext& ctx) {
+  return findFish(ctx, 4, Technique::Jellyfish);
 }
-std::optional<TechniqueStep> findFinnedXWing(const TechniqueBoard& board) {
-  return findFinnedFish(board, 2, Technique::FinnedXWing, Technique::SashimiXWing);
+std::optional<TechniqueStep> findFinnedXWing(const TechniqueContext& ctx) {
+  return findFinnedFish(ctx, 2, Technique::FinnedXWing, Technique::SashimiXWing);
 }
-std::optional<TechniqueStep> findFinnedSwordfish(const TechniqueBoard& board) {
-  return findFinnedFish(board, 3, Technique::FinnedSwordfish, Technique::SashimiSwordfish);
+std::optional<TechniqueStep> findFinnedSwordfish(const TechniqueContext& ctx) {
+  return findFinnedFish(ctx, 3, Technique::FinnedSwordfish, Technique::SashimiSwordfish);
 }
 
 }  // namespace tessaly

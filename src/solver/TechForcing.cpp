@@ -304,7 +304,8 @@ int assumptions(const TechniqueBoard& board, const Source& src, std::array<Candi
 
 /// The sources with `n` possibilities, in order; `visit` returns false to stop.
 template <class Visit>
-void forEachSource(const TechniqueBoard& board, bool units, int n, Visit visit) {
+void forEachSource(const TechniqueContext& ctx, bool units, int n, Visit visit) {
+  const TechniqueBoard& board = ctx.board;
   if (!units) {
     for (int c = 0; c < kCellCount; ++c)
       if (!board.value[std::size_t(c)] && count(board.cand[std::size_t(c)]) == n) visit(Source{c, -1, 0});
@@ -312,26 +313,23 @@ void forEachSource(const TechniqueBoard& board, bool units, int n, Visit visit) 
   }
   for (int a = 0; a < 27; ++a) {
     std::uint16_t placed = 0;
-    std::array<int, 9> places{};
-    for (std::uint8_t c : kAreas[std::size_t(a)]) {
+    for (std::uint8_t c : kAreas[std::size_t(a)])
       if (board.value[c]) placed |= bitOf(board.value[c]);
-      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
-        ++places[std::size_t(std::countr_zero(unsigned(m)))];
-    }
     for (int d = 1; d <= 9; ++d)
-      if (!(placed & bitOf(d)) && places[std::size_t(d - 1)] == n) visit(Source{-1, a, d});
+      if (!(placed & bitOf(d)) && count(ctx.at(a, d)) == n) visit(Source{-1, a, d});
   }
 }
 
 /// The forcing chain with the fewest branches, and among those the fewest
 /// implications (ties: the first source, then the first conclusion, in order).
-std::optional<TechniqueStep> findForcing(const TechniqueBoard& board, bool units) {
+std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units) {
+  const TechniqueBoard& board = ctx.board;
   std::array<BranchState, 9> branches;
   std::array<Candidate, 9> assumed;
   for (int n = 2; n <= 9; ++n) {
     Source bestSource;
     Conclusion best;
-    forEachSource(board, units, n, [&](const Source& src) {
+    forEachSource(ctx, units, n, [&](const Source& src) {
       assumptions(board, src, assumed);
       for (int b = 0; b < n; ++b)
         runBranch(board, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
@@ -363,7 +361,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueBoard& board, bool units
 
 }  // namespace
 
-std::optional<TechniqueStep> findCellForcingChain(const TechniqueBoard& board) { return findForcing(board, false); }
-std::optional<TechniqueStep> findUnitForcingChain(const TechniqueBoard& board) { return findForcing(board, true); }
+std::optional<TechniqueStep> findCellForcingChain(const TechniqueContext& ctx) { return findForcing(ctx, false); }
+std::optional<TechniqueStep> findUnitForcingChain(const TechniqueContext& ctx) { return findForcing(ctx, true); }
 
 }  // namespace tessaly

@@ -42,8 +42,9 @@ ChainNode node(int cell, int digit) { return {{cell}, digit}; }
 
 // Two parallel lines where the digit has two places each, one of them in a
 // common cross line: the two other ends cannot both be empty of the digit.
-std::optional<TechniqueStep> findSkyscraper(const TechniqueBoard& board) {
-  const tech::Places places(board);
+std::optional<TechniqueStep> findSkyscraper(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
+  const TechniqueContext& places = ctx;
   for (const bool rows : {true, false}) {
     const int first = rows ? 0 : 9;
     std::array<std::uint16_t, 9> linked{};
@@ -69,8 +70,9 @@ std::optional<TechniqueStep> findSkyscraper(const TechniqueBoard& board) {
 
 // A row and a column where the digit has two places each, one end of each in
 // the same box: the row's other end or the column's other end holds it.
-std::optional<TechniqueStep> findTwoStringKite(const TechniqueBoard& board) {
-  const tech::Places places(board);
+std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
+  const TechniqueContext& places = ctx;
   std::array<std::uint16_t, 18> linked{};
   for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area);
   for (int r = 0; r < 9; ++r)
@@ -101,8 +103,9 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueBoard& board) {
 // holds the digit, the box's digit is in the cross's other line; if not, the
 // line's other end holds it. The cell where the cross's other line meets the
 // other end's line sees both.
-std::optional<TechniqueStep> findEmptyRectangle(const TechniqueBoard& board) {
-  const tech::Places places(board);
+std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
+  const TechniqueContext& places = ctx;
   std::array<std::uint16_t, 18> linked{};
   for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area);
   for (int b = 0; b < 9; ++b)

@@ -142,11 +142,11 @@ void forEachRuleInstance(Technique rule, const TechniqueBoard& board, const Rule
   }
 }
 
-std::optional<TechniqueStep> findNakedSingle(const TechniqueBoard& board) { return first(Technique::Rule1, board); }
-std::optional<TechniqueStep> findHiddenSingle(const TechniqueBoard& board) { return first(Technique::Rule5, board); }
-std::optional<TechniqueStep> findPointing(const TechniqueBoard& board) { return first(Technique::Rule2, board); }
-std::optional<TechniqueStep> findClaiming(const TechniqueBoard& board) { return first(Technique::Rule4, board); }
-std::optional<TechniqueStep> findNakedPair(const TechniqueBoard& board) { return first(Technique::Rule3, board); }
-std::optional<TechniqueStep> findEqualGroup(const TechniqueBoard& board) { return first(Technique::Rule6, board); }
+std::optional<TechniqueStep> findNakedSingle(const TechniqueContext& ctx) { return first(Technique::Rule1, ctx.board); }
+std::optional<TechniqueStep> findHiddenSingle(const TechniqueContext& ctx) { return first(Technique::Rule5, ctx.board); }
+std::optional<TechniqueStep> findPointing(const TechniqueContext& ctx) { return first(Technique::Rule2, ctx.board); }
+std::optional<TechniqueStep> findClaiming(const TechniqueContext& ctx) { return first(Technique::Rule4, ctx.board); }
+std::optional<TechniqueStep> findNakedPair(const TechniqueContext& ctx) { return first(Technique::Rule3, ctx.board); }
+std::optional<TechniqueStep> findEqualGroup(const TechniqueContext& ctx) { return first(Technique::Rule6, ctx.board); }
 
 }  // namespace tessaly

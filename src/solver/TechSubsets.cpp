@@ -17,7 +17,8 @@ namespace {
 
 // n cells of an area holding n digits between them: those digits leave the
 // area's other cells.
-std::optional<TechniqueStep> findNaked(const TechniqueBoard& board, int n, Technique technique) {
+std::optional<TechniqueStep> findNaked(const TechniqueContext& ctx, int n, Technique technique) {
+  const TechniqueBoard& board = ctx.board;
   std::optional<TechniqueStep> step;
   for (int area = 0; area < 27 && !step; ++area) {
     const auto& cells = kAreas[std::size_t(area)];
@@ -53,15 +54,15 @@ std::optional<TechniqueStep> findNaked(const TechniqueBoard& board, int n, Techn
 }
 
 // n digits whose places in an area are n cells: those cells hold nothing else.
-std::optional<TechniqueStep> findHidden(const TechniqueBoard& board, int n, Technique technique) {
-  const tech::Places places(board);
+std::optional<TechniqueStep> findHidden(const TechniqueContext& ctx, int n, Technique technique) {
+  const TechniqueBoard& board = ctx.board;
   std::optional<TechniqueStep> step;
   for (int area = 0; area < 27 && !step; ++area) {
     const auto& cells = kAreas[std::size_t(area)];
     std::array<std::uint16_t, 9> where{};
     unsigned eligible = 0;
     for (int d = 1; d <= 9; ++d) {
-      where[std::size_t(d - 1)] = places.at(area, d);
+      where[std::size_t(d - 1)] = ctx.at(area, d);
       const int count = bits(where[std::size_t(d - 1)]);
       if (count >= 2 && count <= n) eligible |= 1u << (d - 1);
     }
@@ -91,20 +92,20 @@ std::optional<TechniqueStep> findHidden(const TechniqueBoard& board, int n, Tech
 
 }  // namespace
 
-std::optional<TechniqueStep> findHiddenPair(const TechniqueBoard& board) {
-  return findHidden(board, 2, Technique::HiddenPair);
+std::optional<TechniqueStep> findHiddenPair(const TechniqueContext& ctx) {
+  return findHidden(ctx, 2, Technique::HiddenPair);
 }
-std::optional<TechniqueStep> findNakedTriple(const TechniqueBoard& board) {
-  return findNaked(board, 3, Technique::NakedTriple);
+std::optional<TechniqueStep> findNakedTriple(const TechniqueContext& ctx) {
+  return findNaked(ctx, 3, Technique::NakedTriple);
 }
-std::optional<TechniqueStep> findHiddenTriple(const TechniqueBoard& board) {
-  return findHidden(board, 3, Technique::HiddenTriple);
+std::optional<TechniqueStep> findHiddenTriple(const TechniqueContext& ctx) {
+  return findHidden(ctx, 3, Technique::HiddenTriple);
 }
-std::optional<TechniqueStep> findNakedQuad(const TechniqueBoard& board) {
-  return findNaked(board, 4, Technique::NakedQuad);
+std::optional<TechniqueStep> findNakedQuad(const TechniqueContext& ctx) {
+  return findNaked(ctx, 4, Technique::NakedQuad);
 }
-std::optional<TechniqueStep> findHiddenQuad(const TechniqueBoard& board) {
-  return findHidden(board, 4, Technique::HiddenQuad);
+std::optional<TechniqueStep> findHiddenQuad(const TechniqueContext& ctx) {
+  return findHidden(ctx, 4, Technique::HiddenQuad);
 }
 
 }  // namespace tessaly

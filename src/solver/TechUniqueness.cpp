@@ -119,7 +119,8 @@ bool confinedTo(const TechniqueBoard& board, int area, int digit, int a, int b) 
 
 }  // namespace
 
-std::optional<TechniqueStep> findUniqueRectangle1(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findUniqueRectangle1(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   return eachRectangle(board, [&](const Corners& corners, const Masks& masks) {
     return eachPair(masks, [&](std::uint16_t pair, unsigned exact) -> std::optional<TechniqueStep> {
       if (count(std::uint16_t(exact)) != 3) return std::nullopt;
@@ -135,7 +136,8 @@ std::optional<TechniqueStep> findUniqueRectangle1(const TechniqueBoard& board) {
   });
 }
 
-std::optional<TechniqueStep> findUniqueRectangle2(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findUniqueRectangle2(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   return eachRectangle(board, [&](const Corners& corners, const Masks& masks) {
     return eachPair(masks, [&](std::uint16_t pair, unsigned exact) -> std::optional<TechniqueStep> {
       if (count(std::uint16_t(exact)) != 2) return std::nullopt;
@@ -156,7 +158,8 @@ std::optional<TechniqueStep> findUniqueRectangle2(const TechniqueBoard& board) {
   });
 }
 
-std::optional<TechniqueStep> findUniqueRectangle4(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findUniqueRectangle4(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   return eachRectangle(board, [&](const Corners& corners, const Masks& masks) {
     return eachPair(masks, [&](std::uint16_t pair, unsigned exact) -> std::optional<TechniqueStep> {
       // The two exact corners share a row or a column (not a diagonal), and so do the others.
@@ -183,7 +186,8 @@ std::optional<TechniqueStep> findUniqueRectangle4(const TechniqueBoard& board) {
   });
 }
 
-std::optional<TechniqueStep> findBugPlus1(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findBugPlus1(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   if (!board.uniqueSolution) return std::nullopt;
   int odd = -1;  // the one open cell with three candidates
   for (int c = 0; c < kCellCount; ++c) {

@@ -46,7 +46,8 @@ int bivaluePeers(const TechniqueBoard& board, int cell, bool inside, std::array<
 
 }  // namespace
 
-std::optional<TechniqueStep> findXYWing(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   std::array<int, 20> wings{};
   for (int pivot = 0; pivot < kCellCount; ++pivot) {
     const std::uint16_t pm = board.cand[std::size_t(pivot)];
@@ -72,7 +73,8 @@ std::optional<TechniqueStep> findXYWing(const TechniqueBoard& board) {
   return std::nullopt;
 }
 
-std::optional<TechniqueStep> findXYZWing(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   std::array<int, 20> wings{};
   for (int pivot = 0; pivot < kCellCount; ++pivot) {
     const std::uint16_t pm = board.cand[std::size_t(pivot)];
@@ -97,15 +99,12 @@ std::optional<TechniqueStep> findXYZWing(const TechniqueBoard& board) {
   return std::nullopt;
 }
 
-std::optional<TechniqueStep> findWWing(const TechniqueBoard& board) {
+std::optional<TechniqueStep> findWWing(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   std::array<int, kCellCount> bivalue{};
   int n = 0;
   for (int c = 0; c < kCellCount; ++c)
     if (count(board.cand[std::size_t(c)]) == 2) bivalue[std::size_t(n++)] = c;
-  // Where each digit stands in each area (bit k for the area's k-th cell),
-  // worked out for a digit the first time a pair of cells asks for it.
-  std::array<std::array<std::uint16_t, 27>, 9> places;
-  std::uint16_t known = 0;
   for (int i = 0; i < n; ++i)
     for (int j = i + 1; j < n; ++j) {
       const int a = bivalue[std::size_t(i)], b = bivalue[std::size_t(j)];
@@ -114,19 +113,11 @@ std::optional<TechniqueStep> findWWing(const TechniqueBoard& board) {
       for (std::uint16_t xs = pair; xs; xs &= std::uint16_t(xs - 1)) {
         const int x = digitOf(std::uint16_t(xs & -xs));
         const int z = digitOf(std::uint16_t(pair & ~bitOf(x)));
-        auto& at = places[std::size_t(x - 1)];
-        if (!(known & bitOf(x))) {
-          for (std::size_t area = 0; area < 27; ++area) {
-            at[area] = 0;
-            for (std::size_t k = 0; k < 9; ++k)
-              if (board.cand[kAreas[area][k]] & bitOf(x)) at[area] |= std::uint16_t(1u << k);
-          }
-          known |= bitOf(x);
-        }
         for (std::size_t area = 0; area < 27; ++area) {
-          if (count(at[area]) != 2) continue;
-          int p = kAreas[area][std::size_t(std::countr_zero(unsigned(at[area])))];
-          int q = kAreas[area][std::size_t(15 - std::countl_zero(at[area]))];
+          if (!(ctx.linked(int(area)) & bitOf(x))) continue;
+          const std::uint16_t at = ctx.at(int(area), x);
+          int p = kAreas[area][std::size_t(std::countr_zero(unsigned(at)))];
+          int q = kAreas[area][std::size_t(15 - std::countl_zero(at))];
           // The end that sees the first bivalue cell comes first in the chain.
           if (!(sees(p, a) && sees(q, b))) {
             if (!(sees(q, a) && sees(p, b))) continue;

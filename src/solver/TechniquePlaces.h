@@ -1,8 +1,8 @@
 #pragma once
-// What the subset, fish and single-digit finders share: where each digit can
-// go in each area, as 9-bit masks of the area's positions, built once per call
-// so that a line or a box is tested with a few bit operations, and a search for
-// n masks of a list whose union has exactly n bits.
+// What the subset, fish and single-digit finders share besides the places of
+// each digit in each area (TechniqueContext::at): small helpers on 9-bit masks
+// of an area's positions, and a search for n masks of a list whose union has
+// exactly n bits.
 
 #include <array>
 #include <bit>
@@ -11,36 +11,6 @@
 #include "solver/Techniques.h"
 
 namespace tessaly::tech {
-
-/// Places of each digit in each area: bit k of at(area, d) is set when d is a
-/// candidate of kAreas[area][k]. In a row k is the column, in a column the
-/// row, in a box (row % 3) * 3 + column % 3.
-class Places {
- public:
-  explicit Places(const TechniqueBoard& board) {
-    for (int cell = 0; cell < bitgrid::kCellCount; ++cell) {
-      const int r = bitgrid::rowOf(cell), c = bitgrid::colOf(cell);
-      const int box = bitgrid::boxOf(cell), k = (r % 3) * 3 + c % 3;
-      for (unsigned set = board.cand[std::size_t(cell)]; set; set &= set - 1) {
-        const auto i = std::size_t(std::countr_zero(set));
-        m_at[std::size_t(r)][i] |= std::uint16_t(1u << c);
-        m_at[std::size_t(9 + c)][i] |= std::uint16_t(1u << r);
-        m_at[std::size_t(18 + box)][i] |= std::uint16_t(1u << k);
-      }
-    }
-  }
-  std::uint16_t at(int area, int digit) const { return m_at[std::size_t(area)][std::size_t(digit - 1)]; }
-  /// The digits with exactly two places in the area (a strong link each).
-  std::uint16_t linked(int area) const {
-    std::uint16_t digits = 0;
-    for (std::size_t i = 0; i < 9; ++i)
-      if (bitgrid::count(m_at[std::size_t(area)][i]) == 2) digits |= std::uint16_t(1u << i);
-    return digits;
-  }
-
- private:
-  std::array<std::array<std::uint16_t, 9>, 27> m_at{};
-};
 
 /// Members of a 9-bit mask (a table look-up: a portable build has no
 /// population-count instruction, and these run in the innermost loops).

@@ -1,6 +1,7 @@
 #include "solver/Techniques.h"
 
 #include <algorithm>
+#include <bit>
 #include <sstream>
 
 namespace tessaly {
@@ -24,6 +25,29 @@ std::string_view trimmed(std::string_view s) {
 }  // namespace
 
 bool sees(int a, int b) { return kSees[std::size_t(a)][std::size_t(b)]; }
+
+TechniqueContext::TechniqueContext(const TechniqueBoard& b) : board(b) {
+  for (int c = 0; c < kCellCount; ++c)
+    for (unsigned m = board.cand[std::size_t(c)]; m; m &= m - 1) m_holds[std::size_t(std::countr_zero(m))].add(c);
+  // Each digit's rows are nine-bit slices of its cells; its columns and boxes
+  // are read off the rows.
+  for (std::size_t i = 0; i < 9; ++i) {
+    const CellSet& h = m_holds[i];
+    for (int r = 0; r < 9; ++r) {
+      const int start = 9 * r;
+      const std::uint64_t bits = start + 9 <= 64 ? h.lo >> start : start >= 64 ? h.hi >> (start - 64)
+                                                                                 : (h.lo >> start) | (h.hi << (64 - start));
+      const auto row = std::uint16_t(bits & kAll);
+      m_at[std::size_t(r)][i] = row;
+      for (unsigned m = row; m; m &= m - 1) m_at[std::size_t(9 + std::countr_zero(m))][i] |= std::uint16_t(1u << r);
+      for (int stack = 0; stack < 3; ++stack)
+        m_at[std::size_t(18 + (r / 3) * 3 + stack)][i] |= std::uint16_t(((row >> (3 * stack)) & 7u) << (3 * (r % 3)));
+    }
+  }
+  for (std::size_t a = 0; a < 27; ++a)
+    for (std::size_t i = 0; i < 9; ++i)
+      if (count(m_at[a][i]) == 2) m_linked[a] |= std::uint16_t(1u << i);
+}
 
 std::optional<TechniqueSet> parseTechniqueSet(std::string_view text) {
   text = trimmed(text);
@@ -59,9 +83,10 @@ std::string techniqueNameList() {
 }
 
 std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules) {
+  const TechniqueContext context(board);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !enabled.has(t.id) || (!withRules && t.family == TechniqueFamily::Rules)) continue;
-    if (auto step = t.find(board)) return step;
+    if (auto step = t.find(context)) return step;
   }
   return std::nullopt;
 }

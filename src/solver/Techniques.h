@@ -21,6 +21,7 @@
 
 #include "model/TechniqueStep.h"
 #include "solver/BitGrid.h"
+#include "solver/CellSet.h"
 
 namespace tessaly {
 
@@ -34,11 +35,34 @@ struct TechniqueBoard {
   bool uniqueSolution = false;
 };
 
+/// A board with what many finders read of it worked out once: where each
+/// digit can go in each area and which cells hold each digit. The step search
+/// makes one per board and hands it to every finder it tries; a finder called
+/// with a plain board gets one made for that call.
+class TechniqueContext {
+ public:
+  TechniqueContext(const TechniqueBoard& board);  // implicit: a board is enough to call a finder
+
+  const TechniqueBoard& board;
+  /// Bit k is set when the digit is a candidate of kAreas[area][k]: in a row
+  /// k is the column, in a column the row, in a box (row % 3) * 3 + column % 3.
+  std::uint16_t at(int area, int digit) const { return m_at[std::size_t(area)][std::size_t(digit - 1)]; }
+  /// The digits with exactly two places in the area (a strong link each).
+  std::uint16_t linked(int area) const { return m_linked[std::size_t(area)]; }
+  /// The cells holding the digit as a candidate.
+  const CellSet& holds(int digit) const { return m_holds[std::size_t(digit - 1)]; }
+
+ private:
+  std::array<std::array<std::uint16_t, 9>, 27> m_at{};
+  std::array<std::uint16_t, 27> m_linked{};
+  std::array<CellSet, 9> m_holds{};
+};
+
 /// A finder: the first instance of its technique on the board that removes or
 /// places something, found in a fixed order (lowest area, digit and cells
 /// first), or nothing. It never changes the board and never runs past it: a
 /// board with no solution gets nothing or a step that is sound for it.
-using TechniqueFinder = std::optional<TechniqueStep> (*)(const TechniqueBoard&);
+using TechniqueFinder = std::optional<TechniqueStep> (*)(const TechniqueContext&);
 
 /// Which group of techniques a row belongs to (the help page's sections and
 /// the grade).
@@ -66,44 +90,44 @@ using RuleVisitor = std::function<bool(const TechniqueStep&)>;
 /// removes something, in the order its finder looks: the finder's step is
 /// the first.
 void forEachRuleInstance(Technique rule, const TechniqueBoard& board, const RuleVisitor& visit);
-std::optional<TechniqueStep> findNakedSingle(const TechniqueBoard&);
-std::optional<TechniqueStep> findHiddenSingle(const TechniqueBoard&);
-std::optional<TechniqueStep> findPointing(const TechniqueBoard&);
-std::optional<TechniqueStep> findClaiming(const TechniqueBoard&);
-std::optional<TechniqueStep> findNakedPair(const TechniqueBoard&);
-std::optional<TechniqueStep> findEqualGroup(const TechniqueBoard&);
+std::optional<TechniqueStep> findNakedSingle(const TechniqueContext&);
+std::optional<TechniqueStep> findHiddenSingle(const TechniqueContext&);
+std::optional<TechniqueStep> findPointing(const TechniqueContext&);
+std::optional<TechniqueStep> findClaiming(const TechniqueContext&);
+std::optional<TechniqueStep> findNakedPair(const TechniqueContext&);
+std::optional<TechniqueStep> findEqualGroup(const TechniqueContext&);
 
 // The finders, one per technique row (implemented in TechSubsets.cpp,
 // TechFish.cpp, TechPatterns.cpp, TechWings.cpp, TechUniqueness.cpp,
 // TechColouring.cpp, TechChains.cpp, TechAls.cpp, TechForcing.cpp).
-std::optional<TechniqueStep> findHiddenPair(const TechniqueBoard&);
-std::optional<TechniqueStep> findNakedTriple(const TechniqueBoard&);
-std::optional<TechniqueStep> findHiddenTriple(const TechniqueBoard&);
-std::optional<TechniqueStep> findNakedQuad(const TechniqueBoard&);
-std::optional<TechniqueStep> findHiddenQuad(const TechniqueBoard&);
-std::optional<TechniqueStep> findXWing(const TechniqueBoard&);
-std::optional<TechniqueStep> findSwordfish(const TechniqueBoard&);
-std::optional<TechniqueStep> findJellyfish(const TechniqueBoard&);
-std::optional<TechniqueStep> findFinnedXWing(const TechniqueBoard&);      ///< finned or sashimi
-std::optional<TechniqueStep> findFinnedSwordfish(const TechniqueBoard&);  ///< finned or sashimi
-std::optional<TechniqueStep> findSkyscraper(const TechniqueBoard&);
-std::optional<TechniqueStep> findTwoStringKite(const TechniqueBoard&);
-std::optional<TechniqueStep> findEmptyRectangle(const TechniqueBoard&);
-std::optional<TechniqueStep> findXYWing(const TechniqueBoard&);
-std::optional<TechniqueStep> findXYZWing(const TechniqueBoard&);
-std::optional<TechniqueStep> findWWing(const TechniqueBoard&);
-std::optional<TechniqueStep> findUniqueRectangle1(const TechniqueBoard&);
-std::optional<TechniqueStep> findUniqueRectangle2(const TechniqueBoard&);
-std::optional<TechniqueStep> findUniqueRectangle4(const TechniqueBoard&);
-std::optional<TechniqueStep> findBugPlus1(const TechniqueBoard&);
-std::optional<TechniqueStep> findColourTrap(const TechniqueBoard&);
-std::optional<TechniqueStep> findColourWrap(const TechniqueBoard&);
-std::optional<TechniqueStep> findXChain(const TechniqueBoard&);
-std::optional<TechniqueStep> findXYChain(const TechniqueBoard&);
-std::optional<TechniqueStep> findAIC(const TechniqueBoard&);
-std::optional<TechniqueStep> findAlsXz(const TechniqueBoard&);
-std::optional<TechniqueStep> findCellForcingChain(const TechniqueBoard&);
-std::optional<TechniqueStep> findUnitForcingChain(const TechniqueBoard&);
+std::optional<TechniqueStep> findHiddenPair(const TechniqueContext&);
+std::optional<TechniqueStep> findNakedTriple(const TechniqueContext&);
+std::optional<TechniqueStep> findHiddenTriple(const TechniqueContext&);
+std::optional<TechniqueStep> findNakedQuad(const TechniqueContext&);
+std::optional<TechniqueStep> findHiddenQuad(const TechniqueContext&);
+std::optional<TechniqueStep> findXWing(const TechniqueContext&);
+std::optional<TechniqueStep> findSwordfish(const TechniqueContext&);
+std::optional<TechniqueStep> findJellyfish(const TechniqueContext&);
+std::optional<TechniqueStep> findFinnedXWing(const TechniqueContext&);      ///< finned or sashimi
+std::optional<TechniqueStep> findFinnedSwordfish(const TechniqueContext&);  ///< finned or sashimi
+std::optional<TechniqueStep> findSkyscraper(const TechniqueContext&);
+std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext&);
+std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext&);
+std::optional<TechniqueStep> findXYWing(const TechniqueContext&);
+std::optional<TechniqueStep> findXYZWing(const TechniqueContext&);
+std::optional<TechniqueStep> findWWing(const TechniqueContext&);
+std::optional<TechniqueStep> findUniqueRectangle1(const TechniqueContext&);
+std::optional<TechniqueStep> findUniqueRectangle2(const TechniqueContext&);
+std::optional<TechniqueStep> findUniqueRectangle4(const TechniqueContext&);
+std::optional<TechniqueStep> findBugPlus1(const TechniqueContext&);
+std::optional<TechniqueStep> findColourTrap(const TechniqueContext&);
+std::optional<TechniqueStep> findColourWrap(const TechniqueContext&);
+std::optional<TechniqueStep> findXChain(const TechniqueContext&);
+std::optional<TechniqueStep> findXYChain(const TechniqueContext&);
+std::optional<TechniqueStep> findAIC(const TechniqueContext&);
+std::optional<TechniqueStep> findAlsXz(const TechniqueContext&);
+std::optional<TechniqueStep> findCellForcingChain(const TechniqueContext&);
+std::optional<TechniqueStep> findUnitForcingChain(const TechniqueContext&);
 
 inline constexpr std::array<TechniqueInfo, kTechniqueCount> kTechniques{{
     {Technique::Rule1, TechniqueFamily::Rules, "Rule 1: naked singles", "rule1", findNakedSingle, 1},

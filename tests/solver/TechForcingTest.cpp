@@ -58,10 +58,10 @@ bool branchesReplay(const TechniqueBoard& board, const TechniqueStep& step) {
 }
 
 template <TechniqueFinder find>
-std::optional<TechniqueStep> replayed(const TechniqueBoard& board) {
-  auto step = find(board);
+std::optional<TechniqueStep> replayed(const TechniqueContext& context) {
+  auto step = find(context);
   if (step) {
-    EXPECT_TRUE(branchesReplay(board, *step));
+    EXPECT_TRUE(branchesReplay(context.board, *step));
   }
   return step;
 }

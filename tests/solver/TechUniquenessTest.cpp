@@ -97,8 +97,9 @@ int bugSteps = 0;
 /// BUG+1 where it applies, else a single or locked candidates, else a wing or
 /// a unique rectangle: the walk over the sample then stalls on mostly bivalue
 /// boards, where BUG+1 turns up (on the bare walk it never does).
-std::optional<TechniqueStep> bugOrSimpler(const TechniqueBoard& board) {
-  if (auto step = findBugPlus1(board)) {
+std::optional<TechniqueStep> bugOrSimpler(const TechniqueContext& context) {
+  const TechniqueBoard& board = context.board;
+  if (auto step = findBugPlus1(context)) {
     ++bugSteps;
     return step;
   }
