@@ -15,11 +15,68 @@ void SolverEngine::finishRule(int rule) {
   }
 }
 
+bool SolverEngine::removeSinglesDigitsAtOnce() {
+  // Every cell with one candidate takes its digit from the other cells of its
+  // row, column and box that have more, until nothing changes: the grid the
+  // cell-by-cell passes below reach, worked by whole areas. Where the passes'
+  // order would matter (a cell whose candidates all belong to its peers'
+  // singles, or two singles of one digit in an area) nothing is changed and
+  // the passes do the work.
+  std::array<std::uint16_t, kCells + 1> cand{};
+  for (int c = 1; c <= kCells; ++c) cand[std::size_t(c)] = s.grid[c].candidates.bits();
+  const auto single = [](std::uint16_t set) { return set != 0 && (set & (set - 1)) == 0; };
+  std::array<std::uint16_t, 10> rows{}, cols{}, boxes{};
+  for (bool changed = true; changed;) {
+    changed = false;
+    rows.fill(0);
+    cols.fill(0);
+    boxes.fill(0);
+    for (int c = 1; c <= kCells; ++c) {
+      const std::uint16_t set = cand[std::size_t(c)];
+      if (!single(set)) continue;
+      rows[std::size_t(CellRow[c])] |= set;
+      cols[std::size_t(CellCol[c])] |= set;
+      boxes[std::size_t(CellBox[c])] |= set;
+    }
+    for (int c = 1; c <= kCells; ++c) {
+      const std::uint16_t set = cand[std::size_t(c)];
+      if (set == 0 || single(set)) continue;
+      const std::uint16_t kept = set & std::uint16_t(~(rows[std::size_t(CellRow[c])] | cols[std::size_t(CellCol[c])] |
+                                                       boxes[std::size_t(CellBox[c])]));
+      if (kept == 0) return false;
+      if (kept != set) {
+        cand[std::size_t(c)] = kept;
+        changed = true;
+      }
+    }
+  }
+  std::array<std::uint16_t, 10> rowSeen{}, colSeen{}, boxSeen{};
+  for (int c = 1; c <= kCells; ++c) {
+    const std::uint16_t set = cand[std::size_t(c)];
+    if (!single(set)) continue;
+    std::uint16_t& r = rowSeen[std::size_t(CellRow[c])];
+    std::uint16_t& k = colSeen[std::size_t(CellCol[c])];
+    std::uint16_t& b = boxSeen[std::size_t(CellBox[c])];
+    if ((r | k | b) & set) return false;
+    r |= set;
+    k |= set;
+    b |= set;
+  }
+  for (int c = 1; c <= kCells; ++c) s.grid[c].candidates = CandidateSet::fromBits(cand[std::size_t(c)]);
+  return true;
+}
+
 void SolverEngine::applyRule1() {
   if (s.BlanksLeft == 0) return;
   report({.kind = FindingKind::RuleStart, .rule = 1});
-  int passTotal = 0;
-  do {
+  // A silent run (creation filling its grid) tells no removal: it may make
+  // them all at once.
+  bool done = false;
+  if (s.run.mode == RunState::Silent) {
+    s.processEvents();
+    done = removeSinglesDigitsAtOnce();
+  }
+  for (int passTotal = 1; !done && passTotal != 0;) {
     passTotal = 0;
     s.processEvents();
     for (int c = 1; c <= kCells; ++c) {
@@ -29,7 +86,7 @@ void SolverEngine::applyRule1() {
       removeDuplicates(c, cands.numeric(), counter);
       passTotal += counter;
     }
-  } while (passTotal != 0);
+  }
 
   int blanks = 0, singles = 0;
   for (int c = 1; c <= kCells; ++c)
