@@ -77,15 +77,19 @@ void SolverEngine::applyRule4() {
       const AreaCells& lineCells = areaCells(kind, k);
       std::array<std::uint16_t, 3> pieces{};
       for (std::size_t i = 0; i < lineCells.size(); ++i) pieces[i / 3] |= s.grid[lineCells[i]].candidates.bits();
-      std::array<int, 10> onlyBox{};
+      std::array<std::uint16_t, 3> alone{};
+      std::array<int, 3> boxes{};
+      std::uint16_t removable = 0;
       for (std::size_t p = 0; p < 3; ++p) {
-        const auto alone = CandidateSet::fromBits(std::uint16_t(pieces[p] & ~(pieces[(p + 1) % 3] | pieces[(p + 2) % 3])));
-        for (int d = 1; d <= 9; ++d)
-          if (alone.has(d)) onlyBox[std::size_t(d)] = CellBox[lineCells[p * 3]];
+        alone[p] = std::uint16_t(pieces[p] & ~(pieces[(p + 1) % 3] | pieces[(p + 2) % 3]));
+        boxes[p] = CellBox[lineCells[p * 3]];
+        removable |= alone[p] & boxOpen[std::size_t(boxes[p])];
       }
-      for (int d = 1; d <= 9; ++d) {
-        const int box = onlyBox[std::size_t(d)];
-        if (box == 0 || !(boxOpen[std::size_t(box)] & (1u << (d - 1)))) continue;
+      // The digits in ascending order, each with the one box it is confined to.
+      for (; removable; removable &= std::uint16_t(removable - 1)) {
+        const int d = std::countr_zero(removable) + 1;
+        const std::uint16_t bit = std::uint16_t(1u << (d - 1));
+        const int box = boxes[(alone[0] & bit) ? 0 : (alone[1] & bit) ? 1 : 2];
         for (int c : areaCells(AreaKind::Box, box)) {
           const int lineOfCell = kind == AreaKind::Col ? CellCol[c] : CellRow[c];
           CandidateSet& cands = s.grid[c].candidates;

@@ -1,5 +1,7 @@
 // Rule 1 (place the singles) and Rule 5 (hidden singles).
 
+#include <bit>
+
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -115,15 +117,17 @@ void SolverEngine::applyRule5() {
       const AreaCells& cells = areaCells(kind, n);
       // The digits that are a candidate of exactly one cell of the area, as
       // the area stood before this pass changed it.
-      std::uint16_t once = 0, twice = 0;
+      std::uint16_t once = 0, twice = 0, open = 0;
       for (int c : cells) {
         const std::uint16_t bits = s.grid[c].candidates.bits();
         twice |= once & bits;
         once |= bits;
+        if (bits & (bits - 1)) open |= bits;
       }
-      const CandidateSet lone = CandidateSet::fromBits(std::uint16_t(once & ~twice));
-      for (int d = 1; d <= 9; ++d) {
-        if (!lone.has(d)) continue;
+      // Only a cell with two candidates or more is set, so only the lone
+      // digits such cells hold are looked for.
+      for (std::uint16_t lone = once & std::uint16_t(~twice) & open; lone; lone &= std::uint16_t(lone - 1)) {
+        const int d = std::countr_zero(lone) + 1;
         for (int c : cells) {
           CandidateSet cands = s.grid[c].candidates;
           if (!cands.has(d) || cands.size() < 2) continue;
