@@ -167,6 +167,10 @@ bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open) 
     queue.pushIf(c, !placed[std::size_t(c)] && single(set));
   }
   if (emptied) return false;
+  return placeQueuedSingles(cand, placed, open, queue);
+}
+
+bool placeQueuedSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open, SingleQueue& queue) {
   while (queue.size > 0) {
     const int cell = queue.pop();
     placed[std::size_t(cell)] = true;
@@ -226,6 +230,21 @@ Cands ruleRemovals(int rule, const Cands& cand, const AreaTally& tally) {
 }
 
 Cands ruleRemovals(int rule, const Cands& cand) { return ruleRemovals(rule, cand, tallyAreas(cand)); }
+
+RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles) {
+  const Cands removed = ruleRemovals(rule, cand, tally);
+  RuleOutcome outcome = RuleOutcome::Nothing;
+  for (int c = 0; c < kCellCount; ++c) {
+    std::uint16_t& set = cand[std::size_t(c)];
+    if (!(set & removed[std::size_t(c)])) continue;
+    const bool wasSingle = single(set);
+    set &= std::uint16_t(~removed[std::size_t(c)]);
+    if (set == 0) return RuleOutcome::Contradiction;
+    newSingles.pushIf(c, !wasSingle && single(set));
+    outcome = RuleOutcome::Progress;
+  }
+  return outcome;
+}
 
 bool applyRemovals(Cands& cand, const Cands& removed) {
   bool any = false;

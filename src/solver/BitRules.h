@@ -22,6 +22,9 @@ namespace tessaly::bitgrid {
 /// round's singles together, since a removal never brings a candidate back.
 /// False when a cell is left without a candidate.
 bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open);
+/// The same from the cells already known to be the only new singles (after a
+/// guess, or the removals below): no look over the whole grid.
+bool placeQueuedSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open, SingleQueue& queue);
 
 /// Per area (rows, columns, boxes as in kAreas): the digits that are a
 /// candidate somewhere, those that are one in two cells or more, and those of
@@ -47,5 +50,10 @@ Cands ruleRemovals(int rule, const Cands& cand);
 
 /// Takes `removed` from the grid; whether anything went.
 bool applyRemovals(Cands& cand, const Cands& removed);
+
+/// What applying Rule `rule` did to the grid: nothing, some removals (the
+/// cells they left with one candidate queued), or a cell left with none.
+enum class RuleOutcome { Nothing, Progress, Contradiction };
+RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles);
 
 }  // namespace tessaly::bitgrid
