@@ -28,10 +28,9 @@ bool placeQueuedSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& 
 
 /// Per area (rows, columns, boxes as in kAreas): the digits that are a
 /// candidate somewhere, those that are one in two cells or more, and those of
-/// its cells with more than one candidate; and each cell's candidate count.
+/// its cells with more than one candidate.
 struct AreaTally {
   std::array<std::uint16_t, 27> once, twice, open;
-  std::array<std::uint8_t, kCellCount> size;
   /// Whether every digit has a place in every area.
   bool covered() const {
     for (std::uint16_t set : once)
