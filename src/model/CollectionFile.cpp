@@ -494,12 +494,18 @@ struct FileEnd {
   bool endsWithLineEnd = true;
   std::string lineEnd = "\n";
 };
-// Whether every line of the file is empty or white space.
+// Whether the file holds nothing but white space (after a UTF-8 byte-order mark).
 bool onlyBlankLines(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  LineReader lines(in, 4096);
-  while (lines.next())
-    if (!trimmedView(lines.line()).empty()) return false;
+  std::string chunk(1 << 16, '\0');
+  bool first = true;
+  while (in) {
+    in.read(chunk.data(), std::streamsize(chunk.size()));
+    std::string_view read(chunk.data(), std::size_t(in.gcount()));
+    if (first && read.substr(0, 3) == "\xEF\xBB\xBF") read.remove_prefix(3);
+    first = false;
+    if (read.find_first_not_of(" \t\r\f\n") != std::string_view::npos) return false;
+  }
   return true;
 }
 
