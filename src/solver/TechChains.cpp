@@ -166,6 +166,7 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
     for (int a = 0; a < 27; ++a) {
       const auto& cells = kAreas[std::size_t(a)];
       for (int d = 0; d < 9; ++d) {
+        if (m_kind == ChainKind::X && !(context.digits() & bitOf(d + 1))) continue;
         const unsigned places = context.at(a, d + 1);
         const int n = count(std::uint16_t(places));
         if (n < 2 || n > (m_kind == ChainKind::X ? 2 : 6)) continue;

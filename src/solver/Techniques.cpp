@@ -82,11 +82,33 @@ std::string techniqueNameList() {
   return out;
 }
 
-std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules) {
-  const TechniqueContext context(board);
+void StepMemory::moveTo(const TechniqueContext& context) {
+  std::uint16_t changed = 0;
+  for (int d = 1; d <= 9; ++d)
+    if (!(context.holds(d) == m_holds[std::size_t(d - 1)])) {
+      changed |= bitOf(d);
+      m_holds[std::size_t(d - 1)] = context.holds(d);
+    }
+  if (!changed) return;
+  for (std::uint16_t& nothing : m_nothingOn) nothing &= std::uint16_t(~changed);
+}
+
+std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules,
+                                             StepMemory* memory) {
+  TechniqueContext context(board);
+  if (memory) memory->moveTo(context);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !enabled.has(t.id) || (!withRules && t.family == TechniqueFamily::Rules)) continue;
-    if (auto step = t.find(context)) return step;
+    const bool eachDigit = memory && looksAtEachDigit(t.id);
+    if (eachDigit) {
+      const auto look = std::uint16_t(kAll & ~memory->nothingOn(t.id));
+      if (!look) continue;
+      context.lookAtDigits(look);
+    }
+    std::optional<TechniqueStep> step = t.find(context);
+    context.lookAtDigits(kAll);
+    if (step) return step;
+    if (eachDigit) memory->foundNothing(t.id);
   }
   return std::nullopt;
 }

@@ -52,7 +52,14 @@ class TechniqueContext {
   /// The cells holding the digit as a candidate.
   const CellSet& holds(int digit) const { return m_holds[std::size_t(digit - 1)]; }
 
+  /// The digits a finder that looks at each digit on its own (see
+  /// looksAtEachDigit) must look at: all nine, unless the step search knows
+  /// that the finder finds nothing on the others.
+  std::uint16_t digits() const { return m_digits; }
+  void lookAtDigits(std::uint16_t digits) { m_digits = digits; }
+
  private:
+  std::uint16_t m_digits = bitgrid::kAll;
   std::array<std::array<std::uint16_t, 9>, 27> m_at{};
   std::array<std::uint16_t, 27> m_linked{};
   std::array<CellSet, 9> m_holds{};
@@ -179,6 +186,35 @@ static_assert([] {
 /// The table row of a technique.
 constexpr const TechniqueInfo& techniqueInfo(Technique t) { return kTechniques[std::size_t(t)]; }
 
+/// Whether the technique's finder looks at each digit on its own: what it
+/// finds on a digit depends on nothing but the cells holding that digit (the
+/// fish, the single-digit patterns, colouring and X-Chains). It looks only at
+/// the digits of TechniqueContext::digits().
+constexpr bool looksAtEachDigit(Technique t) {
+  const TechniqueFamily family = techniqueInfo(t).family;
+  return family == TechniqueFamily::Fish || family == TechniqueFamily::SingleDigit ||
+         family == TechniqueFamily::Colouring || t == Technique::XChain;
+}
+
+/// What the step search keeps between its calls on the boards of one solve:
+/// the cells holding each digit at the last call, and for each finder that
+/// looks at each digit on its own the digits on which it found nothing then.
+/// On the next board such a finder looks only at the digits whose cells have
+/// changed or on which it was not asked: it would find nothing on the others
+/// again. Any sequence of boards may share one memory.
+class StepMemory {
+ public:
+  /// Forgets what was found on the digits whose cells differ on this board.
+  void moveTo(const TechniqueContext& context);
+  /// The digits on which the finder of `t` is known to find nothing.
+  std::uint16_t nothingOn(Technique t) const { return m_nothingOn[std::size_t(t)]; }
+  void foundNothing(Technique t) { m_nothingOn[std::size_t(t)] = bitgrid::kAll; }
+
+ private:
+  std::array<CellSet, 9> m_holds{};
+  std::array<std::uint16_t, kTechniqueCount> m_nothingOn{};
+};
+
 /// Reads "six", "all" or a comma-separated list of cliNames (the six rules are
 /// always on); nothing when a name is unknown.
 std::optional<TechniqueSet> parseTechniqueSet(std::string_view text);
@@ -187,8 +223,11 @@ std::string techniqueNameList();
 
 /// The easiest technique of `enabled` that finds something on the board; the
 /// six rules' rows only when `withRules` (the solver applies those itself).
+/// With a memory of earlier calls (on any boards), the finders that look at
+/// each digit on their own skip the digits on which they are known to find
+/// nothing; the step is the same.
 std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled,
-                                             bool withRules = false);
+                                             bool withRules = false, StepMemory* memory = nullptr);
 
 /// Applies a step to the board: removes its eliminations, and places its
 /// placements (taking the digit from the placed cell's peers).
