@@ -73,20 +73,17 @@ struct SingleQueue {
 };
 
 /// Takes `bit` from every peer of `cell`, queueing the peers it leaves with
-/// one candidate; false when it leaves one with none (the grid is then to be
-/// dropped: the other peers lose the bit too). Written without a branch per
-/// peer, since whether a peer holds the bit is a coin toss to the processor.
+/// one candidate; false when it leaves one with none.
 inline bool takeFromPeers(Cands& cand, int cell, std::uint16_t bit, SingleQueue& queue) {
-  bool emptied = false;
   for (std::uint8_t peer : kPeers[std::size_t(cell)]) {
     std::uint16_t& set = cand[peer];
-    const std::uint16_t before = set, after = std::uint16_t(before & ~bit);
-    set = after;
-    emptied |= after == 0;
+    if (!(set & bit)) continue;
+    set = std::uint16_t(set & ~bit);
+    if (set == 0) return false;
     // A peer left with one candidate had two: it is queued once.
-    queue.pushIf(peer, before != after && single(after));
+    queue.pushIf(peer, single(set));
   }
-  return !emptied;
+  return true;
 }
 
 /// The givens of an 81-character puzzle ("1".."9" givens, anything else blank;

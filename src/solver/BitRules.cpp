@@ -58,14 +58,16 @@ Cands boxConfinedToLine(const Cands& cand) {
     for (int i = 0; i < 3; ++i) {
       const std::uint16_t inRow = rows[std::size_t(i)] & ~(rows[std::size_t((i + 1) % 3)] | rows[std::size_t((i + 2) % 3)]);
       const std::uint16_t inCol = cols[std::size_t(i)] & ~(cols[std::size_t((i + 1) % 3)] | cols[std::size_t((i + 2) % 3)]);
-      for (int k = 0; k < 9; ++k) {
-        if (k / 3 == b % 3) continue;
-        removed[std::size_t((top + i) * 9 + k)] |= inRow;
-      }
-      for (int k = 0; k < 9; ++k) {
-        if (k / 3 == b / 3) continue;
-        removed[std::size_t(k * 9 + left + i)] |= inCol;
-      }
+      if (inRow)
+        for (int k = 0; k < 9; ++k) {
+          if (k / 3 == b % 3) continue;
+          removed[std::size_t((top + i) * 9 + k)] |= inRow;
+        }
+      if (inCol)
+        for (int k = 0; k < 9; ++k) {
+          if (k / 3 == b / 3) continue;
+          removed[std::size_t(k * 9 + left + i)] |= inCol;
+        }
     }
   }
   return removed;
@@ -96,14 +98,14 @@ Cands lineConfinedToBox(const AreaTally& tally, const Cands& cand) {
 
 // Rule 3: two cells of an area with the same two candidates take those two
 // digits from every other cell of the area.
-Cands pairs(const AreaTally& tally, const Cands& cand) {
+Cands pairs(const Cands& cand) {
   Cands removed{};
   for (const auto& area : kAreas) {
     // The area's cells with two candidates, in area order.
     std::array<int, 9> two;
     int twos = 0;
     for (int k = 0; k < 9; ++k)
-      if (tally.size[area[std::size_t(k)]] == 2) two[std::size_t(twos++)] = k;
+      if (count(cand[area[std::size_t(k)]]) == 2) two[std::size_t(twos++)] = k;
     for (int x = 0; x < twos; ++x) {
       const int i = two[std::size_t(x)];
       const std::uint16_t pair = cand[area[std::size_t(i)]];
@@ -121,30 +123,34 @@ Cands pairs(const AreaTally& tally, const Cands& cand) {
 // Rule 6, as the program applies it: when exactly n cells of an area have n
 // candidates (n from 2 to 5) and all n sets are the same, those n digits leave
 // every other open cell of the area.
-Cands groups(const AreaTally& tally, const Cands& cand) {
+Cands groups(const Cands& cand) {
   Cands removed{};
   for (const auto& area : kAreas) {
-    // Per size n (2 to 5): how many cells have n candidates, the first set of
-    // that size and whether every other set of that size equals it.
-    std::array<int, 6> cells{};
-    std::array<std::uint16_t, 6> group{};
-    std::array<bool, 6> same{true, true, true, true, true, true};
-    std::array<std::uint8_t, 9> counts{};
+    // How many cells have each candidate count, four bits per count: most
+    // areas have no size n (2 to 5) with exactly n cells, and are done.
+    std::array<std::uint8_t, 9> counts;
+    std::uint64_t histogram = 0;
     for (int k = 0; k < 9; ++k) {
-      const std::uint16_t set = cand[area[std::size_t(k)]];
-      const int n = tally.size[area[std::size_t(k)]];
-      counts[std::size_t(k)] = std::uint8_t(n);
-      if (n < 2 || n > 5) continue;
-      if (cells[std::size_t(n)]++ == 0)
-        group[std::size_t(n)] = set;
-      else if (set != group[std::size_t(n)])
-        same[std::size_t(n)] = false;
+      counts[std::size_t(k)] = std::uint8_t(count(cand[area[std::size_t(k)]]));
+      histogram += std::uint64_t(1) << (4 * counts[std::size_t(k)]);
     }
     for (int n = 2; n <= 5; ++n) {
-      if (cells[std::size_t(n)] != n || !same[std::size_t(n)]) continue;
+      if (int((histogram >> (4 * n)) & 15) != n) continue;
+      // Exactly n cells have n candidates: a group when all n sets are the same.
+      std::uint16_t group = 0;
+      bool same = true;
+      for (int k = 0; k < 9; ++k) {
+        if (counts[std::size_t(k)] != n) continue;
+        const std::uint16_t set = cand[area[std::size_t(k)]];
+        if (!group)
+          group = set;
+        else if (set != group)
+          same = false;
+      }
+      if (!same) continue;
       for (int k = 0; k < 9; ++k) {
         const std::uint8_t cell = area[std::size_t(k)];
-        if (counts[std::size_t(k)] >= 2 && cand[cell] != group[std::size_t(n)]) removed[cell] |= group[std::size_t(n)];
+        if (counts[std::size_t(k)] >= 2 && cand[cell] != group) removed[cell] |= group;
       }
     }
   }
@@ -167,6 +173,10 @@ bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open) 
     queue.pushIf(c, !placed[std::size_t(c)] && single(set));
   }
   if (emptied) return false;
+  return placeQueuedSingles(cand, placed, open, queue);
+}
+
+bool placeQueuedSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open, SingleQueue& queue) {
   while (queue.size > 0) {
     const int cell = queue.pop();
     placed[std::size_t(cell)] = true;
@@ -186,7 +196,6 @@ AreaTally tallyAreas(const Cands& cand) {
     std::uint16_t once = 0, twice = 0, open = 0;
     for (int c = 0; c < 9; ++c) {
       const std::uint16_t set = cand[std::size_t(r * 9 + c)];
-      tally.size[std::size_t(r * 9 + c)] = std::uint8_t(count(set));
       const std::uint16_t several = std::uint16_t(-std::uint16_t((set & (set - 1)) != 0));
       const std::size_t b = std::size_t((r / 3) * 3 + c / 3), k = std::size_t(c);
       twice |= once & set;
@@ -217,15 +226,30 @@ AreaTally tallyAreas(const Cands& cand) {
 Cands ruleRemovals(int rule, const Cands& cand, const AreaTally& tally) {
   switch (rule) {
     case 2: return boxConfinedToLine(cand);
-    case 3: return pairs(tally, cand);
+    case 3: return pairs(cand);
     case 4: return lineConfinedToBox(tally, cand);
     case 5: return hiddenSinglesFrom(tally, cand);
-    case 6: return groups(tally, cand);
+    case 6: return groups(cand);
     default: return Cands{};
   }
 }
 
 Cands ruleRemovals(int rule, const Cands& cand) { return ruleRemovals(rule, cand, tallyAreas(cand)); }
+
+RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles) {
+  const Cands removed = ruleRemovals(rule, cand, tally);
+  RuleOutcome outcome = RuleOutcome::Nothing;
+  for (int c = 0; c < kCellCount; ++c) {
+    std::uint16_t& set = cand[std::size_t(c)];
+    if (!(set & removed[std::size_t(c)])) continue;
+    const bool wasSingle = single(set);
+    set &= std::uint16_t(~removed[std::size_t(c)]);
+    if (set == 0) return RuleOutcome::Contradiction;
+    newSingles.pushIf(c, !wasSingle && single(set));
+    outcome = RuleOutcome::Progress;
+  }
+  return outcome;
+}
 
 bool applyRemovals(Cands& cand, const Cands& removed) {
   bool any = false;

@@ -22,13 +22,15 @@ namespace tessaly::bitgrid {
 /// round's singles together, since a removal never brings a candidate back.
 /// False when a cell is left without a candidate.
 bool placeSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open);
+/// The same from the cells already known to be the only new singles (after a
+/// guess, or the removals below): no look over the whole grid.
+bool placeQueuedSingles(Cands& cand, std::array<bool, kCellCount>& placed, int& open, SingleQueue& queue);
 
 /// Per area (rows, columns, boxes as in kAreas): the digits that are a
 /// candidate somewhere, those that are one in two cells or more, and those of
-/// its cells with more than one candidate; and each cell's candidate count.
+/// its cells with more than one candidate.
 struct AreaTally {
   std::array<std::uint16_t, 27> once, twice, open;
-  std::array<std::uint8_t, kCellCount> size;
   /// Whether every digit has a place in every area.
   bool covered() const {
     for (std::uint16_t set : once)
@@ -47,5 +49,10 @@ Cands ruleRemovals(int rule, const Cands& cand);
 
 /// Takes `removed` from the grid; whether anything went.
 bool applyRemovals(Cands& cand, const Cands& removed);
+
+/// What applying Rule `rule` did to the grid: nothing, some removals (the
+/// cells they left with one candidate queued), or a cell left with none.
+enum class RuleOutcome { Nothing, Progress, Contradiction };
+RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles);
 
 }  // namespace tessaly::bitgrid

@@ -22,8 +22,8 @@ struct Node {
 
 // The six rules' bit forms are in BitRules.cpp.
 bool placeSingles(Node& node) { return bitgrid::placeSingles(node.cand, node.placed, node.open); }
-bool applyRule(int rule, Node& node, const AreaTally& tally) {
-  return applyRemovals(node.cand, ruleRemovals(rule, node.cand, tally));
+bool placeSingles(Node& node, SingleQueue& queue) {
+  return bitgrid::placeQueuedSingles(node.cand, node.placed, node.open, queue);
 }
 
 // The search behind the rules. Every branch of every guess is followed, also
@@ -39,10 +39,14 @@ class Grading {
   Node solution;
   int solutionHardest = 0;
 
-  void solve(Node& node, int hardest) {
+  // `queue` holds the cells that have become singles since the node's grid
+  // last had every single placed; with `lookEverywhere` the whole grid is
+  // looked over for them instead (a new puzzle).
+  void solve(Node& node, int hardest, SingleQueue& queue, bool lookEverywhere) {
     for (;;) {
       // Rule 1 comes first each time; the other rules only when it is done.
-      if (!placeSingles(node)) return;
+      if (!(lookEverywhere ? placeSingles(node) : placeSingles(node, queue))) return;
+      lookEverywhere = false;
       if (node.open == 0) {
         if (++solutions == 1) {
           solution = node;
@@ -56,12 +60,19 @@ class Grading {
       const AreaTally tally = tallyAreas(node.cand);
       if (!tally.covered()) return;
       bool progress = false;
-      for (std::size_t i = 1; i < kGradingRuleOrder.size() && !progress; ++i)
-        if (applyRule(kGradingRuleOrder[i], node, tally)) {
+      queue.size = 0;
+      for (std::size_t i = 1; i < kGradingRuleOrder.size() && !progress; ++i) {
+        const RuleOutcome outcome = applyRule(kGradingRuleOrder[i], node.cand, tally, queue);
+        if (outcome == RuleOutcome::Contradiction) return;
+        if (outcome == RuleOutcome::Progress) {
           progress = true;
           hardest = std::max(hardest, int(i));
         }
-      if (!progress && techniques.any()) progress = applyFurtherTechnique(node, hardest);
+      }
+      if (!progress && techniques.any()) {
+        progress = applyFurtherTechnique(node, hardest);
+        lookEverywhere = true;
+      }
       if (!progress) break;
     }
     // No rule helps: guess at the open cell with the fewest candidates, the
@@ -79,7 +90,9 @@ class Grading {
       ++guesses;
       Node child = node;
       child.cand[std::size_t(best)] = std::uint16_t(mask & (~mask + 1u));
-      solve(child, hardest);
+      SingleQueue guessed;
+      guessed.push(best);
+      solve(child, hardest, guessed, false);
     }
   }
 
@@ -147,7 +160,8 @@ PuzzleGrade gradePuzzle(std::string_view puzzle81, TechniqueSet techniques) {
   Grading grading;
   grading.techniques = techniques;
   grading.uniqueSolution = techniques.any() && countSolutions(puzzle81) == 1;
-  grading.solve(node, 0);
+  SingleQueue queue;
+  grading.solve(node, 0, queue, true);
   result.solutions = std::min(grading.solutions, 2);
   if (grading.solutions == 0) return result;
   node = grading.solution;

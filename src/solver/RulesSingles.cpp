@@ -1,5 +1,7 @@
 // Rule 1 (place the singles) and Rule 5 (hidden singles).
 
+#include <bit>
+
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -15,11 +17,68 @@ void SolverEngine::finishRule(int rule) {
   }
 }
 
+bool SolverEngine::removeSinglesDigitsAtOnce() {
+  // Every cell with one candidate takes its digit from the other cells of its
+  // row, column and box that have more, until nothing changes: the grid the
+  // cell-by-cell passes below reach, worked by whole areas. Where the passes'
+  // order would matter (a cell whose candidates all belong to its peers'
+  // singles, or two singles of one digit in an area) nothing is changed and
+  // the passes do the work.
+  std::array<std::uint16_t, kCells + 1> cand{};
+  for (int c = 1; c <= kCells; ++c) cand[std::size_t(c)] = s.grid[c].candidates.bits();
+  const auto single = [](std::uint16_t set) { return set != 0 && (set & (set - 1)) == 0; };
+  std::array<std::uint16_t, 10> rows{}, cols{}, boxes{};
+  for (bool changed = true; changed;) {
+    changed = false;
+    rows.fill(0);
+    cols.fill(0);
+    boxes.fill(0);
+    for (int c = 1; c <= kCells; ++c) {
+      const std::uint16_t set = cand[std::size_t(c)];
+      if (!single(set)) continue;
+      rows[std::size_t(CellRow[c])] |= set;
+      cols[std::size_t(CellCol[c])] |= set;
+      boxes[std::size_t(CellBox[c])] |= set;
+    }
+    for (int c = 1; c <= kCells; ++c) {
+      const std::uint16_t set = cand[std::size_t(c)];
+      if (set == 0 || single(set)) continue;
+      const std::uint16_t kept = set & std::uint16_t(~(rows[std::size_t(CellRow[c])] | cols[std::size_t(CellCol[c])] |
+                                                       boxes[std::size_t(CellBox[c])]));
+      if (kept == 0) return false;
+      if (kept != set) {
+        cand[std::size_t(c)] = kept;
+        changed = true;
+      }
+    }
+  }
+  std::array<std::uint16_t, 10> rowSeen{}, colSeen{}, boxSeen{};
+  for (int c = 1; c <= kCells; ++c) {
+    const std::uint16_t set = cand[std::size_t(c)];
+    if (!single(set)) continue;
+    std::uint16_t& r = rowSeen[std::size_t(CellRow[c])];
+    std::uint16_t& k = colSeen[std::size_t(CellCol[c])];
+    std::uint16_t& b = boxSeen[std::size_t(CellBox[c])];
+    if ((r | k | b) & set) return false;
+    r |= set;
+    k |= set;
+    b |= set;
+  }
+  for (int c = 1; c <= kCells; ++c) s.grid[c].candidates = CandidateSet::fromBits(cand[std::size_t(c)]);
+  return true;
+}
+
 void SolverEngine::applyRule1() {
   if (s.BlanksLeft == 0) return;
   report({.kind = FindingKind::RuleStart, .rule = 1});
-  int passTotal = 0;
-  do {
+  // A silent run (creation filling its grid) tells no removal: it may make
+  // them all at once.
+  bool done = false;
+  if (s.run.mode == RunState::Silent) {
+    s.processEvents();
+    done = removeSinglesDigitsAtOnce();
+  }
+  for (int passTotal = 1; !done && passTotal != 0;) {
     passTotal = 0;
     s.processEvents();
     for (int c = 1; c <= kCells; ++c) {
@@ -29,7 +88,7 @@ void SolverEngine::applyRule1() {
       removeDuplicates(c, cands.numeric(), counter);
       passTotal += counter;
     }
-  } while (passTotal != 0);
+  }
 
   int blanks = 0, singles = 0;
   for (int c = 1; c <= kCells; ++c)
@@ -58,15 +117,17 @@ void SolverEngine::applyRule5() {
       const AreaCells& cells = areaCells(kind, n);
       // The digits that are a candidate of exactly one cell of the area, as
       // the area stood before this pass changed it.
-      std::uint16_t once = 0, twice = 0;
+      std::uint16_t once = 0, twice = 0, open = 0;
       for (int c : cells) {
         const std::uint16_t bits = s.grid[c].candidates.bits();
         twice |= once & bits;
         once |= bits;
+        if (bits & (bits - 1)) open |= bits;
       }
-      const CandidateSet lone = CandidateSet::fromBits(std::uint16_t(once & ~twice));
-      for (int d = 1; d <= 9; ++d) {
-        if (!lone.has(d)) continue;
+      // Only a cell with two candidates or more is set, so only the lone
+      // digits such cells hold are looked for.
+      for (std::uint16_t lone = once & std::uint16_t(~twice) & open; lone; lone &= std::uint16_t(lone - 1)) {
+        const int d = std::countr_zero(lone) + 1;
         for (int c : cells) {
           CandidateSet cands = s.grid[c].candidates;
           if (!cands.has(d) || cands.size() < 2) continue;

@@ -366,6 +366,17 @@ bool hasOtherSolution(std::string_view puzzle81, std::string_view solution, std:
   if (!start) return false;
   for (const int cell : cells) {
     const std::uint16_t known = bitgrid::bitOf(solution[std::size_t(cell)] - '0');
+    // A cell whose peers' givens leave it no other digit cannot differ: no
+    // search is needed (most blanks made while the grid is still full).
+    std::uint16_t seen = 0;
+    for (const std::uint8_t peer : bitgrid::kPeers[std::size_t(cell)]) {
+      const std::uint16_t set = (*start)[peer];
+      if (bitgrid::single(set)) seen |= set;
+    }
+    if (!(bitgrid::kAll & ~seen & ~known)) {
+      (*start)[std::size_t(cell)] = known;
+      continue;
+    }
     bitgrid::Cands differing = *start;
     differing[std::size_t(cell)] = std::uint16_t(bitgrid::kAll & ~known);
     if (countFrom(differing, 1, nullptr) > 0) return true;

@@ -50,6 +50,9 @@ class SolverEngine {
 
   // --- the rules (kRules below names each one's technique)
   void applyRule1();
+  /// Rule 1's removals for a silent run, by whole areas; false (and nothing
+  /// changed) where the cell-by-cell order would decide the outcome.
+  bool removeSinglesDigitsAtOnce();
   void applyRule2();
   void applyRule3();
   void applyRule4();
