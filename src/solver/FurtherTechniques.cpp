@@ -43,7 +43,7 @@ void SolverEngine::applyFurtherTechniques() {
       open = true;
     }
     if (!open) return;
-    const std::optional<TechniqueStep> step = findEasiestStep(techniqueBoard(), enabled);
+    const std::optional<TechniqueStep> step = findEasiestStep(techniqueBoard(), enabled, false, &m_stepMemory);
     if (!step) return;
     tellStep(*step);
     applyRulesInOrder();

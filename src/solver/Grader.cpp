@@ -100,7 +100,7 @@ class Grading {
   // The easiest further technique that finds something, applied to the node;
   // `hardest` (an index of the technique table, whose first rows are the six
   // rules in the grading order) rises to it.
-  bool applyFurtherTechnique(Node& node, int& hardest) const {
+  bool applyFurtherTechnique(Node& node, int& hardest) {
     TechniqueBoard board;
     board.uniqueSolution = uniqueSolution;
     for (int c = 0; c < kCellCount; ++c) {
@@ -110,13 +110,16 @@ class Grading {
       else
         board.cand[std::size_t(c)] = set;
     }
-    const std::optional<TechniqueStep> step = findEasiestStep(board, techniques);
+    const std::optional<TechniqueStep> step = findEasiestStep(board, techniques, false, &m_memory);
     if (!step) return false;
     for (const Candidate& e : step->eliminations) node.cand[std::size_t(e.cell)] &= std::uint16_t(~bitOf(e.digit));
     for (const Candidate& p : step->placements) node.cand[std::size_t(p.cell)] = bitOf(p.digit);
     hardest = std::max(hardest, int(step->technique));
     return true;
   }
+
+  /// The finders' memory over all the boards of this search.
+  StepMemory m_memory;
 };
 
 constexpr std::array<std::string_view, kGradeCount> kGradeNames = {"Easy", "Moderate", "Hard", "Fiendish",

@@ -5,10 +5,7 @@
 #include <string_view>
 
 #include "model/Session.h"
-
-namespace tessaly {
-struct TechniqueBoard;
-}
+#include "solver/Techniques.h"
 
 namespace tessaly {
 
@@ -124,6 +121,8 @@ class SolverEngine {
   void guarded(F&& body);
 
   Session& s;
+  /// What the further techniques' finders learnt on this engine's earlier boards.
+  StepMemory m_stepMemory;
 };
 
 /// One of the six rules: the number users know it by, its technique and the

@@ -43,6 +43,8 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
                                   std::vector<Seeing>& seeing) {
   std::vector<Als> found;
   std::vector<std::uint64_t> order;  // size, cells (7 bits each), then the index in found
+  found.reserve(512);
+  order.reserve(512);
   std::array<std::uint16_t, 512> digits{}, positions{};
   for (int a = 0; a < 27; ++a) {
     std::array<std::uint8_t, 9> open{}, place{};
@@ -87,7 +89,7 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
   seeing.reserve(found.size());
   for (std::uint64_t key : order) {
     Als s = found[key & 0x3FFFF];
-    Seeing see{};
+    Seeing& see = seeing.emplace_back();
     for (std::uint16_t m = s.digits; m; m &= std::uint16_t(m - 1)) see[std::size_t(std::countr_zero(m))] = kEveryCell;
     for (int k = 0; k < s.size; ++k) {
       const std::uint8_t c = s.cells[std::size_t(k)];
@@ -98,9 +100,11 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
       const int d = std::countr_zero(m);
       if (!(see[std::size_t(d)] & holds[std::size_t(d)]).empty()) s.reaching |= std::uint16_t(1u << d);
     }
-    if (!s.reaching) continue;
+    if (!s.reaching) {
+      seeing.pop_back();
+      continue;
+    }
     sets.push_back(s);
-    seeing.push_back(see);
   }
   return sets;
 }

@@ -155,7 +155,7 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
   // Strong links: the two candidates of a cell, and two nodes that between
   // them hold every place of their digit in an area.
   std::vector<std::pair<int, int>> links;
-  links.reserve(256);
+  links.reserve(768);
   if (m_kind != ChainKind::X)
     for (int c = 0; c < kCellCount; ++c) {
       const std::uint16_t m = m_board.cand[std::size_t(c)];
@@ -166,6 +166,7 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
     for (int a = 0; a < 27; ++a) {
       const auto& cells = kAreas[std::size_t(a)];
       for (int d = 0; d < 9; ++d) {
+        if (m_kind == ChainKind::X && !(context.digits() & bitOf(d + 1))) continue;
         const unsigned places = context.at(a, d + 1);
         const int n = count(std::uint16_t(places));
         if (n < 2 || n > (m_kind == ChainKind::X ? 2 : 6)) continue;
@@ -193,56 +194,60 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
   // sequence), then digit: a group comes after the candidates of its first cell.
   std::array<std::int16_t, kIds> index;
   index.fill(-1);
-  std::vector<int> groups;
+  // A group is known by (first cell, second cell, third cell or none, digit)
+  // as one number, sorted with the order it was met in below it (groups of a
+  // segment without places have the same number).
+  std::vector<std::uint64_t> groups;
+  std::vector<int> groupIds;
+  groups.reserve(64);
+  groupIds.reserve(64);
+  int singles = 0;
   for (const auto& [a, b] : links)
     for (int id : {a, b}) {
       if (index[std::size_t(id)] == 0) continue;
       index[std::size_t(id)] = 0;
-      if (id >= kGroupIds) groups.push_back(id);
+      if (id < kGroupIds) {
+        ++singles;
+        continue;
+      }
+      const int digit = (id - kGroupIds) % 9 + 1;
+      const CellSet where = m_holds[std::size_t(digit - 1)] & kSegments[std::size_t((id - kGroupIds) / 9)];
+      std::uint32_t key = std::uint32_t(digit);
+      int shift = 24;
+      where.forEach([&](int c) {
+        key |= std::uint32_t(shift == 8 ? c + 1 : c) << shift;
+        shift -= 8;
+      });
+      groups.push_back(std::uint64_t(key) << 32 | groupIds.size());
+      groupIds.push_back(id);
     }
-  const auto groupNode = [&](int id) {
-    Node n;
-    n.digit = (id - kGroupIds) % 9 + 1;
-    n.seen = {~std::uint64_t(0), ~std::uint64_t(0)};
-    n.where = m_holds[std::size_t(n.digit - 1)] & kSegments[std::size_t((id - kGroupIds) / 9)];
-    n.where.forEach([&](int c) {
-      n.cells[std::size_t(n.size++)] = std::uint8_t(c);
-      n.seen = n.seen & kPeerSets[std::size_t(c)];
-    });
-    return n;
-  };
-  std::vector<Node> groupNodes;
-  for (int id : groups) groupNodes.push_back(groupNode(id));
-  // (first cell, second cell, third cell or none, digit) as one number
-  std::vector<std::pair<int, std::size_t>> groupOrder;
-  for (std::size_t i = 0; i < groupNodes.size(); ++i) {
-    const Node& g = groupNodes[i];
-    groupOrder.emplace_back(
-        (g.cells[0] << 24) | (g.cells[1] << 16) | (g.size > 2 ? (g.cells[2] + 1) << 8 : 0) | g.digit, i);
-  }
-  std::sort(groupOrder.begin(), groupOrder.end());
-  std::size_t nextGroup = 0;
-  const auto addGroupsFrom = [&](int cell) {
-    for (; nextGroup < groupOrder.size() && groupNodes[groupOrder[nextGroup].second].cells[0] == cell; ++nextGroup) {
-      index[std::size_t(groups[groupOrder[nextGroup].second])] = std::int16_t(m_nodes.size());
-      m_nodes.push_back(groupNodes[groupOrder[nextGroup].second]);
-    }
-  };
-  m_nodes.reserve(links.size() * 2);
+  std::sort(groups.begin(), groups.end());
+  m_nodes.resize(std::size_t(singles) + groups.size());
+  std::size_t next = 0, nextGroup = 0;
   for (int c = 0; c < kCellCount; ++c) {
     for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
       const int d = std::countr_zero(m);
       if (index[std::size_t(c * 9 + d)] < 0) continue;
-      index[std::size_t(c * 9 + d)] = std::int16_t(m_nodes.size());
-      Node n;
-      n.cells[0] = std::uint8_t(c);
-      n.size = 1;
-      n.digit = d + 1;
-      n.where.add(c);
-      n.seen = kPeerSets[std::size_t(c)];
-      m_nodes.push_back(n);
+      index[std::size_t(c * 9 + d)] = std::int16_t(next);
+      Node& node = m_nodes[next++];
+      node.cells[0] = std::uint8_t(c);
+      node.size = 1;
+      node.digit = d + 1;
+      node.where.add(c);
+      node.seen = kPeerSets[std::size_t(c)];
     }
-    addGroupsFrom(c);
+    for (; nextGroup < groups.size() && int(groups[nextGroup] >> 56) == c; ++nextGroup) {
+      const int id = groupIds[groups[nextGroup] & 0xFFFFFFFFu];
+      index[std::size_t(id)] = std::int16_t(next);
+      Node& node = m_nodes[next++];
+      node.digit = (id - kGroupIds) % 9 + 1;
+      node.seen = kEveryCell;
+      node.where = m_holds[std::size_t(node.digit - 1)] & kSegments[std::size_t((id - kGroupIds) / 9)];
+      node.where.forEach([&](int cell) {
+        node.cells[std::size_t(node.size++)] = std::uint8_t(cell);
+        node.seen = node.seen & kPeerSets[std::size_t(cell)];
+      });
+    }
   }
   const std::size_t n = m_nodes.size();
   m_words = (n + 63) / 64;

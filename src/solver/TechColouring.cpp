@@ -30,6 +30,7 @@ template <typename Look>
 std::optional<TechniqueStep> eachCluster(const TechniqueContext& ctx, Look look) {
   std::array<std::uint8_t, kCellCount> queue;
   for (int d = 1; d <= 9; ++d) {
+    if (!(ctx.digits() & bitOf(d))) continue;
     // The conjugate pairs, as up to three partners per cell (row, column, box).
     std::array<std::array<std::uint8_t, 3>, kCellCount> partner;
     std::array<std::uint8_t, kCellCount> partners{};

@@ -70,6 +70,7 @@ std::optional<TechniqueStep> findFish(const TechniqueContext& places, int n, Tec
   for (const bool rows : {true, false}) {
     std::optional<Fish> best;
     for (int d = 1; d <= 9; ++d) {
+      if (!(places.digits() & bitOf(d))) continue;
       const auto masks = lineMasks(places, rows, d);
       auto accept = [&](unsigned base, unsigned cover) {
         // Base sets come in ascending order: none after this one can win.
@@ -98,6 +99,7 @@ std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, int 
   for (const bool rows : {true, false}) {
     std::optional<Fish> best;
     for (int d = 1; d <= 9; ++d) {
+      if (!(places.digits() & bitOf(d))) continue;
       const auto masks = lineMasks(places, rows, d);
       auto accept = [&](unsigned base, unsigned together) {
         if (best && !tech::listsBefore(base, best->base)) return true;

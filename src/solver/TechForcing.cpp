@@ -20,6 +20,7 @@
 
 #include <bit>
 
+#include "solver/CellSet.h"
 #include "solver/Techniques.h"
 
 namespace tessaly {
@@ -42,6 +43,59 @@ struct Dead {
   std::uint64_t ancestors = 0;
 };
 
+/// The three areas (row, column, box) of each cell.
+constexpr std::array<std::array<std::uint8_t, 3>, kCellCount> kCellAreas = [] {
+  std::array<std::array<std::uint8_t, 3>, kCellCount> t{};
+  for (int c = 0; c < kCellCount; ++c)
+    t[std::size_t(c)] = {std::uint8_t(rowOf(c)), std::uint8_t(9 + colOf(c)), std::uint8_t(18 + boxOf(c))};
+  return t;
+}();
+
+constexpr CellSet kAllCells{~std::uint64_t(0), (std::uint64_t(1) << (kCellCount - 64)) - 1};
+
+/// Where the digits can go in each area, kept up to date as a branch places
+/// digits: what its look for singles reads.
+struct Places {
+  std::array<std::array<std::uint8_t, 9>, 27> count;  ///< cells of the area holding the digit as a candidate
+  std::array<std::uint16_t, 27> placed;               ///< digits with a value in the area
+  /// Digits whose count fell to one or none since the last look (an area's
+  /// single or contradiction, unless the digit is placed there), and the areas
+  /// where any did (bit a).
+  std::array<std::uint16_t, 27> watch;
+  std::uint32_t watchAreas;
+};
+
+/// What every branch of a board starts from: the board's places, every digit
+/// with at most one place watched.
+struct Start {
+  Places places{};
+  /// The board holds no single (an open cell with one candidate, a digit with
+  /// one place in an area) and no contradiction (an open cell without
+  /// candidates, a digit without a place in an area): a branch's first look
+  /// need not go past what its assumption changed.
+  bool quiet = true;
+};
+
+Start startOf(const TechniqueBoard& board) {
+  Start start;
+  Places& p = start.places;
+  for (int a = 0; a < 27; ++a)
+    for (std::uint8_t c : kAreas[std::size_t(a)]) {
+      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
+        ++p.count[std::size_t(a)][std::size_t(std::countr_zero(unsigned(m)))];
+      if (board.value[c]) p.placed[std::size_t(a)] |= bitOf(board.value[c]);
+    }
+  for (std::size_t a = 0; a < 27; ++a) {
+    for (std::size_t d = 0; d < 9; ++d)
+      if (p.count[a][d] <= 1) p.watch[a] |= std::uint16_t(1u << d);
+    if (p.watch[a] & ~p.placed[a]) p.watchAreas |= 1u << a;
+  }
+  start.quiet = p.watchAreas == 0;
+  for (int c = 0; c < kCellCount; ++c)
+    if (!board.value[std::size_t(c)] && count(board.cand[std::size_t(c)]) <= 1) start.quiet = false;
+  return start;
+}
+
 struct BranchState {
   Cands cand;
   std::array<std::uint8_t, kCellCount> value;
@@ -50,6 +104,9 @@ struct BranchState {
   std::array<std::uint64_t, kMaxImplications + 1> ancestors;  ///< of each placement, itself included
   std::array<std::uint8_t, kMaxImplications> logCell;
   std::array<std::uint8_t, kMaxImplications> logDigit;
+  Places places;
+  /// The cells whose candidates or value changed since the last look for singles.
+  CellSet touched;
   int size = 0;
   bool contradiction = false;
   Dead dead;
@@ -58,18 +115,33 @@ struct BranchState {
 int lowDigit(std::uint16_t set) { return std::countr_zero(unsigned(set)) + 1; }
 int popcount(std::uint64_t m) { return std::popcount(m); }
 
+/// The cell no longer holds digit index d (0..8) as a candidate.
+void lose(BranchState& s, int cell, std::size_t d) {
+  for (std::uint8_t a : kCellAreas[std::size_t(cell)])
+    if (--s.places.count[a][d] <= 1) {
+      s.places.watch[a] |= std::uint16_t(1u << d);
+      s.places.watchAreas |= 1u << a;
+    }
+}
+
 void place(BranchState& s, int cell, int digit, std::uint8_t by) {
   const std::uint16_t bit = bitOf(digit);
   auto& removed = s.removedBy[std::size_t(cell)];
   for (std::uint16_t rest = std::uint16_t(s.cand[std::size_t(cell)] & ~bit); rest; rest &= std::uint16_t(rest - 1))
     removed[std::size_t(std::countr_zero(unsigned(rest)))] = by;
+  for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1))
+    lose(s, cell, std::size_t(std::countr_zero(unsigned(all))));
   s.cand[std::size_t(cell)] = 0;
   s.value[std::size_t(cell)] = std::uint8_t(digit);
   s.placedBy[std::size_t(cell)] = by;
+  for (std::uint8_t a : kCellAreas[std::size_t(cell)]) s.places.placed[a] |= bit;
+  s.touched.add(cell);
   for (std::uint8_t peer : kPeers[std::size_t(cell)])
     if (s.cand[peer] & bit) {
       s.cand[peer] = std::uint16_t(s.cand[peer] & ~bit);
       s.removedBy[peer][std::size_t(digit - 1)] = by;
+      s.touched.add(peer);
+      lose(s, peer, std::size_t(digit - 1));
     }
 }
 
@@ -94,9 +166,17 @@ std::uint64_t areaLossAncestors(const TechniqueBoard& board, const BranchState& 
 /// round places every single the previous rounds left, each by the reason
 /// with the fewest ancestors), until nothing more follows, the log is full, or
 /// a contradiction appears (the one with the fewest ancestors is kept).
-void runBranch(const TechniqueBoard& board, int cell, int digit, BranchState& s) {
+///
+/// A round looks at the cells that changed since the last look and at the
+/// digits whose places in an area fell to one or none (the first round: at
+/// every cell and every such digit of the board, unless the board is quiet).
+/// The others look as they did at the last look, when they held no single (or
+/// their singles were placed, which changes them) and no contradiction.
+void runBranch(const TechniqueBoard& board, const Start& start, int cell, int digit, BranchState& s) {
   s.cand = board.cand;
   s.value = board.value;
+  s.places = start.places;
+  s.touched = start.quiet ? CellSet{} : kAllCells;
   s.size = 0;
   s.contradiction = false;
   s.dead = Dead{};
@@ -129,38 +209,40 @@ void runBranch(const TechniqueBoard& board, int cell, int digit, BranchState& s)
         singles[at].ancestors = anc;
       }
     };
-    for (int c = 0; c < kCellCount; ++c) {
+    s.touched.forEach([&](int c) {
       const std::uint16_t m = s.cand[std::size_t(c)];
-      if (s.value[std::size_t(c)] || (m && !single(m))) continue;
+      if (s.value[std::size_t(c)] || (m && !single(m))) return;
       const std::uint16_t orig = board.cand[std::size_t(c)];
       if (m == 0) {
         die({c, -1, 0, lossAncestors(s, c, orig)});
       } else {
         offer(c, lowDigit(m), lossAncestors(s, c, std::uint16_t(orig & ~m)));
       }
-    }
-    for (int a = 0; a < 27; ++a) {
-      std::uint16_t once = 0, twice = 0, placed = 0;
-      for (std::uint8_t c : kAreas[std::size_t(a)]) {
-        const std::uint16_t m = s.cand[c];
-        twice |= std::uint16_t(once & m);
-        once |= m;
-        if (s.value[c]) placed |= bitOf(s.value[c]);
+    });
+    s.touched = CellSet{};
+    for (std::uint32_t areas = s.places.watchAreas; areas; areas &= areas - 1) {
+      const auto a = std::size_t(std::countr_zero(areas));
+      const auto watched = std::uint16_t(s.places.watch[a] & ~s.places.placed[a]);
+      s.places.watch[a] = 0;
+      std::uint16_t missing = 0, hidden = 0;
+      for (std::uint16_t m = watched; m; m &= std::uint16_t(m - 1)) {
+        const int d = std::countr_zero(unsigned(m));
+        (s.places.count[a][std::size_t(d)] ? hidden : missing) |= std::uint16_t(1u << d);
       }
-      const auto missing = std::uint16_t(kAll & ~(once | placed));
       for (std::uint16_t m = missing; m; m &= std::uint16_t(m - 1)) {
         const int d = lowDigit(m);
-        die({-1, a, d, areaLossAncestors(board, s, a, d, -1)});
+        die({-1, int(a), d, areaLossAncestors(board, s, int(a), d, -1)});
       }
-      for (std::uint16_t hidden = std::uint16_t(once & ~twice & ~placed); hidden; hidden &= std::uint16_t(hidden - 1)) {
+      for (; hidden; hidden &= std::uint16_t(hidden - 1)) {
         const int d = lowDigit(hidden);
-        for (std::uint8_t c : kAreas[std::size_t(a)])
+        for (std::uint8_t c : kAreas[a])
           if (s.cand[c] & bitOf(d)) {
-            offer(c, d, areaLossAncestors(board, s, a, d, c));
+            offer(c, d, areaLossAncestors(board, s, int(a), d, c));
             break;
           }
       }
     }
+    s.places.watchAreas = 0;
     if (deadCost <= kMaxImplications) {
       s.contradiction = true;
       s.dead = dead;
@@ -324,6 +406,7 @@ void forEachSource(const TechniqueContext& ctx, bool units, int n, Visit visit) 
 /// implications (ties: the first source, then the first conclusion, in order).
 std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units) {
   const TechniqueBoard& board = ctx.board;
+  const Start start = startOf(board);
   std::array<BranchState, 9> branches;
   std::array<Candidate, 9> assumed;
   for (int n = 2; n <= 9; ++n) {
@@ -332,7 +415,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
     forEachSource(ctx, units, n, [&](const Source& src) {
       assumptions(board, src, assumed);
       for (int b = 0; b < n; ++b)
-        runBranch(board, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+        runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
       const Conclusion c = conclude(board, branches, assumed, n);
       if (c.kind != Conclusion::None && (best.kind == Conclusion::None || c.cost < best.cost)) {
         best = c;
@@ -343,7 +426,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
     // Follow the chosen source's branches again (the same way) to write its record.
     assumptions(board, bestSource, assumed);
     for (int b = 0; b < n; ++b)
-      runBranch(board, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+      runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
     TechniqueStep step;
     if (units) {
       step.technique = Technique::UnitForcingChain;

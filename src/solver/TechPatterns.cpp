@@ -48,7 +48,7 @@ std::optional<TechniqueStep> findSkyscraper(const TechniqueContext& ctx) {
   for (const bool rows : {true, false}) {
     const int first = rows ? 0 : 9;
     std::array<std::uint16_t, 9> linked{};
-    for (int l = 0; l < 9; ++l) linked[std::size_t(l)] = places.linked(first + l);
+    for (int l = 0; l < 9; ++l) linked[std::size_t(l)] = places.linked(first + l) & places.digits();
     for (int l1 = 0; l1 < 9; ++l1)
       for (int l2 = l1 + 1; l2 < 9; ++l2)
         for (unsigned both = linked[std::size_t(l1)] & linked[std::size_t(l2)]; both; both &= both - 1) {
@@ -74,7 +74,7 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
   const TechniqueContext& places = ctx;
   std::array<std::uint16_t, 18> linked{};
-  for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area);
+  for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area) & places.digits();
   for (int r = 0; r < 9; ++r)
     for (int c = 0; c < 9; ++c)
       for (unsigned both = linked[std::size_t(r)] & linked[std::size_t(9 + c)]; both; both &= both - 1) {
@@ -110,6 +110,7 @@ std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext& ctx) {
   for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area);
   for (int b = 0; b < 9; ++b)
     for (int d = 1; d <= 9; ++d) {
+      if (!(places.digits() & bitOf(d))) continue;
       const unsigned inBox = places.at(18 + b, d);
       if (bits(inBox) < 2 || bits(inBox) > 5) continue;  // a cross holds two to five places
       const int top = (b / 3) * 3, left = (b % 3) * 3;

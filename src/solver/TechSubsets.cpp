@@ -21,6 +21,7 @@ std::optional<TechniqueStep> findNaked(const TechniqueContext& ctx, int n, Techn
   const TechniqueBoard& board = ctx.board;
   std::optional<TechniqueStep> step;
   for (int area = 0; area < 27 && !step; ++area) {
+    if (!((ctx.areas() >> area) & 1u)) continue;
     const auto& cells = kAreas[std::size_t(area)];
     std::array<std::uint16_t, 9> cand{};
     unsigned eligible = 0;
@@ -58,6 +59,7 @@ std::optional<TechniqueStep> findHidden(const TechniqueContext& ctx, int n, Tech
   const TechniqueBoard& board = ctx.board;
   std::optional<TechniqueStep> step;
   for (int area = 0; area < 27 && !step; ++area) {
+    if (!((ctx.areas() >> area) & 1u)) continue;
     const auto& cells = kAreas[std::size_t(area)];
     std::array<std::uint16_t, 9> where{};
     unsigned eligible = 0;

@@ -82,11 +82,53 @@ std::string techniqueNameList() {
   return out;
 }
 
-std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules) {
-  const TechniqueContext context(board);
+namespace {
+/// The areas of each cell, as a mask.
+constexpr std::array<std::uint32_t, kCellCount> kCellAreas = [] {
+  std::array<std::uint32_t, kCellCount> t{};
+  for (int c = 0; c < kCellCount; ++c)
+    t[std::size_t(c)] = (1u << rowOf(c)) | (1u << (9 + colOf(c))) | (1u << (18 + boxOf(c)));
+  return t;
+}();
+}  // namespace
+
+void StepMemory::moveTo(const TechniqueBoard& board) {
+  std::uint32_t digits = 0, areas = 0;
+  for (int c = 0; c < kCellCount; ++c) {
+    const std::uint16_t was = m_cand[std::size_t(c)], is = board.cand[std::size_t(c)];
+    if (was == is) continue;
+    digits |= std::uint32_t(was ^ is);
+    areas |= kCellAreas[std::size_t(c)];
+  }
+  if (!areas) return;
+  m_cand = board.cand;
+  for (int t = 0; t < kTechniqueCount; ++t) {
+    const TechniqueScope scope = techniqueScope(Technique(t));
+    if (scope != TechniqueScope::Board) m_nothingOn[std::size_t(t)] &= ~(scope == TechniqueScope::EachDigit ? digits : areas);
+  }
+}
+
+std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules,
+                                             StepMemory* memory) {
+  TechniqueContext context(board);
+  if (memory) memory->moveTo(board);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !enabled.has(t.id) || (!withRules && t.family == TechniqueFamily::Rules)) continue;
-    if (auto step = t.find(context)) return step;
+    const TechniqueScope scope = memory ? techniqueScope(t.id) : TechniqueScope::Board;
+    if (scope == TechniqueScope::EachDigit) {
+      const auto look = std::uint16_t(kAll & ~memory->nothingOn(t.id));
+      if (!look) continue;
+      context.lookAtDigits(look);
+    } else if (scope == TechniqueScope::EachArea) {
+      const std::uint32_t look = TechniqueContext::kAllAreas & ~memory->nothingOn(t.id);
+      if (!look) continue;
+      context.lookAtAreas(look);
+    }
+    std::optional<TechniqueStep> step = t.find(context);
+    context.lookAtDigits(kAll);
+    context.lookAtAreas(TechniqueContext::kAllAreas);
+    if (step) return step;
+    if (scope != TechniqueScope::Board) memory->foundNothing(t.id);
   }
   return std::nullopt;
 }

@@ -41,6 +41,8 @@ struct TechniqueBoard {
 /// with a plain board gets one made for that call.
 class TechniqueContext {
  public:
+  static constexpr std::uint32_t kAllAreas = (std::uint32_t(1) << 27) - 1;
+
   TechniqueContext(const TechniqueBoard& board);  // implicit: a board is enough to call a finder
 
   const TechniqueBoard& board;
@@ -52,7 +54,18 @@ class TechniqueContext {
   /// The cells holding the digit as a candidate.
   const CellSet& holds(int digit) const { return m_holds[std::size_t(digit - 1)]; }
 
+  /// The digits a finder that looks at each digit on its own must look at,
+  /// and the areas (bit a for area a) one that looks at each area on its own
+  /// must look at (see techniqueScope): all, unless the step search knows that
+  /// the finder finds nothing on the others.
+  std::uint16_t digits() const { return m_digits; }
+  std::uint32_t areas() const { return m_areas; }
+  void lookAtDigits(std::uint16_t digits) { m_digits = digits; }
+  void lookAtAreas(std::uint32_t areas) { m_areas = areas; }
+
  private:
+  std::uint16_t m_digits = bitgrid::kAll;
+  std::uint32_t m_areas = kAllAreas;
   std::array<std::array<std::uint16_t, 9>, 27> m_at{};
   std::array<std::uint16_t, 27> m_linked{};
   std::array<CellSet, 9> m_holds{};
@@ -179,6 +192,42 @@ static_assert([] {
 /// The table row of a technique.
 constexpr const TechniqueInfo& techniqueInfo(Technique t) { return kTechniques[std::size_t(t)]; }
 
+/// What a finder's instances depend on. EachDigit: what it finds on a digit
+/// depends on nothing but the cells holding that digit (the fish, the
+/// single-digit patterns, colouring and X-Chains); it looks only at the digits
+/// of TechniqueContext::digits(). EachArea: what it finds in an area depends
+/// on nothing but the candidates of the area's cells (the hidden and naked
+/// subsets); it looks only at the areas of TechniqueContext::areas().
+enum class TechniqueScope : std::uint8_t { Board, EachDigit, EachArea };
+
+constexpr TechniqueScope techniqueScope(Technique t) {
+  const TechniqueFamily family = techniqueInfo(t).family;
+  if (family == TechniqueFamily::Fish || family == TechniqueFamily::SingleDigit ||
+      family == TechniqueFamily::Colouring || t == Technique::XChain)
+    return TechniqueScope::EachDigit;
+  if (family == TechniqueFamily::Subsets) return TechniqueScope::EachArea;
+  return TechniqueScope::Board;
+}
+
+/// What the step search keeps between its calls on the boards of one solve:
+/// the candidates at the last call, and for each finder that looks at each
+/// digit or each area on its own the digits or areas on which it found
+/// nothing then. On the next board such a finder looks only at the digits or
+/// areas whose cells have changed or on which it was not asked: it would find
+/// nothing on the others again. Any sequence of boards may share one memory.
+class StepMemory {
+ public:
+  /// Forgets what was found on the digits and areas whose cells differ on this board.
+  void moveTo(const TechniqueBoard& board);
+  /// The digits or areas on which the finder of `t` is known to find nothing.
+  std::uint32_t nothingOn(Technique t) const { return m_nothingOn[std::size_t(t)]; }
+  void foundNothing(Technique t) { m_nothingOn[std::size_t(t)] = ~std::uint32_t(0); }
+
+ private:
+  bitgrid::Cands m_cand{};
+  std::array<std::uint32_t, kTechniqueCount> m_nothingOn{};
+};
+
 /// Reads "six", "all" or a comma-separated list of cliNames (the six rules are
 /// always on); nothing when a name is unknown.
 std::optional<TechniqueSet> parseTechniqueSet(std::string_view text);
@@ -187,8 +236,11 @@ std::string techniqueNameList();
 
 /// The easiest technique of `enabled` that finds something on the board; the
 /// six rules' rows only when `withRules` (the solver applies those itself).
+/// With a memory of earlier calls (on any boards), the finders that look at
+/// each digit on their own skip the digits on which they are known to find
+/// nothing; the step is the same.
 std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled,
-                                             bool withRules = false);
+                                             bool withRules = false, StepMemory* memory = nullptr);
 
 /// Applies a step to the board: removes its eliminations, and places its
 /// placements (taking the digit from the placed cell's peers).

@@ -107,8 +107,10 @@ struct Visited {
   std::string board;  ///< boardText, for a failure message
 };
 
-/// The line of one board: "set:puzzle stage board-hash" and a token per finder.
-Visited visit(const std::string& where, int stage, const TechniqueBoard& board) {
+/// The line of one board: "set:puzzle stage board-hash" and a token per finder
+/// (only the board when not `withFinders`).
+Visited visit(const std::string& where, int stage, const TechniqueBoard& board, bool withFinders) {
+  if (!withFinders) return {{}, boardText(board)};
   std::string line = where + " " + std::to_string(stage) + " " + boardHash(board);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find) continue;
@@ -125,19 +127,19 @@ constexpr int kStages = 10;
 /// Walks one puzzle: its raw board, then the rules applied until they stall,
 /// the board looked at, and one step taken: the easiest further technique, or
 /// (every third stage, or when none finds anything) a solution digit revealed.
-void walk(const std::string& where, const std::string& puzzle, std::vector<Visited>& out) {
+void walk(const std::string& where, const std::string& puzzle, std::vector<Visited>& out, bool withFinders = true) {
   std::string solution;
   const int solutions = countSolutions(puzzle, 2, &solution);
   if (solutions == 0) return;
   TechniqueBoard board = boardFromPuzzle(puzzle);
   board.uniqueSolution = solutions == 1;
-  out.push_back(visit(where, 0, board));
+  out.push_back(visit(where, 0, board, withFinders));
   for (int stage = 1, next = 0; stage <= kStages; ++stage) {
     while (auto rule = findEasiestStep(board, TechniqueSet::rulesOnly(), true)) applyStep(board, *rule);
     bool open = false;
     for (int c = 0; c < bitgrid::kCellCount; ++c) open = open || !board.value[std::size_t(c)];
     if (!open) return;
-    out.push_back(visit(where, stage, board));
+    out.push_back(visit(where, stage, board, withFinders));
     std::optional<TechniqueStep> step;
     if (stage % 3 != 0) step = findEasiestStep(board, TechniqueSet::all());
     if (!step) {
@@ -185,6 +187,69 @@ TEST(TechniqueParity, EveryFinderReturnsTheRecordedStepOnEveryBoard) {
     }
   // The walk reaches a few thousand boards (a guard against a sample that shrank).
   EXPECT_GE(visited.size(), 2000u);
+}
+
+std::string hashOf(const std::optional<TechniqueStep>& step) { return step ? stepHash(*step) : "."; }
+
+/// The boards of the walk over both samples, in order (read back from their text).
+std::vector<TechniqueBoard> walkedBoards() {
+  std::vector<Visited> visited;
+  for (const char* set : {"techniques-sample.txt", "kaggle3m_sample200.txt"}) {
+    const std::vector<std::string> puzzles = lines(test::puzzleFile(set));
+    for (std::size_t i = 0; i < puzzles.size(); ++i) walk(set, puzzles[i].substr(0, 81), visited, false);
+  }
+  std::vector<TechniqueBoard> boards;
+  for (const Visited& v : visited) boards.push_back(boardFromCandidates(v.board));
+  return boards;
+}
+
+// A finder that looks at each digit (each area) on its own finds on a set of
+// digits (areas) what it finds on all when those left out are the ones it
+// finds nothing on alone: the step search's memory leaves out only such.
+TEST(TechniqueParity, EachDigitAndEachAreaFindersFindTheSameWhereTheyFindSomething) {
+  const std::vector<TechniqueBoard> boards = walkedBoards();
+  int checked = 0;
+  for (std::size_t b = 0; b < boards.size(); b += 3)
+    for (const TechniqueInfo& t : kTechniques) {
+      const TechniqueScope scope = techniqueScope(t.id);
+      if (!t.find || scope == TechniqueScope::Board) continue;
+      const bool digits = scope == TechniqueScope::EachDigit;
+      TechniqueContext context(boards[b]);
+      const auto lookAt = [&](std::uint32_t mask) {
+        if (digits)
+          context.lookAtDigits(std::uint16_t(mask));
+        else
+          context.lookAtAreas(mask);
+      };
+      const std::optional<TechniqueStep> all = t.find(context);
+      std::uint32_t some = 0;
+      for (int i = 0; i < (digits ? 9 : 27); ++i) {
+        lookAt(1u << i);
+        if (t.find(context)) some |= 1u << i;
+      }
+      lookAt(some);
+      const std::optional<TechniqueStep> found = t.find(context);
+      ASSERT_EQ(hashOf(all), hashOf(found)) << t.cliName << " board " << b;
+      ++checked;
+    }
+  EXPECT_GE(checked, 12000);
+}
+
+// The step search with a memory of the boards before returns the same step as
+// without, for any technique set.
+TEST(TechniqueParity, StepSearchWithMemoryFindsTheSameSteps) {
+  const std::vector<TechniqueBoard> boards = walkedBoards();
+  for (const char* names : {"all", "x-wing,finned-x-wing,skyscraper,colour-trap,colour-wrap,x-chain,als-xz",
+                            "hidden-pair,naked-quad,jellyfish,finned-swordfish,two-string-kite,empty-rectangle,xy-wing,"
+                            "x-chain,aic"}) {
+    const TechniqueSet set = *parseTechniqueSet(names);
+    StepMemory memory;
+    for (std::size_t b = 0; b < boards.size(); ++b) {
+      const std::optional<TechniqueStep> plain = findEasiestStep(boards[b], set);
+      const std::optional<TechniqueStep> remembered = findEasiestStep(boards[b], set, false, &memory);
+      ASSERT_EQ(hashOf(plain), hashOf(remembered)) << names << " board " << b;
+    }
+  }
 }
 
 }  // namespace
