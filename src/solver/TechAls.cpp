@@ -153,13 +153,28 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   // Which sets take in each cell, and hold each digit in places some cell
   // outside sees all of (a z they might remove).
   AlsRows byCell(kCellCount, n), byReaching(9, n);
+  // A row for each place of each digit (a digit and a cell holding it), and
+  // in it the sets whose lowest (byLow) or highest (byHigh) place of that
+  // digit is there: a partner's places of x all lie where A's places of x
+  // are seen, so both its lowest and its highest one do.
+  std::array<std::array<std::uint16_t, kCellCount>, 9> placeRow{};
+  std::size_t placeRows = 0;
+  for (std::size_t d = 0; d < 9; ++d) holds[d].forEach([&](int c) { placeRow[d][std::size_t(c)] = std::uint16_t(placeRows++); });
+  AlsRows byLow(placeRows, n), byHigh(placeRows, n);
   for (std::size_t i = 0; i < n; ++i) {
     for (int k = 0; k < sets[i].size; ++k) byCell.add(sets[i].cells[std::size_t(k)], i);
     for (std::uint16_t m = sets[i].reaching; m; m &= std::uint16_t(m - 1))
       byReaching.add(std::size_t(std::countr_zero(m)), i);
+    for (std::uint16_t m = sets[i].digits; m; m &= std::uint16_t(m - 1)) {
+      const auto d = std::size_t(std::countr_zero(m));
+      const CellSet places = sets[i].where & holds[d];
+      if (places.empty()) continue;
+      byLow.add(placeRow[d][std::size_t(places.lo ? std::countr_zero(places.lo) : 64 + std::countr_zero(places.hi))], i);
+      byHigh.add(placeRow[d][std::size_t(places.hi ? 127 - std::countl_zero(places.hi) : 63 - std::countl_zero(places.lo))], i);
+    }
   }
   const std::size_t words = byCell.words();
-  std::vector<std::uint64_t> later(words), partners(words), fit(words);
+  std::vector<std::uint64_t> later(words), partners(words), fit(words), fitHigh(words);
 
   int bestTotal = 2 * kMaxAlsCells + 1;
   std::size_t bestA = 0, bestB = 0;
@@ -185,12 +200,15 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       const CellSet meeting = sees & places;
       if (meeting.empty()) continue;
       std::fill(fit.begin() + std::ptrdiff_t(from), fit.end(), 0);
+      std::fill(fitHigh.begin() + std::ptrdiff_t(from), fitHigh.end(), 0);
       meeting.forEach([&](int c) {
-        const std::uint64_t* in = byCell.row(std::size_t(c));
-        for (std::size_t w = from; w < words; ++w) fit[w] |= in[w];
+        const std::size_t r = placeRow[std::size_t(x - 1)][std::size_t(c)];
+        const std::uint64_t* low = byLow.row(r);
+        const std::uint64_t* high = byHigh.row(r);
+        for (std::size_t w = from; w < words; ++w) fit[w] |= low[w], fitHigh[w] |= high[w];
       });
       for (std::size_t w = from; w < words; ++w) {
-        const std::uint64_t near = fit[w] & later[w];
+        const std::uint64_t near = fit[w] & fitHigh[w] & later[w];
         if (!near) continue;
         std::uint64_t z = 0;
         for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
