@@ -174,7 +174,8 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
     }
   }
   const std::size_t words = byCell.words();
-  std::vector<std::uint64_t> later(words), partners(words), fit(words), fitHigh(words);
+  std::vector<std::uint64_t> later(words), partners(words);
+  std::array<std::size_t, kCellCount> rowAt{};  // the place rows of the cells where B's places of x may lie
 
   int bestTotal = 2 * kMaxAlsCells + 1;
   std::size_t bestA = 0, bestB = 0;
@@ -199,16 +200,13 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       const CellSet& places = holds[std::size_t(x - 1)];
       const CellSet meeting = sees & places;
       if (meeting.empty()) continue;
-      std::fill(fit.begin() + std::ptrdiff_t(from), fit.end(), 0);
-      std::fill(fitHigh.begin() + std::ptrdiff_t(from), fitHigh.end(), 0);
-      meeting.forEach([&](int c) {
-        const std::size_t r = placeRow[std::size_t(x - 1)][std::size_t(c)];
-        const std::uint64_t* low = byLow.row(r);
-        const std::uint64_t* high = byHigh.row(r);
-        for (std::size_t w = from; w < words; ++w) fit[w] |= low[w], fitHigh[w] |= high[w];
-      });
+      std::size_t rows = 0;
+      meeting.forEach([&](int c) { rowAt[rows++] = placeRow[std::size_t(x - 1)][std::size_t(c)]; });
       for (std::size_t w = from; w < words; ++w) {
-        const std::uint64_t near = fit[w] & fitHigh[w] & later[w];
+        if (!later[w]) continue;
+        std::uint64_t low = 0, high = 0;
+        for (std::size_t k = 0; k < rows; ++k) low |= byLow.row(rowAt[k])[w], high |= byHigh.row(rowAt[k])[w];
+        const std::uint64_t near = low & high & later[w];
         if (!near) continue;
         std::uint64_t z = 0;
         for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
