@@ -81,7 +81,17 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
       order.push_back(key);
     }
   }
-  std::sort(order.begin(), order.end());
+  // Ordered by size and first cell with a count of each, then by the rest
+  // of the key within those few.
+  std::array<std::uint16_t, kMaxAlsCells * kCellCount + 1> start{};
+  const auto bucket = [](std::uint64_t key) { return std::size_t((key >> 60) - 1) * kCellCount + ((key >> 53) & 0x7F); };
+  for (std::uint64_t key : order) ++start[bucket(key) + 1];
+  for (std::size_t b = 1; b < start.size(); ++b) start[b] = std::uint16_t(start[b] + start[b - 1]);
+  std::vector<std::uint64_t> sorted(order.size());
+  for (std::uint64_t key : order) sorted[start[bucket(key)]++] = key;
+  for (std::size_t k = 1; k < sorted.size(); ++k)
+    for (std::size_t m = k; m > 0 && sorted[m - 1] > sorted[m]; --m) std::swap(sorted[m - 1], sorted[m]);
+  order.swap(sorted);
   // Keep the sets with a digit z to remove: a pair needs one in both.
   std::vector<Als> sets;
   sets.reserve(found.size());
