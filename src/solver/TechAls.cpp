@@ -99,17 +99,25 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
   seeing.reserve(found.size());
   for (std::uint64_t key : order) {
     Als s = found[key & 0x3FFFF];
+    // Every digit at once, without branches: a cell leaves a digit's set as
+    // it is unless it holds that digit. Digits outside the set see nothing.
     Seeing& see = seeing.emplace_back();
-    for (std::uint16_t m = s.digits; m; m &= std::uint16_t(m - 1)) see[std::size_t(std::countr_zero(m))] = kEveryCell;
+    for (std::size_t d = 0; d < 9; ++d) {
+      const std::uint64_t in = std::uint64_t(0) - ((s.digits >> d) & 1u);
+      see[d] = {in, in};
+    }
     for (int k = 0; k < s.size; ++k) {
       const std::uint8_t c = s.cells[std::size_t(k)];
-      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
-        see[std::size_t(std::countr_zero(m))] = see[std::size_t(std::countr_zero(m))] & kPeerSets[c];
+      const CellSet peers = kPeerSets[c];
+      const unsigned cand = board.cand[c];
+      for (std::size_t d = 0; d < 9; ++d) {
+        const std::uint64_t out = std::uint64_t(0) - ((cand >> d) & 1u);  // all ones where the cell holds d
+        see[d].lo &= peers.lo | ~out;
+        see[d].hi &= peers.hi | ~out;
+      }
     }
-    for (std::uint16_t m = s.digits; m; m &= std::uint16_t(m - 1)) {
-      const int d = std::countr_zero(m);
-      if (!(see[std::size_t(d)] & holds[std::size_t(d)]).empty()) s.reaching |= std::uint16_t(1u << d);
-    }
+    for (std::size_t d = 0; d < 9; ++d)
+      s.reaching |= std::uint16_t(unsigned((see[d] & holds[d]).any()) << d);
     if (!s.reaching) {
       seeing.pop_back();
       continue;
