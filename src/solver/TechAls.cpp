@@ -179,6 +179,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   std::size_t placeRows = 0;
   for (std::size_t d = 0; d < 9; ++d) holds[d].forEach([&](int c) { placeRow[d][std::size_t(c)] = std::uint16_t(placeRows++); });
   AlsRows byLow(placeRows, n), byHigh(placeRows, n);
+  std::vector<std::size_t> lastLow(placeRows);  // one past the last set in each byLow row, 0 for none
   for (std::size_t i = 0; i < n; ++i) {
     for (int k = 0; k < sets[i].size; ++k) byCell.add(sets[i].cells[std::size_t(k)], i);
     for (std::uint16_t m = sets[i].reaching; m; m &= std::uint16_t(m - 1))
@@ -187,7 +188,9 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       const auto d = std::size_t(std::countr_zero(m));
       const CellSet places = sets[i].where & holds[d];
       if (places.empty()) continue;
-      byLow.add(placeRow[d][std::size_t(places.lo ? std::countr_zero(places.lo) : 64 + std::countr_zero(places.hi))], i);
+      const std::size_t low = placeRow[d][std::size_t(places.lo ? std::countr_zero(places.lo) : 64 + std::countr_zero(places.hi))];
+      byLow.add(low, i);
+      lastLow[low] = i + 1;
       byHigh.add(placeRow[d][std::size_t(places.hi ? 127 - std::countl_zero(places.hi) : 63 - std::countl_zero(places.lo))], i);
     }
   }
@@ -219,8 +222,15 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       const CellSet meeting = sees & places;
       if (meeting.empty()) continue;
       std::size_t rows = 0;
-      meeting.forEach([&](int c) { rowAt[rows++] = placeRow[std::size_t(x - 1)][std::size_t(c)]; });
-      for (std::size_t w = from; w < words; ++w) {
+      std::size_t end = 0;  // one past the last set that may be a partner
+      meeting.forEach([&](int c) {
+        const std::size_t r = placeRow[std::size_t(x - 1)][std::size_t(c)];
+        rowAt[rows++] = r;
+        end = std::max(end, lastLow[r]);
+      });
+      if (end <= i + 1) continue;
+      const std::size_t endWord = (end - 1) / 64 + 1;
+      for (std::size_t w = from; w < endWord; ++w) {
         if (!later[w]) continue;
         std::uint64_t low = 0, high = 0;
         for (std::size_t k = 0; k < rows; ++k) low |= byLow.row(rowAt[k])[w], high |= byHigh.row(rowAt[k])[w];
