@@ -86,21 +86,10 @@ void SolverEngine::removeDuplicates(int cell, int digit, int& counter) {
 }
 
 bool SolverEngine::givensAreValid() const {
-  // No value twice in a row, column or box: one pass, a digit mask per area.
-  std::array<std::uint16_t, 10> rows{}, cols{}, boxes{};
-  for (int c = 1; c <= kCells; ++c) {
+  return eachDigitOnceInItsAreas([this](int c) {
     const int v = s.grid[c].value;
-    if (v < 1 || v > 9) continue;
-    const std::uint16_t bit = std::uint16_t(1u << (v - 1));
-    std::uint16_t& r = rows[std::size_t(CellRow[c])];
-    std::uint16_t& k = cols[std::size_t(CellCol[c])];
-    std::uint16_t& b = boxes[std::size_t(CellBox[c])];
-    if ((r | k | b) & bit) return false;
-    r |= bit;
-    k |= bit;
-    b |= bit;
-  }
-  return true;
+    return v >= 1 && v <= 9 ? std::uint16_t(1u << (v - 1)) : std::uint16_t(0);
+  });
 }
 
 void SolverEngine::highlightArea(int cell, int row, int col, int box) {

@@ -52,18 +52,8 @@ bool SolverEngine::removeSinglesDigitsAtOnce() {
       }
     }
   }
-  std::array<std::uint16_t, 10> rowSeen{}, colSeen{}, boxSeen{};
-  for (int c = 1; c <= kCells; ++c) {
-    const std::uint16_t set = cand[std::size_t(c)];
-    if (!single(set)) continue;
-    std::uint16_t& r = rowSeen[std::size_t(CellRow[c])];
-    std::uint16_t& k = colSeen[std::size_t(CellCol[c])];
-    std::uint16_t& b = boxSeen[std::size_t(CellBox[c])];
-    if ((r | k | b) & set) return false;
-    r |= set;
-    k |= set;
-    b |= set;
-  }
+  if (!eachDigitOnceInItsAreas([&](int c) { return single(cand[std::size_t(c)]) ? cand[std::size_t(c)] : std::uint16_t(0); }))
+    return false;
   for (int c = 1; c <= kCells; ++c) s.grid[c].candidates = CandidateSet::fromBits(cand[std::size_t(c)]);
   return true;
 }

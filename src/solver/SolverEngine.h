@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,25 @@ namespace tessaly {
 
 /// True when some digit 1..9 occurs more than once; other characters are ignored.
 bool hasRepeatedDigit(std::string_view values);
+
+/// True when no row, column or box holds a digit twice, where `digitBit(c)`
+/// is cell c's digit (1..81) as one bit, or 0 for none.
+template <class DigitBit>
+bool eachDigitOnceInItsAreas(DigitBit digitBit) {
+  std::array<std::uint16_t, 10> rows{}, cols{}, boxes{};
+  for (int c = 1; c <= kCells; ++c) {
+    const std::uint16_t bit = digitBit(c);
+    if (!bit) continue;
+    std::uint16_t& r = rows[std::size_t(CellRow[c])];
+    std::uint16_t& k = cols[std::size_t(CellCol[c])];
+    std::uint16_t& b = boxes[std::size_t(CellBox[c])];
+    if ((r | k | b) & bit) return false;
+    r |= bit;
+    k |= bit;
+    b |= bit;
+  }
+  return true;
+}
 
 /// The solver: candidates, the six rules, placement, the solve step with its
 /// retraction, and the solve runs. It works on the session's grid and narrates

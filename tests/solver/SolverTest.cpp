@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <fstream>
+#include <random>
 
 #include "model/Text.h"
 #include "solver/ReadPuzzle.h"
@@ -114,6 +118,56 @@ TEST(Rules, RemoveDuplicatesNarratesEachDeletionPassByPass) {
   // Row: 8 peers; column: 8 peers; box: 5, 13 and 14 left (4 is a single; 6, 15,
   // 22 and 23 went in the earlier passes).
   EXPECT_EQ(counter, 8 + 8 + 3);
+}
+
+// A silent run (creation) makes Rule 1's removals by whole areas; the narrated
+// run cell by cell. Both must leave the same grid: the same values placed and
+// the same candidates, on real boards and on boards with candidates struck at
+// random (two singles of one digit in an area, cells left with none).
+TEST(Rules, Rule1LeavesTheSameGridSilentOrNarrated) {
+  std::vector<std::string> puzzles;
+  for (const char* name : {"top95.txt", "kaggle3m_sample200.txt"}) {
+    std::ifstream in(test::puzzleFile(name));
+    for (std::string line; std::getline(in, line);)
+      if (line.size() >= 81) puzzles.push_back(line.substr(0, 81));
+  }
+  ASSERT_GE(puzzles.size(), 290u);
+  std::mt19937 draw(20261125);
+  int boards = 0, withStruck = 0;
+  for (const std::string& puzzle : puzzles)
+    for (int strike = 0; strike <= 12; strike += 4, ++boards) {
+      std::array<CandidateSet, kCells + 1> start{};
+      {
+        test::TestSession t;
+        test::loadGivens(t.session, puzzle);
+        SolverEngine(t.session).computeCandidates(false);
+        for (int c = 1; c <= kCells; ++c) start[std::size_t(c)] = t.session.grid[c].candidates;
+      }
+      for (int k = 0; k < strike; ++k) {
+        CandidateSet& cands = start[std::size_t(1 + draw() % kCells)];
+        if (cands.empty()) continue;
+        std::uint16_t bits = cands.bits();
+        for (unsigned skip = draw() % unsigned(cands.size()); skip > 0; --skip) bits &= std::uint16_t(bits - 1);
+        cands.remove(std::countr_zero(bits) + 1);
+      }
+      withStruck += strike > 0;
+      std::array<std::string, 2> grids;
+      for (const bool silent : {true, false}) {
+        test::TestSession t;
+        Session& s = t.session;
+        test::loadGivens(s, puzzle);
+        for (int c = 1; c <= kCells; ++c) s.grid[c].candidates = start[std::size_t(c)];
+        s.BlanksLeft = kCells - s.grid.filledCount();
+        s.run.mode = silent ? RunState::Silent : RunState::NoPause;
+        SolverEngine(s).applyRule1();
+        std::string& grid = grids[silent ? 0 : 1];
+        for (int c = 1; c <= kCells; ++c) grid += std::to_string(s.grid[c].value) + s.grid[c].candidates.text() + ",";
+        grid += std::to_string(s.run.PlacementCount);
+      }
+      ASSERT_EQ(grids[0], grids[1]) << puzzle << " with " << strike << " candidates struck";
+    }
+  EXPECT_GT(withStruck, 800);
+  EXPECT_EQ(boards, int(puzzles.size()) * 4);
 }
 
 TEST(CandidateTexts, RepeatsIgnoreNonDigits) {
