@@ -236,31 +236,23 @@ Cands ruleRemovals(int rule, const Cands& cand, const AreaTally& tally) {
 
 Cands ruleRemovals(int rule, const Cands& cand) { return ruleRemovals(rule, cand, tallyAreas(cand)); }
 
-RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles) {
-  const Cands removed = ruleRemovals(rule, cand, tally);
+RuleOutcome applyRemovals(Cands& cand, const Cands& removed, SingleQueue& newSingles) {
   RuleOutcome outcome = RuleOutcome::Nothing;
+  bool emptied = false;
   for (int c = 0; c < kCellCount; ++c) {
     std::uint16_t& set = cand[std::size_t(c)];
     if (!(set & removed[std::size_t(c)])) continue;
     const bool wasSingle = single(set);
     set &= std::uint16_t(~removed[std::size_t(c)]);
-    if (set == 0) return RuleOutcome::Contradiction;
+    emptied |= set == 0;
     newSingles.pushIf(c, !wasSingle && single(set));
     outcome = RuleOutcome::Progress;
   }
-  return outcome;
+  return emptied ? RuleOutcome::Contradiction : outcome;
 }
 
-bool applyRemovals(Cands& cand, const Cands& removed) {
-  bool any = false;
-  for (int c = 0; c < kCellCount; ++c) {
-    std::uint16_t& set = cand[std::size_t(c)];
-    if (set & removed[std::size_t(c)]) {
-      set &= std::uint16_t(~removed[std::size_t(c)]);
-      any = true;
-    }
-  }
-  return any;
+RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles) {
+  return applyRemovals(cand, ruleRemovals(rule, cand, tally), newSingles);
 }
 
 }  // namespace tessaly::bitgrid

@@ -47,12 +47,12 @@ AreaTally tallyAreas(const Cands& cand);
 Cands ruleRemovals(int rule, const Cands& cand, const AreaTally& tally);
 Cands ruleRemovals(int rule, const Cands& cand);
 
-/// Takes `removed` from the grid; whether anything went.
-bool applyRemovals(Cands& cand, const Cands& removed);
-
-/// What applying Rule `rule` did to the grid: nothing, some removals (the
-/// cells they left with one candidate queued), or a cell left with none.
+/// What taking removals from the grid did: nothing, some removals (the cells
+/// they left with one candidate queued), or a cell left with none.
 enum class RuleOutcome { Nothing, Progress, Contradiction };
+/// Takes `removed` from the grid.
+RuleOutcome applyRemovals(Cands& cand, const Cands& removed, SingleQueue& newSingles);
+/// Takes what Rule `rule` removes from the grid.
 RuleOutcome applyRule(int rule, Cands& cand, const AreaTally& tally, SingleQueue& newSingles);
 
 }  // namespace tessaly::bitgrid

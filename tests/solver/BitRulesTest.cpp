@@ -89,8 +89,10 @@ class Walk {
       std::array<Cands, 7> removed{};
       for (int r : {2, 4, 3, 6}) removed[std::size_t(r)] = rule(name, r, cand, placed);
       bool progress = false;
-      for (std::size_t i = 2; i < kGradingRuleOrder.size() && !progress; ++i)
-        progress = applyRemovals(cand, removed[std::size_t(kGradingRuleOrder[i])]);
+      for (std::size_t i = 2; i < kGradingRuleOrder.size() && !progress; ++i) {
+        SingleQueue newSingles;
+        progress = applyRemovals(cand, removed[std::size_t(kGradingRuleOrder[i])], newSingles) != RuleOutcome::Nothing;
+      }
       if (progress) continue;
       ++stall;
       std::optional<TechniqueStep> step;
@@ -153,7 +155,10 @@ class Walk {
       for (const auto& [c, d] : byFinder) what += " " + std::to_string(c) + ":" + std::to_string(d);
       fail(name, number, what);
     }
-    if (number == 5) applyRemovals(cand, removed);
+    if (number == 5) {
+      SingleQueue newSingles;
+      applyRemovals(cand, removed, newSingles);
+    }
     return removed;
   }
 
