@@ -351,28 +351,43 @@ class Search {
   int m_found = 0;
 };
 
-// Counts from the given candidates (one 9-bit set per cell).
-int countFrom(const bitgrid::Cands& start, int limit, std::string* firstSolution) {
-  Board board;
-  board.open = {kBandCells, kBandCells, kBandCells};
-  for (int c = 0; c < bitgrid::kCellCount; ++c)
-    for (std::uint16_t set = start[std::size_t(c)]; set; set &= std::uint16_t(set - 1))
-      board.places[std::size_t(std::countr_zero(set))][std::size_t(c / 27)] |= 1u << (c % 27);
-  Search search(limit, firstSolution);
-  search.run(board);
-  return search.found();
-}
-
-// The candidates of a puzzle's cells before any search: a given's digit, or all nine.
-std::optional<bitgrid::Cands> startOf(std::string_view puzzle81) {
+// The board of a puzzle's givens, each placed; nothing when a given repeats.
+// Built at once rather than by placing the givens one by one: a digit keeps
+// its givens and the blanks whose row, column and box hold none of it.
+std::optional<Board> boardOf(std::string_view puzzle81) {
   const auto values = bitgrid::givens(puzzle81);
   if (!values) return std::nullopt;
-  bitgrid::Cands start;
+  Board board;
+  std::array<std::uint32_t, 9> rows{}, columns{}, boxes{};  // per digit: the areas holding it
   for (int c = 0; c < bitgrid::kCellCount; ++c) {
     const int v = (*values)[std::size_t(c)];
-    start[std::size_t(c)] = v ? bitgrid::bitOf(v) : bitgrid::kAll;
+    if (!v) {
+      board.open[std::size_t(c / 27)] |= 1u << (c % 27);
+      continue;
+    }
+    const std::size_t d = std::size_t(v - 1);
+    board.places[d][std::size_t(c / 27)] |= 1u << (c % 27);
+    rows[d] |= 1u << bitgrid::rowOf(c);
+    columns[d] |= 1u << bitgrid::colOf(c);
+    boxes[d] |= 1u << bitgrid::boxOf(c);
+    ++board.placed[d];
   }
-  return start;
+  for (std::size_t d = 0; d < 9; ++d) {
+    const std::uint32_t freeColumns = ~columns[d] & kRow;
+    const std::uint32_t inFreeColumns = freeColumns | freeColumns << 9 | freeColumns << 18;
+    for (int b = 0; b < 3; ++b) {
+      std::uint32_t allowed = 0;
+      for (int k = 0; k < 3; ++k) {
+        if (!((rows[d] >> (3 * b + k)) & 1)) allowed |= kRow << (9 * k);
+      }
+      std::uint32_t inFreeBoxes = 0;
+      for (int k = 0; k < 3; ++k) {
+        if (!((boxes[d] >> (3 * b + k)) & 1)) inFreeBoxes |= kBox << (3 * k);
+      }
+      board.places[d][std::size_t(b)] |= allowed & inFreeColumns & inFreeBoxes & board.open[std::size_t(b)];
+    }
+  }
+  return board;
 }
 
 }  // namespace
@@ -381,41 +396,36 @@ int countSolutions(std::string_view puzzle81, int limit) { return countSolutions
 
 int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution) {
   if (limit <= 0) return 0;
-  const auto values = bitgrid::givens(puzzle81);
-  if (!values) return 0;
-  // Every digit everywhere, then the givens placed (they never clash: givens
-  // checked that no area repeats one).
-  Board board;
-  board.open = {kBandCells, kBandCells, kBandCells};
-  for (auto& digit : board.places) digit = {kBandCells, kBandCells, kBandCells};
-  for (int c = 0; c < bitgrid::kCellCount; ++c)
-    if (const int v = (*values)[std::size_t(c)]) place(board, v - 1, c / 27, c % 27);
+  auto board = boardOf(puzzle81);
+  if (!board) return 0;
   Search search(limit, firstSolution);
-  search.run(board);
+  search.run(*board);
   return search.found();
 }
 
 bool hasOtherSolution(std::string_view puzzle81, std::string_view solution, std::initializer_list<int> cells) {
-  auto start = startOf(puzzle81);
-  if (!start) return false;
+  auto board = boardOf(puzzle81);
+  if (!board) return false;
   for (const int cell : cells) {
-    const std::uint16_t known = bitgrid::bitOf(solution[std::size_t(cell)] - '0');
-    // A cell whose peers' givens leave it no other digit cannot differ: no
-    // search is needed (most blanks made while the grid is still full).
-    std::uint16_t seen = 0;
-    for (const std::uint8_t peer : bitgrid::kPeers[std::size_t(cell)]) {
-      const std::uint16_t set = (*start)[peer];
-      if (bitgrid::single(set)) seen |= set;
+    const int b = cell / 27, i = cell % 27;
+    const int known = solution[std::size_t(cell)] - '1';
+    if (!((board->open[std::size_t(b)] >> i) & 1)) continue;  // a given
+    // A cell whose peers leave it no other digit cannot differ: no search is
+    // needed (most blanks made while the grid is still full).
+    bool other = false;
+    for (int d = 0; d < 9; ++d) other |= d != known && ((board->places[std::size_t(d)][std::size_t(b)] >> i) & 1);
+    if (other) {
+      Board differing = *board;
+      if (known >= 0 && known < 9) differing.places[std::size_t(known)][std::size_t(b)] &= ~(1u << i);
+      Search search(1, nullptr);
+      search.run(differing);
+      if (search.found() > 0) return true;
     }
-    if (!(bitgrid::kAll & ~seen & ~known)) {
-      (*start)[std::size_t(cell)] = known;
-      continue;
-    }
-    bitgrid::Cands differing = *start;
-    differing[std::size_t(cell)] = std::uint16_t(bitgrid::kAll & ~known);
-    if (countFrom(differing, 1, nullptr) > 0) return true;
+    // No solution differs here; when none can hold the known digit either,
+    // there is none at all.
+    if (known < 0 || known > 8 || !((board->places[std::size_t(known)][std::size_t(b)] >> i) & 1)) return false;
     // The next cell's search looks only among solutions that agree here.
-    (*start)[std::size_t(cell)] = known;
+    place(*board, known, b, i);
   }
   return false;
 }
