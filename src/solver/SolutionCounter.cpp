@@ -36,7 +36,6 @@ namespace {
 // cells with no or one candidate left, and the rows, columns and boxes where
 // a digit has no or one place left.
 
-constexpr std::uint32_t kBandCells = 0x7FFFFFF;
 constexpr std::uint32_t kRow = 0x1FF;
 constexpr std::uint32_t kBox = 0x1C0E07;
 constexpr std::uint32_t kColumn = 0x40201;
