@@ -4,6 +4,7 @@
 // exactly two places, so one of them holds it) through a shared area, and
 // takes the digit from what sees both ends.
 
+#include "solver/CellSet.h"
 #include "solver/TechniquePlaces.h"
 
 namespace tessaly {
@@ -20,11 +21,14 @@ struct Targets {
   int count = 0;
 };
 
-Targets seeingBoth(const TechniqueBoard& board, int a, int b, int digit) {
+Targets listed(CellSet cells) {
   Targets t;
-  for (std::uint8_t peer : kPeers[std::size_t(a)])
-    if ((board.cand[peer] & bitOf(digit)) && sees(peer, b)) t.cells[std::size_t(t.count++)] = peer;
+  cells.forEach([&](int c) { t.cells[std::size_t(t.count++)] = c; });
   return t;
+}
+
+CellSet seeingBoth(const TechniqueContext& ctx, int a, int b, int digit) {
+  return kPeerSets[std::size_t(a)] & kPeerSets[std::size_t(b)] & ctx.holds(digit);
 }
 
 TechniqueStep chainStep(Technique technique, int digit, std::vector<ChainNode> chain, const Targets& targets) {
@@ -43,7 +47,6 @@ ChainNode node(int cell, int digit) { return {{cell}, digit}; }
 // Two parallel lines where the digit has two places each, one of them in a
 // common cross line: the two other ends cannot both be empty of the digit.
 std::optional<TechniqueStep> findSkyscraper(const TechniqueContext& ctx) {
-  const TechniqueBoard& board = ctx.board;
   const TechniqueContext& places = ctx;
   for (const bool rows : {true, false}) {
     const int first = rows ? 0 : 9;
@@ -57,12 +60,12 @@ std::optional<TechniqueStep> findSkyscraper(const TechniqueContext& ctx) {
           if (bits(m1 & m2) != 1) continue;
           const int shared = lowest(m1 & m2);
           const int x = tech::lineCell(rows, l1, lowest(m1 & ~m2)), y = tech::lineCell(rows, l2, lowest(m2 & ~m1));
-          const Targets targets = seeingBoth(board, x, y, d);
-          if (!targets.count) continue;
+          const CellSet targets = seeingBoth(ctx, x, y, d);
+          if (targets.empty()) continue;
           return chainStep(Technique::Skyscraper, d,
                            {node(x, d), node(tech::lineCell(rows, l1, shared), d),
                             node(tech::lineCell(rows, l2, shared), d), node(y, d)},
-                           targets);
+                           listed(targets));
         }
   }
   return std::nullopt;
@@ -71,7 +74,6 @@ std::optional<TechniqueStep> findSkyscraper(const TechniqueContext& ctx) {
 // A row and a column where the digit has two places each, one end of each in
 // the same box: the row's other end or the column's other end holds it.
 std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
-  const TechniqueBoard& board = ctx.board;
   const TechniqueContext& places = ctx;
   std::array<std::uint16_t, 18> linked{};
   for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area) & places.digits();
@@ -88,10 +90,11 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
             const int box = boxOf(inBoxRow);
             if (inBoxRow == inBoxCol || boxOf(inBoxCol) != box || boxOf(rowEnd) == box || boxOf(colEnd) == box)
               continue;
-            const Targets targets = seeingBoth(board, rowEnd, colEnd, d);
-            if (!targets.count) continue;
+            const CellSet targets = seeingBoth(ctx, rowEnd, colEnd, d);
+            if (targets.empty()) continue;
             return chainStep(Technique::TwoStringKite, d,
-                             {node(rowEnd, d), node(inBoxRow, d), node(inBoxCol, d), node(colEnd, d)}, targets);
+                             {node(rowEnd, d), node(inBoxRow, d), node(inBoxCol, d), node(colEnd, d)},
+                             listed(targets));
           }
       }
   return std::nullopt;
@@ -106,13 +109,21 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
 std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
   const TechniqueContext& places = ctx;
-  std::array<std::uint16_t, 18> linked{};
-  for (int area = 0; area < 18; ++area) linked[std::size_t(area)] = places.linked(area);
+  // The rows (bits 0..8) and the columns where each digit has two places.
+  std::array<unsigned, 9> linkedRows{}, linkedCols{};
+  for (int line = 0; line < 9; ++line) {
+    for (unsigned m = places.linked(line); m; m &= m - 1) linkedRows[std::size_t(lowest(m))] |= 1u << line;
+    for (unsigned m = places.linked(9 + line); m; m &= m - 1) linkedCols[std::size_t(lowest(m))] |= 1u << line;
+  }
   for (int b = 0; b < 9; ++b)
     for (int d = 1; d <= 9; ++d) {
       if (!(places.digits() & bitOf(d))) continue;
       const unsigned inBox = places.at(18 + b, d);
       if (bits(inBox) < 2 || bits(inBox) > 5) continue;  // a cross holds two to five places
+      // The linked rows outside the box's band and columns outside its stack.
+      const unsigned rowsOut = linkedRows[std::size_t(d - 1)] & ~(7u << (3 * (b / 3)));
+      const unsigned colsOut = linkedCols[std::size_t(d - 1)] & ~(7u << (3 * (b % 3)));
+      if (!rowsOut && !colsOut) continue;
       const int top = (b / 3) * 3, left = (b % 3) * 3;
       const auto& boxCells = kAreas[std::size_t(18 + b)];
       // The box's places of d whose positions are in `mask`, as a node.
@@ -136,17 +147,17 @@ std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext& ctx) {
           };
           // A row outside the box's band with one end p in column C: if p
           // holds d the box's d is in row R, else the other end q holds it.
-          for (int r = 0; r < 9; ++r) {
+          for (unsigned rs = rowsOut & places.at(9 + C, d); rs; rs &= rs - 1) {
+            const int r = lowest(rs);
             const unsigned m = places.at(r, d);
-            if (r / 3 == b / 3 || !((linked[std::size_t(r)] >> (d - 1)) & 1u) || !((m >> C) & 1u)) continue;
             const int other = lowest(m & ~(1u << C)), target = R * 9 + other;
             if (other / 3 == b % 3 || !(board.cand[std::size_t(target)] & bitOf(d))) continue;
             return found(r * 9 + other, r * 9 + C, group(colPart), group(rowPart & ~colPart), target);
           }
           // The same with a column outside the box's stack and row R.
-          for (int c = 0; c < 9; ++c) {
+          for (unsigned cs = colsOut & places.at(R, d); cs; cs &= cs - 1) {
+            const int c = lowest(cs);
             const unsigned m = places.at(9 + c, d);
-            if (c / 3 == b % 3 || !((linked[std::size_t(9 + c)] >> (d - 1)) & 1u) || !((m >> R) & 1u)) continue;
             const int other = lowest(m & ~(1u << R)), target = other * 9 + C;
             if (other / 3 == b / 3 || !(board.cand[std::size_t(target)] & bitOf(d))) continue;
             return found(other * 9 + c, R * 9 + c, group(rowPart), group(colPart & ~rowPart), target);

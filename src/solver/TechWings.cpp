@@ -5,9 +5,9 @@
 // z from the cells that see all of them.
 
 #include <bit>
-#include <initializer_list>
 #include <utility>
 
+#include "solver/CellSet.h"
 #include "solver/Techniques.h"
 
 namespace tessaly {
@@ -18,41 +18,39 @@ namespace {
 
 int digitOf(std::uint16_t bit) { return std::countr_zero(unsigned(bit)) + 1; }
 
-/// `digit` in every cell that sees `first` and each of `others` (and has the
-/// digit), ascending: the peers of `first` are listed in ascending order.
-void eliminateSeeingAll(const TechniqueBoard& board, int first, std::initializer_list<int> others, int digit,
-                        std::vector<Candidate>& out) {
-  const std::uint16_t bit = bitOf(digit);
-  for (std::uint8_t p : kPeers[std::size_t(first)]) {
-    if (!(board.cand[p] & bit)) continue;
-    bool all = true;
-    for (int o : others) all = all && sees(p, o);
-    if (all) out.push_back({p, digit});
-  }
+/// `digit` in each cell of `cells`, ascending.
+void eliminateAll(CellSet cells, int digit, std::vector<Candidate>& out) {
+  cells.forEach([&](int c) { out.push_back({c, digit}); });
 }
 
-/// The bivalue peers of `cell` whose digits lie `inside` (when true) the
-/// cell's or share exactly one digit with them (when false).
-int bivaluePeers(const TechniqueBoard& board, int cell, bool inside, std::array<int, 20>& out) {
-  const std::uint16_t own = board.cand[std::size_t(cell)];
-  int n = 0;
-  for (std::uint8_t p : kPeers[std::size_t(cell)]) {
-    const std::uint16_t m = board.cand[p];
-    if (count(m) != 2) continue;
-    if (inside ? (m & ~own) == 0 : single(std::uint16_t(m & own))) out[std::size_t(n++)] = p;
-  }
-  return n;
+/// The cells that hold `digit` and see both `a` and `b`.
+CellSet seeingBoth(const TechniqueContext& ctx, int a, int b, int digit) {
+  return kPeerSets[std::size_t(a)] & kPeerSets[std::size_t(b)] & ctx.holds(digit);
+}
+
+/// The open cells with exactly two candidates.
+CellSet bivalueCells(const TechniqueBoard& board) {
+  CellSet s;
+  for (int c = 0; c < kCellCount; ++c)
+    if (count(board.cand[std::size_t(c)]) == 2) s.add(c);
+  return s;
 }
 
 }  // namespace
 
 std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
+  const CellSet bivalue = bivalueCells(board);
   std::array<int, 20> wings{};
-  for (int pivot = 0; pivot < kCellCount; ++pivot) {
+  for (std::uint64_t lo = bivalue.lo, hi = bivalue.hi; lo | hi;) {
+    const int pivot = lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi);
+    if (lo) lo &= lo - 1; else hi &= hi - 1;
     const std::uint16_t pm = board.cand[std::size_t(pivot)];
-    if (count(pm) != 2) continue;
-    const int n = bivaluePeers(board, pivot, false, wings);
+    // The bivalue peers that share exactly one digit with the pivot.
+    int n = 0;
+    (kPeerSets[std::size_t(pivot)] & bivalue).forEach([&](int p) {
+      if (single(std::uint16_t(board.cand[std::size_t(p)] & pm))) wings[std::size_t(n++)] = p;
+    });
     for (int i = 0; i < n; ++i)
       for (int j = i + 1; j < n; ++j) {
         const int a = wings[std::size_t(i)], b = wings[std::size_t(j)];
@@ -60,9 +58,10 @@ std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
         // One pincer holds x, the other y, and both the same third digit z.
         if ((ma & pm) == (mb & pm) || (ma & ~pm) != (mb & ~pm)) continue;
         const int z = digitOf(std::uint16_t(ma & ~pm));
+        const CellSet targets = seeingBoth(ctx, a, b, z);
+        if (targets.empty()) continue;
         TechniqueStep step;
-        eliminateSeeingAll(board, a, {b}, z, step.eliminations);
-        if (step.eliminations.empty()) continue;
+        eliminateAll(targets, z, step.eliminations);
         step.technique = Technique::XYWing;
         step.cells = {pivot, a, b};
         step.digits = pm;
@@ -75,20 +74,26 @@ std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
 
 std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
+  const CellSet bivalue = bivalueCells(board);
   std::array<int, 20> wings{};
   for (int pivot = 0; pivot < kCellCount; ++pivot) {
     const std::uint16_t pm = board.cand[std::size_t(pivot)];
     if (count(pm) != 3) continue;
-    const int n = bivaluePeers(board, pivot, true, wings);
+    // The bivalue peers whose digits are two of the pivot's.
+    int n = 0;
+    (kPeerSets[std::size_t(pivot)] & bivalue).forEach([&](int p) {
+      if (!(board.cand[std::size_t(p)] & ~pm)) wings[std::size_t(n++)] = p;
+    });
     for (int i = 0; i < n; ++i)
       for (int j = i + 1; j < n; ++j) {
         const int a = wings[std::size_t(i)], b = wings[std::size_t(j)];
         const std::uint16_t ma = board.cand[std::size_t(a)], mb = board.cand[std::size_t(b)];
         if (ma == mb) continue;  // two different pairs of the pivot's digits share one, z
         const int z = digitOf(std::uint16_t(ma & mb));
+        const CellSet targets = seeingBoth(ctx, a, b, z) & kPeerSets[std::size_t(pivot)];
+        if (targets.empty()) continue;
         TechniqueStep step;
-        eliminateSeeingAll(board, pivot, {a, b}, z, step.eliminations);
-        if (step.eliminations.empty()) continue;
+        eliminateAll(targets, z, step.eliminations);
         step.technique = Technique::XYZWing;
         step.cells = {pivot, a, b};
         step.digits = pm;
@@ -101,18 +106,25 @@ std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
 
 std::optional<TechniqueStep> findWWing(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
-  std::array<int, kCellCount> bivalue{};
-  int n = 0;
-  for (int c = 0; c < kCellCount; ++c)
-    if (count(board.cand[std::size_t(c)]) == 2) bivalue[std::size_t(n++)] = c;
-  for (int i = 0; i < n; ++i)
-    for (int j = i + 1; j < n; ++j) {
-      const int a = bivalue[std::size_t(i)], b = bivalue[std::size_t(j)];
-      const std::uint16_t pair = board.cand[std::size_t(a)];
-      if (board.cand[std::size_t(b)] != pair || sees(a, b)) continue;
-      for (std::uint16_t xs = pair; xs; xs &= std::uint16_t(xs - 1)) {
-        const int x = digitOf(std::uint16_t(xs & -xs));
-        const int z = digitOf(std::uint16_t(pair & ~bitOf(x)));
+  const CellSet bivalue = bivalueCells(board);
+  for (std::uint64_t lo = bivalue.lo, hi = bivalue.hi; lo | hi;) {
+    const int a = lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi);
+    if (lo) lo &= lo - 1; else hi &= hi - 1;
+    const std::uint16_t pair = board.cand[std::size_t(a)];
+    // The later bivalue cells with the same pair that a does not see.
+    CellSet partners = CellSet{lo, hi} - kPeerSets[std::size_t(a)];
+    const int d1 = digitOf(std::uint16_t(pair & -pair)), d2 = digitOf(std::uint16_t(pair & (pair - 1)));
+    partners = partners & ctx.holds(d1) & ctx.holds(d2);
+    if (partners.empty()) continue;
+    const CellSet near1 = kPeerSets[std::size_t(a)] & ctx.holds(d1), near2 = kPeerSets[std::size_t(a)] & ctx.holds(d2);
+    std::optional<TechniqueStep> found;
+    partners.forEach([&](int b) {
+      if (found || board.cand[std::size_t(b)] != pair) return;
+      // Each digit x of the pair in turn; z the other, taken from what sees both.
+      for (const int x : {d1, d2}) {
+        const int z = x == d1 ? d2 : d1;
+        const CellSet targets = (z == d1 ? near1 : near2) & kPeerSets[std::size_t(b)];
+        if (targets.empty()) continue;  // the same for every link on x
         for (std::size_t area = 0; area < 27; ++area) {
           if (!(ctx.linked(int(area)) & bitOf(x))) continue;
           const std::uint16_t at = ctx.at(int(area), x);
@@ -124,18 +136,20 @@ std::optional<TechniqueStep> findWWing(const TechniqueContext& ctx) {
             std::swap(p, q);
           }
           TechniqueStep step;
-          eliminateSeeingAll(board, a, {b}, z, step.eliminations);
-          if (step.eliminations.empty()) break;  // the same for every link on x
+          eliminateAll(targets, z, step.eliminations);
           step.technique = Technique::WWing;
           step.cells = {a, b};
           step.digits = pair;
           step.restricted = x;
           step.zDigit = z;
           step.chain = {ChainNode{{p}, x}, ChainNode{{q}, x}};
-          return step;
+          found = std::move(step);
+          return;
         }
       }
-    }
+    });
+    if (found) return found;
+  }
   return std::nullopt;
 }
 
