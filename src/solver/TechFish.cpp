@@ -89,27 +89,127 @@ std::optional<TechniqueStep> findFish(const TechniqueContext& places, int n, Tec
   return std::nullopt;
 }
 
+// Whether a box has cells in two rows and two columns, by its 9-bit mask.
+constexpr auto kSpread = [] {
+  std::array<bool, 512> t{};
+  for (unsigned m = 0; m < 512; ++m) {
+    bool oneRow = false, oneCol = false;
+    for (unsigned k = 0; k < 3; ++k) {
+      oneRow = oneRow || (m & ~(7u << (3 * k))) == 0;
+      oneCol = oneCol || (m & ~(0x49u << k)) == 0;
+    }
+    t[m] = !oneRow && !oneCol;
+  }
+  return t;
+}();
+
+// A quick test for a finned fish with its fins in `stack`, from base lines
+// out of `lines`: in one of the `bands` there must be a line that can lose
+// the digit in the stack, a place there that another line among `lines`
+// shares (a cover line), and another line among `lines` with a place in the
+// stack (the fins).
+bool canLose(const std::array<std::uint16_t, 9>& masks, unsigned lines, unsigned stack, unsigned bands) {
+  for (unsigned bs = bands; bs; bs &= bs - 1) {
+    const int band = lowest(bs);
+    unsigned finLines = 0;
+    for (int line = 3 * band; line < 3 * band + 3; ++line)
+      if (masks[std::size_t(line)] & stack) finLines |= 1u << line;
+    finLines &= lines;
+    if (!finLines) continue;
+    for (int loser = 3 * band; loser < 3 * band + 3; ++loser) {
+      const unsigned loses = masks[std::size_t(loser)] & stack;
+      if (!loses || !(finLines & ~(1u << loser))) continue;
+      for (unsigned m = lines & ~(1u << loser); m; m &= m - 1)
+        if (masks[std::size_t(lowest(m))] & loses) return true;
+    }
+  }
+  return false;
+}
+
+// The choices of Left more lines out of `rest` in lexicographic order, as
+// tech::chooseSubset makes them, unrolled for a fixed count: the finned fish
+// search runs it for many small sets of lines.
+template <int Left, class Fits, class Accept>
+bool eachBase(const std::array<std::uint16_t, 9>& masks, unsigned rest, const Fits& fits, Accept& accept,
+              unsigned chosen = 0, unsigned together = 0) {
+  if constexpr (Left == 0) {
+    return accept(chosen, together);
+  } else {
+    for (; bits(rest) >= Left; rest &= rest - 1) {
+      const int i = lowest(rest);
+      const unsigned next = together | masks[std::size_t(i)];
+      if (!fits(next)) continue;
+      if (eachBase<Left - 1>(masks, rest & (rest - 1), fits, accept, chosen | (1u << i), next)) return true;
+    }
+    return false;
+  }
+}
+
 // n base lines whose places of a digit lie in n cover lines except for fins,
 // all in one box: if no fin holds the digit it is a plain fish, and if one does
 // the digit is there, so the cover lines' cells in the fins' box (outside the
 // base lines) lose the digit either way. Sashimi when a base line keeps one
 // cell besides its fins.
-std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, int n, Technique finned, Technique sashimi) {
+template <int n>
+std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, Technique finned, Technique sashimi) {
   const TechniqueBoard& board = places.board;
+  // The boxes where a fin and a place that loses the digit can both be: two
+  // cells of the digit in different rows and columns.
+  std::array<unsigned, 9> spread{};
+  for (int d = 1; d <= 9; ++d)
+    if (places.digits() & bitOf(d))
+      for (int b = 0; b < 9; ++b)
+        if (kSpread[places.at(18 + b, d)]) spread[std::size_t(d - 1)] |= 1u << b;
   for (const bool rows : {true, false}) {
     std::optional<Fish> best;
     for (int d = 1; d <= 9; ++d) {
-      if (!(places.digits() & bitOf(d))) continue;
+      if (!spread[std::size_t(d - 1)]) continue;
       const auto masks = lineMasks(places, rows, d);
-      auto accept = [&](unsigned base, unsigned together) {
-        if (best && !tech::listsBefore(base, best->base)) return true;
-        // The fins lie across the base lines in one stack of three positions
-        // and every other position is a cover line. Only cover lines through
-        // that stack can lose the digit, so at least one of them is there.
-        for (int stackOf = 0; stackOf < 3; ++stackOf) {
-          const unsigned stack = 7u << (3 * stackOf), outside = together & ~stack, inside = together & stack;
+      const unsigned eligible = linesWith(masks, 2, n + 3);
+      // The places in each band of three lines.
+      std::array<unsigned, 3> inBand{};
+      for (int line = 0; line < 9; ++line) inBand[std::size_t(line / 3)] |= masks[std::size_t(line)];
+      // The fins lie across the base lines in one stack of three positions
+      // and every other position is a cover line. Only cover lines through
+      // that stack can lose the digit, so at least one of them is there: the
+      // base lines have at most n - 1 positions beside the stack between them.
+      // A base that fits more than one stack takes the first, as its stacks
+      // are tried in order, and a lower digit keeps an equal base.
+      for (int stackOf = 0; stackOf < 3; ++stackOf) {
+        const unsigned stack = 7u << (3 * stackOf);
+        auto fits = [stack](unsigned together) { return bits(together & ~stack) < n; };
+        // The bands whose box in this stack can hold the fins.
+        unsigned bands = 0;
+        for (int band = 0; band < 3; ++band)
+          if ((spread[std::size_t(d - 1)] >> (rows ? band * 3 + stackOf : stackOf * 3 + band)) & 1u) bands |= 1u << band;
+        if (!bands) continue;
+        unsigned lines = 0;
+        for (unsigned m = eligible; m; m &= m - 1)
+          if (fits(masks[std::size_t(lowest(m))])) lines |= 1u << lowest(m);
+        if (bits(lines) < n || !canLose(masks, lines, stack, bands)) continue;
+        auto accept = [&](unsigned base, unsigned together) {
+          if (best && !tech::listsBefore(base, best->base)) return true;
+          const unsigned outside = together & ~stack, inside = together & stack;
           const int need = n - bits(outside);
-          if (need < 1 || bits(inside) <= need) continue;
+          if (bits(inside) <= need) return false;
+          // A quick test before trying the cover lines: with the fins in band
+          // f, the stack's places on base lines outside f are all cover
+          // lines, and a cover line meets a place off the base lines in f.
+          std::array<unsigned, 3> offBase = inBand, onBase{};
+          for (int band = 0; band < 3; ++band) {
+            if (!((base >> (3 * band)) & 7u)) continue;
+            offBase[std::size_t(band)] = 0;
+            for (int line = 3 * band; line < 3 * band + 3; ++line)
+              (((base >> line) & 1u) ? onBase : offBase)[std::size_t(band)] |= masks[std::size_t(line)];
+          }
+          bool possible = false;
+          for (int f = 0; f < 3 && !possible; ++f) {
+            const unsigned forced = (onBase[std::size_t((f + 1) % 3)] | onBase[std::size_t((f + 2) % 3)]) & stack;
+            const int spare = need - bits(forced);
+            const unsigned loses = offBase[std::size_t(f)] & inside;
+            possible = spare >= 0 && loses && (spare > 0 || (loses & forced));
+          }
+          if (!possible) return false;
           // The `need` cover lines in the stack, ascending, out of its positions in use.
           for (unsigned chosen = (0u - inside) & inside; chosen != 0; chosen = (chosen - inside) & inside) {
             if (bits(chosen) != need) continue;
@@ -132,14 +232,10 @@ std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, int 
                 oneLeft ? sashimi : finned, rows, d, base, cover, rows ? finBand * 3 + stackOf : stackOf * 3 + finBand};
             return true;
           }
-        }
-        return false;
-      };
-      // Beside the fins' stack, n - 1 cover lines at most.
-      auto fits = [n](unsigned together) {
-        return bits(together & 0x1F8u) < n || bits(together & 0x1C7u) < n || bits(together & 0x03Fu) < n;
-      };
-      tech::chooseSubset(masks, linesWith(masks, 2, n + 3), n, fits, accept);
+          return false;
+        };
+        eachBase<n>(masks, lines, fits, accept);
+      }
     }
     if (best) return fishStep(board, *best);
   }
@@ -156,10 +252,10 @@ std::optional<TechniqueStep> findJellyfish(const TechniqueContext& ctx) {
   return findFish(ctx, 4, Technique::Jellyfish);
 }
 std::optional<TechniqueStep> findFinnedXWing(const TechniqueContext& ctx) {
-  return findFinnedFish(ctx, 2, Technique::FinnedXWing, Technique::SashimiXWing);
+  return findFinnedFish<2>(ctx, Technique::FinnedXWing, Technique::SashimiXWing);
 }
 std::optional<TechniqueStep> findFinnedSwordfish(const TechniqueContext& ctx) {
-  return findFinnedFish(ctx, 3, Technique::FinnedSwordfish, Technique::SashimiSwordfish);
+  return findFinnedFish<3>(ctx, Technique::FinnedSwordfish, Technique::SashimiSwordfish);
 }
 
 }  // namespace tessaly
