@@ -82,6 +82,8 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
       for (unsigned both = linked[std::size_t(r)] & linked[std::size_t(9 + c)]; both; both &= both - 1) {
         const int d = lowest(both) + 1;
         const unsigned inRow = places.at(r, d), inCol = places.at(9 + c, d);
+        // The shared box is where the row's band meets the column's stack.
+        if (!(inRow & (7u << (3 * (c / 3)))) || !(inCol & (7u << (3 * (r / 3))))) continue;
         const int rowEnds[2] = {r * 9 + lowest(inRow), r * 9 + 31 - std::countl_zero(inRow)};
         const int colEnds[2] = {lowest(inCol) * 9 + c, (31 - std::countl_zero(inCol)) * 9 + c};
         for (int i = 0; i < 2; ++i)

@@ -28,19 +28,25 @@ CellSet seeingBoth(const TechniqueContext& ctx, int a, int b, int digit) {
   return kPeerSets[std::size_t(a)] & kPeerSets[std::size_t(b)] & ctx.holds(digit);
 }
 
-/// The open cells with exactly two candidates.
-CellSet bivalueCells(const TechniqueBoard& board) {
-  CellSet s;
-  for (int c = 0; c < kCellCount; ++c)
-    if (count(board.cand[std::size_t(c)]) == 2) s.add(c);
-  return s;
+/// The cells with exactly `k` candidates (2 or 3), counted across the
+/// digits' cell sets one level at a time.
+CellSet cellsWith(const TechniqueContext& ctx, int k) {
+  CellSet one, two, three, four;
+  for (int d = 1; d <= 9; ++d) {
+    const CellSet& h = ctx.holds(d);
+    four |= three & h;
+    three |= two & h;
+    two |= one & h;
+    one |= h;
+  }
+  return k == 2 ? two - three : three - four;
 }
 
 }  // namespace
 
 std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
-  const CellSet bivalue = bivalueCells(board);
+  const CellSet bivalue = cellsWith(ctx, 2);
   std::array<int, 20> wings{};
   for (std::uint64_t lo = bivalue.lo, hi = bivalue.hi; lo | hi;) {
     const int pivot = lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi);
@@ -74,11 +80,13 @@ std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
 
 std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
-  const CellSet bivalue = bivalueCells(board);
+  const CellSet bivalue = cellsWith(ctx, 2);
   std::array<int, 20> wings{};
-  for (int pivot = 0; pivot < kCellCount; ++pivot) {
+  const CellSet trivalue = cellsWith(ctx, 3);
+  for (std::uint64_t lo = trivalue.lo, hi = trivalue.hi; lo | hi;) {
+    const int pivot = lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi);
+    if (lo) lo &= lo - 1; else hi &= hi - 1;
     const std::uint16_t pm = board.cand[std::size_t(pivot)];
-    if (count(pm) != 3) continue;
     // The bivalue peers whose digits are two of the pivot's.
     int n = 0;
     (kPeerSets[std::size_t(pivot)] & bivalue).forEach([&](int p) {
@@ -106,7 +114,7 @@ std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
 
 std::optional<TechniqueStep> findWWing(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
-  const CellSet bivalue = bivalueCells(board);
+  const CellSet bivalue = cellsWith(ctx, 2);
   for (std::uint64_t lo = bivalue.lo, hi = bivalue.hi; lo | hi;) {
     const int a = lo ? std::countr_zero(lo) : 64 + std::countr_zero(hi);
     if (lo) lo &= lo - 1; else hi &= hi - 1;
