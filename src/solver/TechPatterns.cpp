@@ -102,6 +102,24 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
   return std::nullopt;
 }
 
+namespace {
+
+// For each 9-bit mask of a box's places, the crosses that hold them (bit
+// rr * 3 + cc for the box's row rr and column cc): all places in that row and
+// column, and some outside each.
+constexpr auto kCrosses = [] {
+  std::array<std::uint16_t, 512> t{};
+  for (unsigned m = 0; m < 512; ++m)
+    for (unsigned rr = 0; rr < 3; ++rr)
+      for (unsigned cc = 0; cc < 3; ++cc) {
+        const unsigned rowPart = 7u << (3 * rr), colPart = 0x49u << cc;
+        if (!(m & ~(rowPart | colPart)) && (m & ~rowPart) && (m & ~colPart)) t[m] |= std::uint16_t(1u << (rr * 3 + cc));
+      }
+  return t;
+}();
+
+}  // namespace
+
 // A box whose places of the digit lie in one of its rows and one of its
 // columns (the cross), not all in one line, and a line outside the box where
 // the digit has two places, one in the cross's row or column. If that end
@@ -121,7 +139,8 @@ std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext& ctx) {
     for (int d = 1; d <= 9; ++d) {
       if (!(places.digits() & bitOf(d))) continue;
       const unsigned inBox = places.at(18 + b, d);
-      if (bits(inBox) < 2 || bits(inBox) > 5) continue;  // a cross holds two to five places
+      const unsigned crosses = kCrosses[inBox];
+      if (!crosses) continue;
       // The linked rows outside the box's band and columns outside its stack.
       const unsigned rowsOut = linkedRows[std::size_t(d - 1)] & ~(7u << (3 * (b / 3)));
       const unsigned colsOut = linkedCols[std::size_t(d - 1)] & ~(7u << (3 * (b % 3)));
@@ -134,37 +153,36 @@ std::optional<TechniqueStep> findEmptyRectangle(const TechniqueContext& ctx) {
         for (unsigned m = inBox & mask; m; m &= m - 1) n.cells.push_back(boxCells[std::size_t(lowest(m))]);
         return n;
       };
-      for (int rr = 0; rr < 3; ++rr)
-        for (int cc = 0; cc < 3; ++cc) {
-          const unsigned rowPart = 7u << (3 * rr), colPart = 0x49u << cc;
-          if ((inBox & ~(rowPart | colPart)) || !(inBox & ~rowPart) || !(inBox & ~colPart)) continue;
-          const int R = top + rr, C = left + cc;
-          auto found = [&](int q, int p, const ChainNode& near, const ChainNode& far, int target) {
-            Targets t;
-            t.cells[0] = target;
-            t.count = 1;
-            TechniqueStep s = chainStep(Technique::EmptyRectangle, d, {node(q, d), node(p, d), near, far}, t);
-            s.units = {18 + b};
-            return s;
-          };
-          // A row outside the box's band with one end p in column C: if p
-          // holds d the box's d is in row R, else the other end q holds it.
-          for (unsigned rs = rowsOut & places.at(9 + C, d); rs; rs &= rs - 1) {
-            const int r = lowest(rs);
-            const unsigned m = places.at(r, d);
-            const int other = lowest(m & ~(1u << C)), target = R * 9 + other;
-            if (other / 3 == b % 3 || !(board.cand[std::size_t(target)] & bitOf(d))) continue;
-            return found(r * 9 + other, r * 9 + C, group(colPart), group(rowPart & ~colPart), target);
-          }
-          // The same with a column outside the box's stack and row R.
-          for (unsigned cs = colsOut & places.at(R, d); cs; cs &= cs - 1) {
-            const int c = lowest(cs);
-            const unsigned m = places.at(9 + c, d);
-            const int other = lowest(m & ~(1u << R)), target = other * 9 + C;
-            if (other / 3 == b / 3 || !(board.cand[std::size_t(target)] & bitOf(d))) continue;
-            return found(other * 9 + c, R * 9 + c, group(rowPart), group(colPart & ~rowPart), target);
-          }
+      for (unsigned xs = crosses; xs; xs &= xs - 1) {
+        const int rr = lowest(xs) / 3, cc = lowest(xs) % 3;
+        const unsigned rowPart = 7u << (3 * rr), colPart = 0x49u << cc;
+        const int R = top + rr, C = left + cc;
+        auto found = [&](int q, int p, const ChainNode& near, const ChainNode& far, int target) {
+          Targets t;
+          t.cells[0] = target;
+          t.count = 1;
+          TechniqueStep s = chainStep(Technique::EmptyRectangle, d, {node(q, d), node(p, d), near, far}, t);
+          s.units = {18 + b};
+          return s;
+        };
+        // A row outside the box's band with one end p in column C: if p
+        // holds d the box's d is in row R, else the other end q holds it.
+        for (unsigned rs = rowsOut & places.at(9 + C, d); rs; rs &= rs - 1) {
+          const int r = lowest(rs);
+          const unsigned m = places.at(r, d);
+          const int other = lowest(m & ~(1u << C)), target = R * 9 + other;
+          if (other / 3 == b % 3 || !(board.cand[std::size_t(target)] & bitOf(d))) continue;
+          return found(r * 9 + other, r * 9 + C, group(colPart), group(rowPart & ~colPart), target);
         }
+        // The same with a column outside the box's stack and row R.
+        for (unsigned cs = colsOut & places.at(R, d); cs; cs &= cs - 1) {
+          const int c = lowest(cs);
+          const unsigned m = places.at(9 + c, d);
+          const int other = lowest(m & ~(1u << R)), target = other * 9 + C;
+          if (other / 3 == b / 3 || !(board.cand[std::size_t(target)] & bitOf(d))) continue;
+          return found(other * 9 + c, R * 9 + c, group(rowPart), group(colPart & ~rowPart), target);
+        }
+      }
     }
   return std::nullopt;
 }
