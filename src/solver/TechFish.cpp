@@ -103,6 +103,19 @@ constexpr auto kSpread = [] {
   return t;
 }();
 
+// For a line's places (two to n + 3 of them, else none) the stacks beside
+// which it has fewer than n places, bit k for stack k; n = 2 and 3.
+constexpr auto kBaseStacks = [] {
+  std::array<std::array<std::uint8_t, 512>, 2> t{};
+  for (int n = 2; n <= 3; ++n)
+    for (unsigned m = 0; m < 512; ++m) {
+      if (std::popcount(m) < 2 || std::popcount(m) > n + 3) continue;
+      for (unsigned k = 0; k < 3; ++k)
+        if (std::popcount(m & ~(7u << (3 * k))) < n) t[std::size_t(n - 2)][m] |= std::uint8_t(1u << k);
+    }
+  return t;
+}();
+
 // A quick test for a finned fish with its fins in `stack`, from base lines
 // out of `lines`: in one of the `bands` there must be a line that can lose
 // the digit in the stack, a place there that another line among `lines`
@@ -165,10 +178,15 @@ std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, Tech
     for (int d = 1; d <= 9; ++d) {
       if (!spread[std::size_t(d - 1)]) continue;
       const auto masks = lineMasks(places, rows, d);
-      const unsigned eligible = linesWith(masks, 2, n + 3);
-      // The places in each band of three lines.
-      std::array<unsigned, 3> inBand{};
-      for (int line = 0; line < 9; ++line) inBand[std::size_t(line / 3)] |= masks[std::size_t(line)];
+      // The places in each band of three lines, and the lines that can be
+      // base lines with the fins in each stack.
+      std::array<unsigned, 3> inBand{}, linesFor{};
+      for (int line = 0; line < 9; ++line) {
+        const std::uint16_t m = masks[std::size_t(line)];
+        inBand[std::size_t(line / 3)] |= m;
+        const unsigned stacks = kBaseStacks[std::size_t(n - 2)][m];
+        for (int k = 0; k < 3; ++k) linesFor[std::size_t(k)] |= ((stacks >> k) & 1u) << line;
+      }
       // The fins lie across the base lines in one stack of three positions
       // and every other position is a cover line. Only cover lines through
       // that stack can lose the digit, so at least one of them is there: the
@@ -183,9 +201,7 @@ std::optional<TechniqueStep> findFinnedFish(const TechniqueContext& places, Tech
         for (int band = 0; band < 3; ++band)
           if ((spread[std::size_t(d - 1)] >> (rows ? band * 3 + stackOf : stackOf * 3 + band)) & 1u) bands |= 1u << band;
         if (!bands) continue;
-        unsigned lines = 0;
-        for (unsigned m = eligible; m; m &= m - 1)
-          if (fits(masks[std::size_t(lowest(m))])) lines |= 1u << lowest(m);
+        const unsigned lines = linesFor[std::size_t(stackOf)];
         if (bits(lines) < n || !canLose(masks, lines, stack, bands)) continue;
         auto accept = [&](unsigned base, unsigned together) {
           if (best && !tech::listsBefore(base, best->base)) return true;
