@@ -17,12 +17,15 @@
 // link, false after a weak one) as a bit set, so a step costs a few word
 // operations per link. The first length at which some start reaches a node
 // that, as the other end, removes something gives the chain (the lowest start,
-// then the lowest end); it is then traced by a search from that start alone.
-// Every chain read backwards is a chain too, so only the one from its lower
-// end is looked at.
+// then the lowest end). The sets reached at each step are kept, so the chain
+// is then traced back from its end through them, each node to the lowest node
+// that reached it from that start: the chain a search from that start alone
+// would give. Every chain read backwards is a chain too, so only the one from
+// its lower end is looked at.
 
 #include <algorithm>
 #include <bit>
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -85,16 +88,18 @@ struct Node {
 /// Sets of nodes, bit i for node i, in rows of `words` words.
 class NodeRows {
  public:
-  void reset(std::size_t rows, std::size_t words) {
+  /// Empty rows; or, without `clear`, rows left as they come (for rows that
+  /// are written in full before they are read).
+  void reset(std::size_t rows, std::size_t words, bool clear = true) {
     m_words = words;
-    m_bits.assign(rows * words, 0);
+    m_bits.reset(clear ? new std::uint64_t[rows * words]() : new std::uint64_t[rows * words]);
   }
   std::uint64_t* operator[](std::size_t r) { return &m_bits[r * m_words]; }
   const std::uint64_t* operator[](std::size_t r) const { return &m_bits[r * m_words]; }
 
  private:
   std::size_t m_words = 0;
-  std::vector<std::uint64_t> m_bits;
+  std::unique_ptr<std::uint64_t[]> m_bits;
 };
 
 void addBit(std::uint64_t* set, std::size_t i) { set[i / 64] |= std::uint64_t(1) << (i % 64); }
@@ -130,7 +135,8 @@ class ChainSearch {
   std::vector<Candidate> removals(int s, int e) const;
   bool step(const NodeRows& from, const std::vector<int>& at, const std::vector<int>& links, NodeRows& fresh,
             NodeRows& seen) const;
-  std::vector<int> trace(int s, int e, int nodes) const;
+  std::vector<int> trace(int s, int e, int nodes, const std::vector<NodeRows>& trueAt,
+                         const std::vector<NodeRows>& falseAt) const;
   bool simple(const std::vector<int>& path) const;
 
   const TechniqueBoard& m_board;
@@ -282,10 +288,12 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
 
   // Weak links: one digit in cells that all see each other, and (in an
   // alternating chain) two digits of one cell.
+  // Each node's weak links as a node set, read out into a list (the search
+  // reads lists faster) written through a pointer: the buffer is first made
+  // room for every node a set can hold.
   m_weakAt.resize(n + 1);
-  m_weakAt[0] = 0;
-  m_weak.clear();
-  m_weak.reserve(n * 16);
+  m_weak.resize(n * 8);
+  std::size_t used = 0;
   withWords(m_words, [&](auto fixed) {
     constexpr std::size_t W = decltype(fixed)::value;
     const std::size_t words = W ? W : m_words;
@@ -303,12 +311,16 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
         const std::uint64_t* single = m_singleAt[node.cells[0]];
         for (std::size_t w = 0; w < words; ++w) weak[w] |= single[w] & ~digit[w];
       }
+      m_weakAt[i] = int(used);
+      if (m_weak.size() < used + n) m_weak.resize(std::max(2 * m_weak.size(), used + n));
+      int* out = m_weak.data() + used;
       for (std::size_t w = 0; w < words; ++w)
-        for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1)
-          m_weak.push_back(int(w * 64) + std::countr_zero(bits));
-      m_weakAt[i + 1] = int(m_weak.size());
+        for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1) *out++ = int(w * 64) + std::countr_zero(bits);
+      used = std::size_t(out - m_weak.data());
     }
   });
+  m_weakAt[n] = int(used);
+  m_weak.resize(used);
 
   for (Node& node : m_nodes) node.targets = node.seen & m_holds[std::size_t(node.digit - 1)];
 }
@@ -321,19 +333,23 @@ const std::uint64_t* ChainSearch::partners(int e) {
   std::uint64_t* row = m_partners[std::size_t(e)];
   if (m_partnersKnown[std::size_t(e)]) return row;
   m_partnersKnown[std::size_t(e)] = 1;
+  // Only the starts below e are ever asked about (a chain is looked at from
+  // its lower end): the words past e's are not worked out.
+  const std::size_t words = std::size_t(e) / 64 + 1;
+  std::fill(row, row + words, 0);
   const Node& b = m_nodes[std::size_t(e)];
   const std::uint64_t* digit = m_ofDigit[std::size_t(b.digit - 1)];
   const bool alternating = m_kind == ChainKind::Alternating;
   b.targets.forEach([&](int c) {
     const std::uint64_t* by = m_seenBy[std::size_t(c)];
-    for (std::size_t w = 0; w < m_words; ++w) row[w] |= by[w] & digit[w];
+    for (std::size_t w = 0; w < words; ++w) row[w] |= by[w] & digit[w];
     if (!alternating) return;
     const std::uint64_t* single = m_singleAt[std::size_t(c)];
-    for (std::size_t w = 0; w < m_words; ++w) row[w] |= single[w] & ~digit[w];
+    for (std::size_t w = 0; w < words; ++w) row[w] |= single[w] & ~digit[w];
   });
   if (alternating && b.size == 1) {
     const std::uint64_t* by = m_seenBy[b.cells[0]];
-    for (std::size_t w = 0; w < m_words; ++w) row[w] |= by[w] & ~digit[w];
+    for (std::size_t w = 0; w < words; ++w) row[w] |= by[w] & ~digit[w];
   }
   return row;
 }
@@ -357,44 +373,35 @@ std::vector<Candidate> ChainSearch::removals(int s, int e) const {
   return out;
 }
 
-/// A chain of `nodes` nodes from s (assumed false) to e (reached true): a
-/// breadth-first search from s alone, each node reached from the lowest node
-/// before it.
-std::vector<int> ChainSearch::trace(int s, int e, int nodes) const {
-  const std::size_t n = m_nodes.size();
-  std::vector<int> parentTrue(n, -1), parentFalse(n, -1);
-  std::vector<char> isTrue(n, 0), isFalse(n, 0);
-  std::vector<int> falses{s}, trues;
-  isFalse[std::size_t(s)] = 1;
-  for (int reached = 2; reached <= nodes; reached += 2) {
-    trues.clear();
-    for (int f : falses)
-      for (int k = m_strongAt[std::size_t(f)]; k < m_strongAt[std::size_t(f) + 1]; ++k) {
-        const int t = m_strong[std::size_t(k)];
-        if (isTrue[std::size_t(t)]) continue;
-        isTrue[std::size_t(t)] = 1;
-        parentTrue[std::size_t(t)] = f;
-        trues.push_back(t);
-      }
-    std::sort(trues.begin(), trues.end());
-    falses.clear();
-    for (int t : trues)
-      for (int k = m_weakAt[std::size_t(t)]; k < m_weakAt[std::size_t(t) + 1]; ++k) {
-        const int f = m_weak[std::size_t(k)];
-        if (isFalse[std::size_t(f)]) continue;
-        isFalse[std::size_t(f)] = 1;
-        parentFalse[std::size_t(f)] = t;
-        falses.push_back(f);
-      }
-    std::sort(falses.begin(), falses.end());
+/// A chain of `nodes` nodes from s (assumed false) to e (reached true), as a
+/// breadth-first search from s alone would find it when each node takes the
+/// lowest node that reaches it (with its links in order of their nodes). Read
+/// backwards: trueAt[k] and falseAt[k] hold, per node, the starts that first
+/// reached it true or false after k strong or k weak links; e's node before it
+/// is the lowest of its links that s reached the step before. Links go both
+/// ways, so a node's links are the nodes that link to it.
+std::vector<int> ChainSearch::trace(int s, int e, int nodes, const std::vector<NodeRows>& trueAt,
+                                    const std::vector<NodeRows>& falseAt) const {
+  const auto reached = [&](const NodeRows& rows, int v) {
+    return (rows[std::size_t(v)][std::size_t(s) / 64] >> (std::size_t(s) % 64)) & 1u;
+  };
+  // The lowest of v's links (m_strong or m_weak from `at`) in `rows`.
+  const auto lowest = [&](const std::vector<int>& at, const std::vector<int>& links, const NodeRows& rows, int v) {
+    int best = -1;
+    for (int k = at[std::size_t(v)]; k < at[std::size_t(v) + 1]; ++k) {
+      const int u = links[std::size_t(k)];
+      if ((best < 0 || u < best) && reached(rows, u)) best = u;
+    }
+    return best;
+  };
+  std::vector<int> path(static_cast<std::size_t>(nodes));
+  int cur = e;
+  for (int k = nodes / 2; k >= 1; --k) {
+    path[std::size_t(2 * k - 1)] = cur;
+    cur = lowest(m_strongAt, m_strong, falseAt[std::size_t(k - 1)], cur);
+    path[std::size_t(2 * k - 2)] = cur;
+    if (k > 1) cur = lowest(m_weakAt, m_weak, trueAt[std::size_t(k - 1)], cur);
   }
-  std::vector<int> path;
-  bool onTrue = true;
-  for (int cur = e; cur >= 0; onTrue = !onTrue) {
-    path.push_back(cur);
-    cur = onTrue ? parentTrue[std::size_t(cur)] : parentFalse[std::size_t(cur)];
-  }
-  std::reverse(path.begin(), path.end());
   return path;
 }
 
@@ -459,19 +466,22 @@ bool ChainSearch::step(const NodeRows& from, const std::vector<int>& at, const s
 
 std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes, int maxNodes) {
   const std::size_t n = m_nodes.size(), words = m_words;
-  // Per node: the starts that have reached it true / false, and those that
-  // reached it at the last step.
-  NodeRows seenTrue, seenFalse, newTrue, newFalse;
+  // Per node: the starts that have reached it true / false, and (for the
+  // trace) those that first reached it after k strong / k weak links.
+  NodeRows seenTrue, seenFalse;
   seenTrue.reset(n, words);
   seenFalse.reset(n, words);
-  newTrue.reset(n, words);
-  newFalse.reset(n, words);
-  for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(newFalse[i], i);
-  m_partners.reset(n, words);
+  std::vector<NodeRows> trueAt(std::size_t(maxNodes / 2 + 1)), falseAt(std::size_t(maxNodes / 2 + 1));
+  falseAt[0].reset(n, words);
+  for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(falseAt[0][i], i);
+  m_partners.reset(n, words, false);
   m_partnersKnown.assign(n, 0);
   std::vector<std::pair<int, int>> hits;
   for (int nodes = 2; nodes <= maxNodes; nodes += 2) {
-    const bool any = step(newFalse, m_strongAt, m_strong, newTrue, seenTrue);
+    const auto k = std::size_t(nodes / 2);
+    const NodeRows& newTrue = trueAt[k];
+    trueAt[k].reset(n, words, false);
+    const bool any = step(falseAt[k - 1], m_strongAt, m_strong, trueAt[k], seenTrue);
     if (!any) break;
     if (nodes >= minNodes) {
       hits.clear();
@@ -491,7 +501,7 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
       }
       std::sort(hits.begin(), hits.end());
       for (const auto& [s, e] : hits) {
-        std::vector<int> path = trace(s, e, nodes);
+        std::vector<int> path = trace(s, e, nodes, trueAt, falseAt);
         if (!simple(path)) continue;
         TechniqueStep step;
         step.technique = technique;
@@ -505,7 +515,8 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
       }
     }
     if (nodes + 2 > maxNodes) break;
-    step(newTrue, m_weakAt, m_weak, newFalse, seenFalse);
+    falseAt[k].reset(n, words, false);
+    step(trueAt[k], m_weakAt, m_weak, falseAt[k], seenFalse);
   }
   return std::nullopt;
 }
