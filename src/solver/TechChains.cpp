@@ -25,7 +25,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -89,17 +88,19 @@ struct Node {
 class NodeRows {
  public:
   /// Empty rows; or, without `clear`, rows left as they come (for rows that
-  /// are written in full before they are read).
+  /// are written in full before they are read). The storage only grows, so
+  /// rows kept from an earlier search are reused.
   void reset(std::size_t rows, std::size_t words, bool clear = true) {
     m_words = words;
-    m_bits.reset(clear ? new std::uint64_t[rows * words]() : new std::uint64_t[rows * words]);
+    if (m_bits.size() < rows * words) m_bits.resize(rows * words);
+    if (clear) std::fill_n(m_bits.begin(), rows * words, 0);
   }
   std::uint64_t* operator[](std::size_t r) { return &m_bits[r * m_words]; }
   const std::uint64_t* operator[](std::size_t r) const { return &m_bits[r * m_words]; }
 
  private:
   std::size_t m_words = 0;
-  std::unique_ptr<std::uint64_t[]> m_bits;
+  std::vector<std::uint64_t> m_bits;
 };
 
 void addBit(std::uint64_t* set, std::size_t i) { set[i / 64] |= std::uint64_t(1) << (i % 64); }
@@ -120,9 +121,38 @@ void withWords(std::size_t words, F f) {
   }
 }
 
+}  // namespace
+
+/// What a chain search writes as it goes, kept for the next search on the
+/// boards of one solve (FinderWork) so that a search seldom allocates: every
+/// search sizes and fills each buffer before it reads it, so nothing found on
+/// one board carries over to the next and the chains found are the same.
+struct ChainWork {
+  std::vector<std::pair<int, int>> links;
+  std::vector<std::uint64_t> groups;
+  std::vector<int> groupIds, fill;
+  std::vector<Node> nodes;
+  std::vector<int> strongAt, strong, weakAt, weak;
+  NodeRows seenBy, ofDigit, singleAt, partners, seenTrue, seenFalse;
+  std::vector<NodeRows> trueAt, falseAt;
+  std::vector<char> partnersKnown;
+  std::vector<std::pair<int, int>> hits;
+};
+
+FinderWork::FinderWork() = default;
+FinderWork::~FinderWork() = default;
+FinderWork::FinderWork(const FinderWork&) {}
+FinderWork& FinderWork::operator=(const FinderWork&) { return *this; }
+ChainWork& FinderWork::chains() {
+  if (!m_chains) m_chains = std::make_unique<ChainWork>();
+  return *m_chains;
+}
+
+namespace {
+
 class ChainSearch {
  public:
-  ChainSearch(const TechniqueContext& context, ChainKind kind);
+  ChainSearch(const TechniqueContext& context, ChainKind kind, ChainWork& work);
 
   /// The shortest chain of `minNodes` to `maxNodes` nodes that removes
   /// something, the lowest first node, then the lowest last node, first.
@@ -141,27 +171,41 @@ class ChainSearch {
 
   const TechniqueBoard& m_board;
   ChainKind m_kind;
+  ChainWork& m_work;
   std::array<CellSet, 9> m_holds{};  ///< the cells holding each digit
-  std::vector<Node> m_nodes;
+  std::vector<Node>& m_nodes;
   std::size_t m_words = 0;  ///< words of a node set
   // Node i's strong links are m_strong[m_strongAt[i] .. m_strongAt[i + 1]], its weak links likewise.
-  std::vector<int> m_strongAt, m_strong, m_weakAt, m_weak;
+  std::vector<int>&m_strongAt, &m_strong, &m_weakAt, &m_weak;
   /// seenBy[c]: the nodes whose digit cell c holds and whose cells c all sees
   /// (those whose targets take in c); ofDigit[d]: the nodes of digit d + 1;
   /// singleAt[c]: the one-cell nodes in cell c.
-  NodeRows m_seenBy, m_ofDigit, m_singleAt;
+  NodeRows &m_seenBy, &m_ofDigit, &m_singleAt;
   /// partners(e), worked out the first time a chain ends at e.
-  NodeRows m_partners;
-  std::vector<char> m_partnersKnown;
+  NodeRows& m_partners;
+  std::vector<char>& m_partnersKnown;
 };
 
-ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_board(context.board), m_kind(kind) {
+ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainWork& work)
+    : m_board(context.board),
+      m_kind(kind),
+      m_work(work),
+      m_nodes(work.nodes),
+      m_strongAt(work.strongAt),
+      m_strong(work.strong),
+      m_weakAt(work.weakAt),
+      m_weak(work.weak),
+      m_seenBy(work.seenBy),
+      m_ofDigit(work.ofDigit),
+      m_singleAt(work.singleAt),
+      m_partners(work.partners),
+      m_partnersKnown(work.partnersKnown) {
   for (int d = 1; d <= 9; ++d) m_holds[std::size_t(d - 1)] = context.holds(d);
 
   // Strong links: the two candidates of a cell, and two nodes that between
   // them hold every place of their digit in an area.
-  std::vector<std::pair<int, int>> links;
-  links.reserve(768);
+  std::vector<std::pair<int, int>>& links = m_work.links;
+  links.clear();
   if (m_kind != ChainKind::X)
     for (int c = 0; c < kCellCount; ++c) {
       const std::uint16_t m = m_board.cand[std::size_t(c)];
@@ -203,10 +247,10 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
   // A group is known by (first cell, second cell, third cell or none, digit)
   // as one number, sorted with the order it was met in below it (groups of a
   // segment without places have the same number).
-  std::vector<std::uint64_t> groups;
-  std::vector<int> groupIds;
-  groups.reserve(64);
-  groupIds.reserve(64);
+  std::vector<std::uint64_t>& groups = m_work.groups;
+  std::vector<int>& groupIds = m_work.groupIds;
+  groups.clear();
+  groupIds.clear();
   int singles = 0;
   for (const auto& [a, b] : links)
     for (int id : {a, b}) {
@@ -228,7 +272,7 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
       groupIds.push_back(id);
     }
   std::sort(groups.begin(), groups.end());
-  m_nodes.resize(std::size_t(singles) + groups.size());
+  m_nodes.assign(std::size_t(singles) + groups.size(), Node{});
   std::size_t next = 0, nextGroup = 0;
   for (int c = 0; c < kCellCount; ++c) {
     for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
@@ -266,7 +310,8 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
   for (std::size_t i = 0; i < n; ++i) m_strongAt[i + 1] += m_strongAt[i];
   m_strong.resize(std::size_t(m_strongAt[n]));
   {
-    std::vector<int> fill(m_strongAt.begin(), m_strongAt.end() - 1);
+    std::vector<int>& fill = m_work.fill;
+    fill.assign(m_strongAt.begin(), m_strongAt.end() - 1);
     for (const auto& [a, b] : links) {
       const int x = index[std::size_t(a)], y = index[std::size_t(b)];
       m_strong[std::size_t(fill[std::size_t(x)]++)] = y;
@@ -468,15 +513,21 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
   const std::size_t n = m_nodes.size(), words = m_words;
   // Per node: the starts that have reached it true / false, and (for the
   // trace) those that first reached it after k strong / k weak links.
-  NodeRows seenTrue, seenFalse;
+  NodeRows& seenTrue = m_work.seenTrue;
+  NodeRows& seenFalse = m_work.seenFalse;
   seenTrue.reset(n, words);
   seenFalse.reset(n, words);
-  std::vector<NodeRows> trueAt(std::size_t(maxNodes / 2 + 1)), falseAt(std::size_t(maxNodes / 2 + 1));
+  std::vector<NodeRows>& trueAt = m_work.trueAt;
+  std::vector<NodeRows>& falseAt = m_work.falseAt;
+  if (trueAt.size() < std::size_t(maxNodes / 2 + 1)) {
+    trueAt.resize(std::size_t(maxNodes / 2 + 1));
+    falseAt.resize(std::size_t(maxNodes / 2 + 1));
+  }
   falseAt[0].reset(n, words);
   for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(falseAt[0][i], i);
   m_partners.reset(n, words, false);
   m_partnersKnown.assign(n, 0);
-  std::vector<std::pair<int, int>> hits;
+  std::vector<std::pair<int, int>>& hits = m_work.hits;
   for (int nodes = 2; nodes <= maxNodes; nodes += 2) {
     const auto k = std::size_t(nodes / 2);
     const NodeRows& newTrue = trueAt[k];
@@ -528,19 +579,27 @@ constexpr int kMaxXChain = 16;
 constexpr int kMaxXYChain = 16;
 constexpr int kMaxAic = 16;
 
+/// A search with the buffers of the context's FinderWork, or its own.
+std::optional<TechniqueStep> findChain(const TechniqueContext& ctx, ChainKind kind, Technique technique, int minNodes,
+                                       int maxNodes) {
+  if (FinderWork* work = ctx.work()) return ChainSearch(ctx, kind, work->chains()).find(technique, minNodes, maxNodes);
+  ChainWork own;
+  return ChainSearch(ctx, kind, own).find(technique, minNodes, maxNodes);
+}
+
 }  // namespace
 
 std::optional<TechniqueStep> findXChain(const TechniqueContext& ctx) {
-  return ChainSearch(ctx, ChainKind::X).find(Technique::XChain, 4, kMaxXChain);
+  return findChain(ctx, ChainKind::X, Technique::XChain, 4, kMaxXChain);
 }
 
 std::optional<TechniqueStep> findXYChain(const TechniqueContext& ctx) {
   // Three bivalue cells at least (six nodes): two would be a naked pair.
-  return ChainSearch(ctx, ChainKind::XY).find(Technique::XYChain, 6, kMaxXYChain);
+  return findChain(ctx, ChainKind::XY, Technique::XYChain, 6, kMaxXYChain);
 }
 
 std::optional<TechniqueStep> findAIC(const TechniqueContext& ctx) {
-  return ChainSearch(ctx, ChainKind::Alternating).find(Technique::AIC, 4, kMaxAic);
+  return findChain(ctx, ChainKind::Alternating, Technique::AIC, 4, kMaxAic);
 }
 
 }  // namespace tessaly
