@@ -482,9 +482,12 @@ bool stepAll(std::size_t nodes, std::size_t words, const NodeRows& from, const s
         any |= out[w];
       }
     } else {
+      // Rows W words apart: a link's row is found without a multiplication.
+      const std::uint64_t* rows = from[0];
       std::array<std::uint64_t, W> reached{};
-      for (int k = at[v]; k < at[v + 1]; ++k) {
-        const std::uint64_t* in = from[std::size_t(links[std::size_t(k)])];
+      const int* link = links.data() + at[v];
+      for (const int* end = links.data() + at[v + 1]; link != end; ++link) {
+        const std::uint64_t* in = rows + std::size_t(*link) * W;
         for (std::size_t w = 0; w < W; ++w) reached[w] |= in[w];
       }
       for (std::size_t w = 0; w < W; ++w) {
