@@ -71,10 +71,10 @@ class PuzzleReader {
       }
       if (auto puzzle = parsePuzzleLine(t)) {
         if (!m_rows.empty()) {
-          m_pending = Item{*puzzle, {}, number, {}};
+          m_pending = Item{std::move(*puzzle), {}, number, {}};
           return incompleteGrid(item);
         }
-        item = Item{*puzzle, {}, number, {}};
+        item = Item{std::move(*puzzle), {}, number, {}};
         return true;
       }
       if (auto row = parseGridRow(t)) {
@@ -133,7 +133,11 @@ void work(std::vector<Item>& items, int jobs, TechniqueSet techniques, BatchOutp
       if (output == BatchOutput::Grades) {
         item.output = batchLine(item.puzzle, techniques);
       } else {
-        item.output = item.puzzle + '\t' + char('0' + countSolutions(item.puzzle, 2)) + '\n';
+        item.output.reserve(item.puzzle.size() + 3);
+        item.output = item.puzzle;
+        item.output += '\t';
+        item.output += char('0' + countSolutions(item.puzzle, 2));
+        item.output += '\n';
       }
     }
   };

@@ -63,7 +63,15 @@ bool LineReader::next() {
   int ch = take();
   if (ch == kEof && m_length == 0) return false;
   m_ended = false;
-  for (; ch != kEof; ch = take()) {
+  // The kept characters gather in a small buffer on the stack and go to the
+  // line a run at a time: a character at a time costs a string's size and
+  // capacity checks.
+  char run[128];
+  std::size_t inRun = 0;
+  std::size_t room = m_keep > m_line.size() ? m_keep - m_line.size() : 0;
+  std::uint64_t length = m_length;
+  std::uint64_t taken = 0;  // bytes taken after `ch`, counted into m_offset at the end
+  for (; ch != kEof; ch = buf.sbumpc(), taken += ch != kEof) {
     if (ch == '\n') {
       if (m_firstEnd.empty()) m_firstEnd = "\n";
       m_ended = true;
@@ -71,7 +79,10 @@ bool LineReader::next() {
     }
     if (ch == '\r') {
       const bool crlf = buf.sgetc() == '\n';
-      if (crlf) take();
+      if (crlf) {
+        buf.sbumpc();
+        ++taken;
+      }
       if (m_firstEnd.empty()) m_firstEnd = crlf ? "\r\n" : "\r";
       m_ended = true;
       break;
@@ -79,12 +90,23 @@ bool LineReader::next() {
     if (ch == 0) {
       // Text holds no NUL byte: the source is binary, and an endless run of
       // them (a device) is not read on.
+      m_offset += taken;
       m_encoding = Encoding::Binary;
       return false;
     }
-    if (m_line.size() < m_keep) m_line.push_back(char(ch));
-    ++m_length;
+    if (room) {
+      run[inRun++] = char(ch);
+      --room;
+      if (inRun == sizeof run) {
+        m_line.append(run, inRun);
+        inRun = 0;
+      }
+    }
+    ++length;
   }
+  m_line.append(run, inRun);
+  m_length = length;
+  m_offset += taken;
   ++m_number;
   return true;
 }

@@ -36,7 +36,6 @@ namespace {
 // cells with no or one candidate left, and the rows, columns and boxes where
 // a digit has no or one place left.
 
-constexpr std::uint32_t kBandCells = 0x7FFFFFF;
 constexpr std::uint32_t kRow = 0x1FF;
 constexpr std::uint32_t kBox = 0x1C0E07;
 constexpr std::uint32_t kColumn = 0x40201;
@@ -52,10 +51,19 @@ constexpr std::array<std::uint32_t, 27> makeBandPeers() {
 /// The cell's row, box and column inside its band, the cell itself left out.
 constexpr auto kBandPeers = makeBandPeers();
 
+constexpr std::array<std::array<std::uint32_t, 3>, 9> notLooked() {
+  std::array<std::array<std::uint32_t, 3>, 9> t{};
+  for (auto& bands : t) bands = {~0u, ~0u, ~0u};
+  return t;
+}
+
 struct Board {
   std::array<std::array<std::uint32_t, 3>, 9> places{};  ///< [digit 0..8][band]
   std::array<std::uint32_t, 3> open{};                    ///< cells not yet placed
   std::array<std::uint8_t, 9> placed{};                   ///< cells holding each digit
+  /// Each digit's places when hidden singles last found none for it (at first
+  /// a place set no digit has, so that every digit is looked at).
+  std::array<std::array<std::uint32_t, 3>, 9> looked = notLooked();
 };
 
 constexpr bool oneBit(std::uint32_t x) { return x != 0 && (x & (x - 1)) == 0; }
@@ -79,18 +87,27 @@ inline bool nakedSingles(Board& s, bool& placed) {
   for (int b = 0; b < 3; ++b) {
     const std::uint32_t open = s.open[std::size_t(b)];
     if (!open) continue;
+    // once/twice: cells with one or more, two or more candidates; code[k]:
+    // cells holding a digit whose number (0..8) has bit k, so that a cell
+    // with one candidate spells that digit in its bits of code[0..3].
     std::uint32_t once = 0, twice = 0;
-    for (const auto& digit : s.places) {
-      twice |= once & digit[std::size_t(b)];
-      once |= digit[std::size_t(b)];
+    std::array<std::uint32_t, 4> code{};
+    for (int d = 0; d < 9; ++d) {
+      const std::uint32_t x = s.places[std::size_t(d)][std::size_t(b)];
+      twice |= once & x;
+      once |= x;
+      code[0] |= (d & 1) ? x : 0;
+      code[1] |= (d & 2) ? x : 0;
+      code[2] |= (d & 4) ? x : 0;
+      code[3] |= (d & 8) ? x : 0;
     }
     if (open & ~once) return false;
     for (std::uint32_t singles = open & ~twice; singles; singles &= singles - 1) {
       const int i = std::countr_zero(singles);
-      const std::uint32_t bit = 1u << i;
-      int d = 0;
-      while (d < 9 && !(s.places[std::size_t(d)][std::size_t(b)] & bit)) ++d;
-      if (d == 9) return false;  // emptied by a single placed just before
+      const int d = int((code[0] >> i) & 1) | int((code[1] >> i) & 1) << 1 | int((code[2] >> i) & 1) << 2 |
+                    int((code[3] >> i) & 1) << 3;
+      // A single placed just before may have taken this cell's one digit.
+      if (!((s.places[std::size_t(d)][std::size_t(b)] >> i) & 1)) return false;
       place(s, d, b, i);
       placed = true;
     }
@@ -98,71 +115,65 @@ inline bool nakedSingles(Board& s, bool& placed) {
   return true;
 }
 
+// Whether a band holds a place in each of its three rows and three boxes. A
+// 9-bit group plus 0x1FF carries into bit 9 exactly when the group is not empty.
+inline bool everyRowAndBox(std::uint32_t x) {
+  const std::uint32_t rows = ((x & kRow) + kRow) & (((x >> 9) & kRow) + kRow) & ((x >> 18) + kRow);
+  const std::uint32_t columns = (x | x >> 9 | x >> 18) & kRow;
+  return (rows & 0x200) && (columns & 07) && (columns & 070) && (columns & 0700);
+}
+
+// The first cell of a band's open places that is alone in its row or box,
+// or -1.
+inline int loneInBand(std::uint32_t u) {
+  const std::uint32_t g0 = u & kRow, g1 = (u >> 9) & kRow, g2 = u >> 18;
+  if (oneBit(g0)) return std::countr_zero(g0);
+  if (oneBit(g1)) return 9 + std::countr_zero(g1);
+  if (oneBit(g2)) return 18 + std::countr_zero(g2);
+  const std::uint32_t k0 = u & kBox, k1 = u & (kBox << 3), k2 = u & (kBox << 6);
+  if (oneBit(k0)) return std::countr_zero(k0);
+  if (oneBit(k1)) return std::countr_zero(k1);
+  if (oneBit(k2)) return std::countr_zero(k2);
+  return -1;
+}
+
 // For every digit: false when a row, column or box has no place left for it;
-// otherwise places the first hidden single of the digit (a row, box or column
-// where it has one open place), if any.
+// otherwise places the hidden singles of the digit (a row, box or column
+// where it has one open place), one at a time.
 inline bool hiddenSingles(Board& s, bool& placed) {
   for (int d = 0; d < 9; ++d) {
-   for (;;) {
-    const auto& bands = s.places[std::size_t(d)];
-    // A digit placed nine times needs nothing more.
-    if (s.placed[std::size_t(d)] == 9) break;
-    std::uint32_t colOnce = 0;                   // columns holding d somewhere
-    std::uint32_t openOnce = 0, openTwice = 0;   // columns with an open place for d, once or more and twice or more
-    std::array<std::uint32_t, 3> openCols{};     // per band: columns with an open place
-    bool done = false;
-    for (int b = 0; b < 3 && !done; ++b) {
-      const std::uint32_t x = bands[std::size_t(b)];
-      const std::uint32_t r0 = x & kRow, r1 = (x >> 9) & kRow, r2 = x >> 18;
-      if (!r0 || !r1 || !r2) return false;
-      const std::uint32_t o = r0 | r1 | r2;
-      if (!(o & 07) || !(o & 070) || !(o & 0700)) return false;
-      colOnce |= o;
-
-      const std::uint32_t xu = x & s.open[std::size_t(b)];
-      if (!xu) continue;
-      const std::uint32_t u0 = xu & kRow, u1 = (xu >> 9) & kRow, u2 = xu >> 18;
-      const std::uint32_t ou = u0 | u1 | u2, tu = (u0 & u1) | (u0 & u2) | (u1 & u2);
-      openTwice |= (openOnce & ou) | tu;
-      openOnce |= ou;
-      openCols[std::size_t(b)] = ou;
-      // A row with one open place.
-      for (int r = 0; r < 3 && !done; ++r) {
-        const std::uint32_t row = (xu >> (9 * r)) & kRow;
-        if (oneBit(row)) {
-          place(s, d, b, 9 * r + std::countr_zero(row));
-          done = true;
-        }
+    auto& bands = s.places[std::size_t(d)];
+    if (s.looked[std::size_t(d)] == bands) continue;
+    for (;;) {
+      // A digit placed nine times needs nothing more.
+      if (s.placed[std::size_t(d)] == 9) break;
+      const std::uint32_t x0 = bands[0], x1 = bands[1], x2 = bands[2];
+      if (!everyRowAndBox(x0) || !everyRowAndBox(x1) || !everyRowAndBox(x2)) return false;
+      const std::uint32_t c0 = (x0 | x0 >> 9 | x0 >> 18), c1 = (x1 | x1 >> 9 | x1 >> 18), c2 = (x2 | x2 >> 9 | x2 >> 18);
+      if (((c0 | c1 | c2) & kRow) != kRow) return false;
+      const std::uint32_t u0 = x0 & s.open[0], u1 = x1 & s.open[1], u2 = x2 & s.open[2];
+      int b = 0, i = loneInBand(u0);
+      if (i < 0) b = 1, i = loneInBand(u1);
+      if (i < 0) b = 2, i = loneInBand(u2);
+      if (i < 0) {
+        // A column with one open place: once and twice over its nine rows.
+        std::uint32_t once = 0, twice = 0;
+        for (const std::uint32_t u : {u0, u1, u2})
+          for (const std::uint32_t g : {u & kRow, (u >> 9) & kRow, u >> 18}) {
+            twice |= once & g;
+            once |= g;
+          }
+        const std::uint32_t lone = once & ~twice;
+        if (!lone) break;
+        const int c = std::countr_zero(lone);
+        const std::uint32_t column = kColumn << c;
+        b = (u0 & column) ? 0 : (u1 & column) ? 1 : 2;
+        i = std::countr_zero((b == 0 ? u0 : b == 1 ? u1 : u2) & column);
       }
-      // A box with one open place: one column of the box's three with an
-      // open place, and that column holding only one.
-      for (int k = 0; k < 3 && !done; ++k) {
-        const std::uint32_t group = ou & (07u << (3 * k));
-        if (!oneBit(group) || (tu & group)) continue;
-        const int c = std::countr_zero(group);
-        const int r = (u0 >> c) & 1 ? 0 : (u1 >> c) & 1 ? 1 : 2;
-        place(s, d, b, 9 * r + c);
-        done = true;
-      }
-    }
-    if (done) {
+      place(s, d, b, i);
       placed = true;
-      continue;  // the same digit again: a place taken may leave it one more
     }
-    if (colOnce != kRow) return false;
-    // A column with one open place.
-    const std::uint32_t lone = openOnce & ~openTwice;
-    if (lone) {
-      const int c = std::countr_zero(lone);
-      const int b = (openCols[0] >> c) & 1 ? 0 : (openCols[1] >> c) & 1 ? 1 : 2;
-      const std::uint32_t xu = bands[std::size_t(b)] & s.open[std::size_t(b)];
-      const int r = (xu >> c) & 1 ? 0 : (xu >> (9 + c)) & 1 ? 1 : 2;
-      place(s, d, b, 9 * r + c);
-      placed = true;
-      continue;
-    }
-    break;
-   }
+    s.looked[std::size_t(d)] = bands;
   }
   return true;
 }
@@ -178,70 +189,92 @@ inline bool settle(Board& s) {
   }
 }
 
-// The box of three bits 0..2 of a 9-bit row or column group that holds any bit.
-constexpr std::uint32_t groupsOf(std::uint32_t nine) {
-  return std::uint32_t((nine & 07) != 0) | std::uint32_t((nine & 070) != 0) << 1 | std::uint32_t((nine & 0700) != 0) << 2;
-}
+// Box-line removals by tables. Inside one band a digit's places fall into
+// nine mini-rows (a row's three cells in one box): bit 3r + k of a 9-bit
+// pattern says that row r has a place in box k. Where a box's places all lie
+// in one row, that row's other boxes lose the digit; where a row's places all
+// lie in one box, that box's other rows lose it; repeated until nothing
+// changes. The rules read the same with rows and boxes swapped, so the same
+// table serves a stack of three columns, with its bands as the "rows".
 
-// Where a digit's places in a box all lie on one line, the rest of the line
-// loses it; where its places on a line all lie in one box, the rest of the box
-// loses it. True when anything was removed (then the singles are looked for
-// again before a guess).
+/// Which of a 9-bit row group's three boxes hold a bit.
+constexpr std::array<std::uint8_t, 512> makeBoxesOfRow() {
+  std::array<std::uint8_t, 512> t{};
+  for (int v = 0; v < 512; ++v)
+    t[std::size_t(v)] = std::uint8_t(((v & 07) != 0) | ((v & 070) != 0) << 1 | ((v & 0700) != 0) << 2);
+  return t;
+}
+constexpr auto kBoxesOfRow = makeBoxesOfRow();
+
+/// The mini-rows that keep the digit, for every pattern of mini-rows with places.
+constexpr std::array<std::uint16_t, 512> makeKeep() {
+  std::array<std::uint16_t, 512> t{};
+  for (int v = 0; v < 512; ++v) {
+    int m = v;
+    for (bool changed = true; changed;) {
+      changed = false;
+      for (int k = 0; k < 3; ++k) {  // a box whose places lie in one row
+        const int rows = ((m >> k) & 1) | ((m >> (3 + k)) & 1) << 1 | ((m >> (6 + k)) & 1) << 2;
+        if (rows == 1 || rows == 2 || rows == 4) {
+          const int r = rows == 1 ? 0 : rows == 2 ? 1 : 2;
+          const int next = m & ~((07 << (3 * r)) & ~(1 << (3 * r + k)));
+          if (next != m) m = next, changed = true;
+        }
+      }
+      for (int r = 0; r < 3; ++r) {  // a row whose places lie in one box
+        const int boxes = (m >> (3 * r)) & 07;
+        if (boxes == 1 || boxes == 2 || boxes == 4) {
+          const int k = boxes == 1 ? 0 : boxes == 2 ? 1 : 2;
+          const int next = m & ~((0111 << k) & ~(1 << (3 * r + k)));
+          if (next != m) m = next, changed = true;
+        }
+      }
+    }
+    t[std::size_t(v)] = std::uint16_t(m);
+  }
+  return t;
+}
+constexpr auto kKeep = makeKeep();
+
+/// The band cells of a pattern of mini-rows.
+constexpr std::array<std::uint32_t, 512> makeMiniRowCells() {
+  std::array<std::uint32_t, 512> t{};
+  for (int v = 0; v < 512; ++v)
+    for (int b = 0; b < 9; ++b)
+      if ((v >> b) & 1) t[std::size_t(v)] |= 07u << (9 * (b / 3) + 3 * (b % 3));
+  return t;
+}
+constexpr auto kMiniRowCells = makeMiniRowCells();
+
+// True when anything was removed (then the singles are looked for again
+// before a guess).
 inline bool lockedCandidates(Board& s) {
   bool changed = false;
   for (int d = 0; d < 9; ++d) {
     if (s.placed[std::size_t(d)] == 9) continue;
     auto& bands = s.places[std::size_t(d)];
-    for (int b = 0; b < 3; ++b) {
-      std::uint32_t x = bands[std::size_t(b)];
-      const std::uint32_t before = x;
-      for (int r = 0; r < 3; ++r) {
-        const std::uint32_t boxes = groupsOf((x >> (9 * r)) & kRow);
-        if (oneBit(boxes)) x &= ~((kBox << (3 * std::countr_zero(boxes))) & ~(kRow << (9 * r)));
-      }
-      for (int k = 0; k < 3; ++k) {
-        const std::uint32_t box = (x >> (3 * k)) & kBox;
-        const std::uint32_t rows = std::uint32_t((box & 07) != 0) | std::uint32_t((box & (07u << 9)) != 0) << 1 |
-                                   std::uint32_t((box & (07u << 18)) != 0) << 2;
-        if (oneBit(rows)) x &= ~((kRow << (9 * std::countr_zero(rows))) & ~(kBox << (3 * k)));
-      }
-      // A box whose places lie in one column: the column's other bands lose it.
-      const std::uint32_t cols = (x | x >> 9 | x >> 18) & kRow;
-      for (int k = 0; k < 3; ++k) {
-        const std::uint32_t inBox = cols & (07u << (3 * k));
-        if (!oneBit(inBox)) continue;
-        const std::uint32_t column = kColumn << std::countr_zero(inBox);
-        for (int o = 1; o < 3; ++o) {
-          std::uint32_t& other = bands[std::size_t((b + o) % 3)];
-          if (other & column) {
-            other &= ~column;
-            changed = true;
-          }
-        }
-      }
-      if (x != before) {
-        bands[std::size_t(b)] = x;
-        changed = true;
-      }
-    }
-    // A column whose places lie in one band: the other columns of that box lose it.
+    const std::array<std::uint32_t, 3> before = bands;
     std::array<std::uint32_t, 3> cols{};
     for (int b = 0; b < 3; ++b) {
       const std::uint32_t x = bands[std::size_t(b)];
-      cols[std::size_t(b)] = (x | x >> 9 | x >> 18) & kRow;
+      const std::uint32_t r0 = x & kRow, r1 = (x >> 9) & kRow, r2 = x >> 18;
+      const unsigned pattern = kBoxesOfRow[r0] | unsigned(kBoxesOfRow[r1]) << 3 | unsigned(kBoxesOfRow[r2]) << 6;
+      const std::uint32_t kept = x & kMiniRowCells[kKeep[pattern]];
+      bands[std::size_t(b)] = kept;
+      cols[std::size_t(b)] = (kept | kept >> 9 | kept >> 18) & kRow;
     }
-    for (int b = 0; b < 3; ++b) {
-      std::uint32_t only = cols[std::size_t(b)] & ~cols[std::size_t((b + 1) % 3)] & ~cols[std::size_t((b + 2) % 3)];
-      for (; only; only &= only - 1) {
-        const int c = std::countr_zero(only);
-        const std::uint32_t rest = (kBox << (3 * (c / 3))) & ~(kColumn << c);
-        std::uint32_t& x = bands[std::size_t(b)];
-        if (x & rest) {
-          x &= ~rest;
-          changed = true;
-        }
+    // Stack by stack: bit 3b + j says that band b has a place in the stack's
+    // column j.
+    for (int k = 0; k < 3; ++k) {
+      const unsigned pattern = ((cols[0] >> (3 * k)) & 07) | ((cols[1] >> (3 * k)) & 07) << 3 | ((cols[2] >> (3 * k)) & 07) << 6;
+      const unsigned gone = pattern & ~unsigned(kKeep[pattern]);
+      if (!gone) continue;
+      for (int b = 0; b < 3; ++b) {
+        const std::uint32_t lost = (gone >> (3 * b)) & 07;
+        if (lost) bands[std::size_t(b)] &= ~(kColumn * (lost << (3 * k)));
       }
     }
+    changed |= bands != before;
   }
   return changed;
 }
@@ -317,28 +350,43 @@ class Search {
   int m_found = 0;
 };
 
-// Counts from the given candidates (one 9-bit set per cell).
-int countFrom(const bitgrid::Cands& start, int limit, std::string* firstSolution) {
-  Board board;
-  board.open = {kBandCells, kBandCells, kBandCells};
-  for (int c = 0; c < bitgrid::kCellCount; ++c)
-    for (std::uint16_t set = start[std::size_t(c)]; set; set &= std::uint16_t(set - 1))
-      board.places[std::size_t(std::countr_zero(set))][std::size_t(c / 27)] |= 1u << (c % 27);
-  Search search(limit, firstSolution);
-  search.run(board);
-  return search.found();
-}
-
-// The candidates of a puzzle's cells before any search: a given's digit, or all nine.
-std::optional<bitgrid::Cands> startOf(std::string_view puzzle81) {
+// The board of a puzzle's givens, each placed; nothing when a given repeats.
+// Built at once rather than by placing the givens one by one: a digit keeps
+// its givens and the blanks whose row, column and box hold none of it.
+std::optional<Board> boardOf(std::string_view puzzle81) {
   const auto values = bitgrid::givens(puzzle81);
   if (!values) return std::nullopt;
-  bitgrid::Cands start;
+  Board board;
+  std::array<std::uint32_t, 9> rows{}, columns{}, boxes{};  // per digit: the areas holding it
   for (int c = 0; c < bitgrid::kCellCount; ++c) {
     const int v = (*values)[std::size_t(c)];
-    start[std::size_t(c)] = v ? bitgrid::bitOf(v) : bitgrid::kAll;
+    if (!v) {
+      board.open[std::size_t(c / 27)] |= 1u << (c % 27);
+      continue;
+    }
+    const std::size_t d = std::size_t(v - 1);
+    board.places[d][std::size_t(c / 27)] |= 1u << (c % 27);
+    rows[d] |= 1u << bitgrid::rowOf(c);
+    columns[d] |= 1u << bitgrid::colOf(c);
+    boxes[d] |= 1u << bitgrid::boxOf(c);
+    ++board.placed[d];
   }
-  return start;
+  for (std::size_t d = 0; d < 9; ++d) {
+    const std::uint32_t freeColumns = ~columns[d] & kRow;
+    const std::uint32_t inFreeColumns = freeColumns | freeColumns << 9 | freeColumns << 18;
+    for (int b = 0; b < 3; ++b) {
+      std::uint32_t allowed = 0;
+      for (int k = 0; k < 3; ++k) {
+        if (!((rows[d] >> (3 * b + k)) & 1)) allowed |= kRow << (9 * k);
+      }
+      std::uint32_t inFreeBoxes = 0;
+      for (int k = 0; k < 3; ++k) {
+        if (!((boxes[d] >> (3 * b + k)) & 1)) inFreeBoxes |= kBox << (3 * k);
+      }
+      board.places[d][std::size_t(b)] |= allowed & inFreeColumns & inFreeBoxes & board.open[std::size_t(b)];
+    }
+  }
+  return board;
 }
 
 }  // namespace
@@ -347,41 +395,36 @@ int countSolutions(std::string_view puzzle81, int limit) { return countSolutions
 
 int countSolutions(std::string_view puzzle81, int limit, std::string* firstSolution) {
   if (limit <= 0) return 0;
-  const auto values = bitgrid::givens(puzzle81);
-  if (!values) return 0;
-  // Every digit everywhere, then the givens placed (they never clash: givens
-  // checked that no area repeats one).
-  Board board;
-  board.open = {kBandCells, kBandCells, kBandCells};
-  for (auto& digit : board.places) digit = {kBandCells, kBandCells, kBandCells};
-  for (int c = 0; c < bitgrid::kCellCount; ++c)
-    if (const int v = (*values)[std::size_t(c)]) place(board, v - 1, c / 27, c % 27);
+  auto board = boardOf(puzzle81);
+  if (!board) return 0;
   Search search(limit, firstSolution);
-  search.run(board);
+  search.run(*board);
   return search.found();
 }
 
 bool hasOtherSolution(std::string_view puzzle81, std::string_view solution, std::initializer_list<int> cells) {
-  auto start = startOf(puzzle81);
-  if (!start) return false;
+  auto board = boardOf(puzzle81);
+  if (!board) return false;
   for (const int cell : cells) {
-    const std::uint16_t known = bitgrid::bitOf(solution[std::size_t(cell)] - '0');
-    // A cell whose peers' givens leave it no other digit cannot differ: no
-    // search is needed (most blanks made while the grid is still full).
-    std::uint16_t seen = 0;
-    for (const std::uint8_t peer : bitgrid::kPeers[std::size_t(cell)]) {
-      const std::uint16_t set = (*start)[peer];
-      if (bitgrid::single(set)) seen |= set;
+    const int b = cell / 27, i = cell % 27;
+    const int known = solution[std::size_t(cell)] - '1';
+    if (!((board->open[std::size_t(b)] >> i) & 1)) continue;  // a given
+    // A cell whose peers leave it no other digit cannot differ: no search is
+    // needed (most blanks made while the grid is still full).
+    bool other = false;
+    for (int d = 0; d < 9; ++d) other |= d != known && ((board->places[std::size_t(d)][std::size_t(b)] >> i) & 1);
+    if (other) {
+      Board differing = *board;
+      if (known >= 0 && known < 9) differing.places[std::size_t(known)][std::size_t(b)] &= ~(1u << i);
+      Search search(1, nullptr);
+      search.run(differing);
+      if (search.found() > 0) return true;
     }
-    if (!(bitgrid::kAll & ~seen & ~known)) {
-      (*start)[std::size_t(cell)] = known;
-      continue;
-    }
-    bitgrid::Cands differing = *start;
-    differing[std::size_t(cell)] = std::uint16_t(bitgrid::kAll & ~known);
-    if (countFrom(differing, 1, nullptr) > 0) return true;
+    // No solution differs here; when none can hold the known digit either,
+    // there is none at all.
+    if (known < 0 || known > 8 || !((board->places[std::size_t(known)][std::size_t(b)] >> i) & 1)) return false;
     // The next cell's search looks only among solutions that agree here.
-    (*start)[std::size_t(cell)] = known;
+    place(*board, known, b, i);
   }
   return false;
 }
