@@ -176,7 +176,7 @@ class ChainSearch {
   std::vector<Node>& m_nodes;
   std::size_t m_words = 0;  ///< words of a node set
   // Node i's strong links are m_strong[m_strongAt[i] .. m_strongAt[i + 1]], its weak links likewise.
-  std::vector<int>&m_strongAt, &m_strong, &m_weakAt, &m_weak;
+  std::vector<int> &m_strongAt, &m_strong, &m_weakAt, &m_weak;
   /// seenBy[c]: the nodes whose digit cell c holds and whose cells c all sees
   /// (those whose targets take in c); ofDigit[d]: the nodes of digit d + 1;
   /// singleAt[c]: the one-cell nodes in cell c.
@@ -418,13 +418,13 @@ std::vector<Candidate> ChainSearch::removals(int s, int e) const {
   return out;
 }
 
-/// A chain of `nodes` nodes from s (assumed false) to e (reached true), as a
-/// breadth-first search from s alone would find it when each node takes the
-/// lowest node that reaches it (with its links in order of their nodes). Read
-/// backwards: trueAt[k] and falseAt[k] hold, per node, the starts that first
-/// reached it true or false after k strong or k weak links; e's node before it
-/// is the lowest of its links that s reached the step before. Links go both
-/// ways, so a node's links are the nodes that link to it.
+/// A chain of `nodes` nodes from s (assumed false) to e (reached true): the
+/// one a breadth-first search from s alone gives when each node it reaches
+/// takes the lowest node of the step before that links to it. Read backwards
+/// through the sets find keeps: trueAt[k] and falseAt[k] hold, per node, the
+/// starts that first reached it true or false after k strong or k weak links,
+/// so e's node before it is the lowest of its links that s reached the step
+/// before. Links go both ways, so the nodes linking to a node are its own links.
 std::vector<int> ChainSearch::trace(int s, int e, int nodes, const std::vector<NodeRows>& trueAt,
                                     const std::vector<NodeRows>& falseAt) const {
   const auto reached = [&](const NodeRows& rows, int v) {
