@@ -380,22 +380,27 @@ const std::uint64_t* ChainSearch::partners(int e) {
   m_partnersKnown[std::size_t(e)] = 1;
   // Only the starts below e are ever asked about (a chain is looked at from
   // its lower end): the words past e's are not worked out.
-  const std::size_t words = std::size_t(e) / 64 + 1;
-  std::fill(row, row + words, 0);
   const Node& b = m_nodes[std::size_t(e)];
   const std::uint64_t* digit = m_ofDigit[std::size_t(b.digit - 1)];
   const bool alternating = m_kind == ChainKind::Alternating;
-  b.targets.forEach([&](int c) {
-    const std::uint64_t* by = m_seenBy[std::size_t(c)];
-    for (std::size_t w = 0; w < words; ++w) row[w] |= by[w] & digit[w];
-    if (!alternating) return;
-    const std::uint64_t* single = m_singleAt[std::size_t(c)];
-    for (std::size_t w = 0; w < words; ++w) row[w] |= single[w] & ~digit[w];
+  withWords(std::size_t(e) / 64 + 1, [&](auto fixed) {
+    constexpr std::size_t W = decltype(fixed)::value;
+    const std::size_t words = W ? W : std::size_t(e) / 64 + 1;
+    std::array<std::uint64_t, W ? W : kMaxWords> acc;
+    for (std::size_t w = 0; w < words; ++w) acc[w] = 0;
+    b.targets.forEach([&](int c) {
+      const std::uint64_t* by = m_seenBy[std::size_t(c)];
+      for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & digit[w];
+      if (!alternating) return;
+      const std::uint64_t* single = m_singleAt[std::size_t(c)];
+      for (std::size_t w = 0; w < words; ++w) acc[w] |= single[w] & ~digit[w];
+    });
+    if (alternating && b.size == 1) {
+      const std::uint64_t* by = m_seenBy[b.cells[0]];
+      for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & ~digit[w];
+    }
+    for (std::size_t w = 0; w < words; ++w) row[w] = acc[w];
   });
-  if (alternating && b.size == 1) {
-    const std::uint64_t* by = m_seenBy[b.cells[0]];
-    for (std::size_t w = 0; w < words; ++w) row[w] |= by[w] & ~digit[w];
-  }
   return row;
 }
 
