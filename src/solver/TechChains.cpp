@@ -129,7 +129,7 @@ void withWords(std::size_t words, F f) {
 /// one board carries over to the next and the chains found are the same.
 struct ChainWork {
   std::vector<std::pair<int, int>> links;
-  std::vector<std::uint64_t> groups;
+  std::vector<std::uint64_t> groups, sortedGroups;
   std::vector<int> groupIds, fill;
   std::vector<Node> nodes;
   std::vector<int> strongAt, strong, weakAt, weak;
@@ -241,9 +241,13 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainW
     }
 
   // Number the nodes with a strong link in order of their cells (as a
-  // sequence), then digit: a group comes after the candidates of its first cell.
+  // sequence), then digit: a group comes after the candidates of its first
+  // cell. index[id] is set for every id a link names, and only those are read.
   std::array<std::int16_t, kIds> index;
-  index.fill(-1);
+  // The digits of each cell with a strong link, and the groups met so far
+  // (bit digit - 1 of each segment).
+  std::array<std::uint16_t, kCellCount> singleDigits{};
+  std::array<std::uint16_t, 54> groupDigits{};
   // A group is known by (first cell, second cell, third cell or none, digit)
   // as one number, sorted with the order it was met in below it (groups of a
   // segment without places have the same number).
@@ -251,15 +255,16 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainW
   std::vector<int>& groupIds = m_work.groupIds;
   groups.clear();
   groupIds.clear();
-  int singles = 0;
   for (const auto& [a, b] : links)
     for (int id : {a, b}) {
-      if (index[std::size_t(id)] == 0) continue;
-      index[std::size_t(id)] = 0;
       if (id < kGroupIds) {
-        ++singles;
+        singleDigits[std::size_t(id / 9)] |= std::uint16_t(1u << (id % 9));
         continue;
       }
+      std::uint16_t& met = groupDigits[std::size_t((id - kGroupIds) / 9)];
+      const auto bit = std::uint16_t(1u << ((id - kGroupIds) % 9));
+      if (met & bit) continue;
+      met |= bit;
       const int digit = (id - kGroupIds) % 9 + 1;
       const CellSet where = m_holds[std::size_t(digit - 1)] & kSegments[std::size_t((id - kGroupIds) / 9)];
       std::uint32_t key = std::uint32_t(digit);
@@ -271,13 +276,26 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainW
       groups.push_back(std::uint64_t(key) << 32 | groupIds.size());
       groupIds.push_back(id);
     }
-  std::sort(groups.begin(), groups.end());
-  m_nodes.assign(std::size_t(singles) + groups.size(), Node{});
+  // By first cell with a count of each, then by the rest of the key within
+  // those few (an insertion pass).
+  {
+    std::array<std::uint16_t, kCellCount + 1> start{};
+    for (std::uint64_t key : groups) ++start[std::size_t(key >> 56) + 1];
+    for (std::size_t c = 1; c < start.size(); ++c) start[c] = std::uint16_t(start[c] + start[c - 1]);
+    std::vector<std::uint64_t>& sorted = m_work.sortedGroups;
+    sorted.resize(groups.size());
+    for (std::uint64_t key : groups) sorted[start[std::size_t(key >> 56)]++] = key;
+    for (std::size_t k = 1; k < sorted.size(); ++k)
+      for (std::size_t m = k; m > 0 && sorted[m - 1] > sorted[m]; --m) std::swap(sorted[m - 1], sorted[m]);
+    groups.swap(sorted);
+  }
+  std::size_t singles = 0;
+  for (std::uint16_t digits : singleDigits) singles += std::size_t(count(digits));
+  m_nodes.assign(singles + groups.size(), Node{});
   std::size_t next = 0, nextGroup = 0;
   for (int c = 0; c < kCellCount; ++c) {
-    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
+    for (std::uint16_t m = singleDigits[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
       const int d = std::countr_zero(m);
-      if (index[std::size_t(c * 9 + d)] < 0) continue;
       index[std::size_t(c * 9 + d)] = std::int16_t(next);
       Node& node = m_nodes[next++];
       node.cells[0] = std::uint8_t(c);
@@ -547,14 +565,14 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
       // A chain and its reverse are found together: keep the one from the lower end.
       for (std::size_t e = 0; e < n; ++e) {
         const std::uint64_t* reached = newTrue[e];
-        std::uint64_t below = 0;
-        for (std::size_t w = 0; w <= e / 64; ++w)
-          below |= w == e / 64 ? reached[w] & ((std::uint64_t(1) << (e % 64)) - 1) : reached[w];
+        const std::size_t last = e / 64;  // the starts below e: words before e's, and the low bits of e's
+        const std::uint64_t lowBits = (std::uint64_t(1) << (e % 64)) - 1;
+        std::uint64_t below = reached[last] & lowBits;
+        for (std::size_t w = 0; w < last; ++w) below |= reached[w];
         if (!below) continue;
         const std::uint64_t* partner = partners(int(e));
-        for (std::size_t w = 0; w <= e / 64; ++w) {
-          std::uint64_t bits = reached[w] & partner[w];
-          if (w == e / 64) bits &= (std::uint64_t(1) << (e % 64)) - 1;
+        for (std::size_t w = 0; w <= last; ++w) {
+          std::uint64_t bits = reached[w] & partner[w] & (w == last ? lowBits : ~std::uint64_t(0));
           for (; bits; bits &= bits - 1) hits.emplace_back(int(w * 64) + std::countr_zero(bits), int(e));
         }
       }
