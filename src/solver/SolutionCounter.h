@@ -1,8 +1,9 @@
 #pragma once
 // A plain, silent solution counter: depth-first search over bit sets with
-// naked and hidden singles propagated between guesses, used to check that a
-// puzzle has exactly one solution. It shares nothing with the narrated solver
-// and writes no log.
+// naked and hidden singles propagated between guesses and one round of
+// box-line removals before each guess, used to check that a puzzle has
+// exactly one solution. It shares nothing with the narrated solver and writes
+// no log.
 
 #include <initializer_list>
 #include <string>
