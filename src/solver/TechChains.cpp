@@ -350,10 +350,10 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainW
   }
 
   // Weak links: one digit in cells that all see each other, and (in an
-  // alternating chain) two digits of one cell.
-  // Each node's weak links as a node set, read out into a list (the search
-  // reads lists faster) written through a pointer: the buffer is first made
-  // room for every node a set can hold.
+  // alternating chain) two digits of one cell. Each node's are worked out as
+  // a node set and read out into its list (the search reads lists faster);
+  // before each node the buffer is grown to hold a link to every node, so the
+  // list is written through a pointer without checks.
   m_weakAt.resize(n + 1);
   m_weak.resize(n * 8);
   std::size_t used = 0;
