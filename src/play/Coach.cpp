@@ -137,7 +137,10 @@ TechniqueBoard playerBoard(const Position& position, bool uniqueSolution) {
 }
 
 // Visits the instances of a technique the coach may name (true from `visit`
-// stops): every instance of a rule, the first of a further technique.
+// stops): every instance of a rule; of a further technique the first on the
+// board, then, for one that looks at each digit or each area on its own, the
+// first on each digit or in each area, so that an X-Wing on another digit or a
+// pair in another row counts too.
 static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
                      const std::function<bool(const TechniqueStep&)>& visit) {
   if (int(t.id) < kRuleCount) {
@@ -146,8 +149,32 @@ static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
     forEachRuleInstance(t.id, board, [&](const TechniqueStep& step) { return stopped = visit(step); });
     return stopped;
   }
-  const std::optional<TechniqueStep> step = t.find(board);
-  return step && visit(*step);
+  TechniqueContext context(board);
+  const std::optional<TechniqueStep> first = t.find(context);
+  if (!first) return false;
+  if (visit(*first)) return true;
+  const auto sameAsFirst = [&](const TechniqueStep& step) {
+    return step.eliminations == first->eliminations && step.placements == first->placements;
+  };
+  switch (techniqueScope(t.id)) {
+    case TechniqueScope::EachDigit:
+      for (int d = 0; d < 9; ++d) {
+        context.lookAtDigits(std::uint16_t(1u << d));
+        const std::optional<TechniqueStep> step = t.find(context);
+        if (step && !sameAsFirst(*step) && visit(*step)) return true;
+      }
+      return false;
+    case TechniqueScope::EachArea:
+      for (int area = 0; area < 27; ++area) {
+        context.lookAtAreas(1u << area);
+        const std::optional<TechniqueStep> step = t.find(context);
+        if (step && !sameAsFirst(*step) && visit(*step)) return true;
+      }
+      return false;
+    case TechniqueScope::Board:
+      return false;
+  }
+  return false;
 }
 
 std::string coachName(Technique technique) { return kCoachNames[std::size_t(technique)]; }

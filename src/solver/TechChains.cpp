@@ -17,9 +17,11 @@
 // link, false after a weak one) as a bit set, so a step costs a few word
 // operations per link. The first length at which some start reaches a node
 // that, as the other end, removes something gives the chain (the lowest start,
-// then the lowest end); it is then traced by a search from that start alone.
-// Every chain read backwards is a chain too, so only the one from its lower
-// end is looked at.
+// then the lowest end). The sets reached at each step are kept, so the chain
+// is then traced back from its end through them, each node to the lowest node
+// that reached it from that start: the chain a search from that start alone
+// would give. Every chain read backwards is a chain too, so only the one from
+// its lower end is looked at.
 
 #include <algorithm>
 #include <bit>
@@ -85,9 +87,13 @@ struct Node {
 /// Sets of nodes, bit i for node i, in rows of `words` words.
 class NodeRows {
  public:
-  void reset(std::size_t rows, std::size_t words) {
+  /// Empty rows; or, without `clear`, rows left as they come (for rows that
+  /// are written in full before they are read). The storage only grows, so
+  /// rows kept from an earlier search are reused.
+  void reset(std::size_t rows, std::size_t words, bool clear = true) {
     m_words = words;
-    m_bits.assign(rows * words, 0);
+    if (m_bits.size() < rows * words) m_bits.resize(rows * words);
+    if (clear) std::fill_n(m_bits.begin(), rows * words, 0);
   }
   std::uint64_t* operator[](std::size_t r) { return &m_bits[r * m_words]; }
   const std::uint64_t* operator[](std::size_t r) const { return &m_bits[r * m_words]; }
@@ -115,9 +121,38 @@ void withWords(std::size_t words, F f) {
   }
 }
 
+}  // namespace
+
+/// What a chain search writes as it goes, kept for the next search on the
+/// boards of one solve (FinderWork) so that a search seldom allocates: every
+/// search sizes and fills each buffer before it reads it, so nothing found on
+/// one board carries over to the next and the chains found are the same.
+struct ChainWork {
+  std::vector<std::pair<int, int>> links;
+  std::vector<std::uint64_t> groups, sortedGroups;
+  std::vector<int> groupIds, fill;
+  std::vector<Node> nodes;
+  std::vector<int> strongAt, strong, weakAt, weak;
+  NodeRows seenBy, ofDigit, singleAt, partners, seenTrue, seenFalse;
+  std::vector<NodeRows> trueAt, falseAt;
+  std::vector<char> partnersKnown;
+  std::vector<std::pair<int, int>> hits;
+};
+
+FinderWork::FinderWork() = default;
+FinderWork::~FinderWork() = default;
+FinderWork::FinderWork(const FinderWork&) {}
+FinderWork& FinderWork::operator=(const FinderWork&) { return *this; }
+ChainWork& FinderWork::chains() {
+  if (!m_chains) m_chains = std::make_unique<ChainWork>();
+  return *m_chains;
+}
+
+namespace {
+
 class ChainSearch {
  public:
-  ChainSearch(const TechniqueContext& context, ChainKind kind);
+  ChainSearch(const TechniqueContext& context, ChainKind kind, ChainWork& work);
 
   /// The shortest chain of `minNodes` to `maxNodes` nodes that removes
   /// something, the lowest first node, then the lowest last node, first.
@@ -130,32 +165,47 @@ class ChainSearch {
   std::vector<Candidate> removals(int s, int e) const;
   bool step(const NodeRows& from, const std::vector<int>& at, const std::vector<int>& links, NodeRows& fresh,
             NodeRows& seen) const;
-  std::vector<int> trace(int s, int e, int nodes) const;
+  std::vector<int> trace(int s, int e, int nodes, const std::vector<NodeRows>& trueAt,
+                         const std::vector<NodeRows>& falseAt) const;
   bool simple(const std::vector<int>& path) const;
 
   const TechniqueBoard& m_board;
   ChainKind m_kind;
+  ChainWork& m_work;
   std::array<CellSet, 9> m_holds{};  ///< the cells holding each digit
-  std::vector<Node> m_nodes;
+  std::vector<Node>& m_nodes;
   std::size_t m_words = 0;  ///< words of a node set
   // Node i's strong links are m_strong[m_strongAt[i] .. m_strongAt[i + 1]], its weak links likewise.
-  std::vector<int> m_strongAt, m_strong, m_weakAt, m_weak;
+  std::vector<int> &m_strongAt, &m_strong, &m_weakAt, &m_weak;
   /// seenBy[c]: the nodes whose digit cell c holds and whose cells c all sees
   /// (those whose targets take in c); ofDigit[d]: the nodes of digit d + 1;
   /// singleAt[c]: the one-cell nodes in cell c.
-  NodeRows m_seenBy, m_ofDigit, m_singleAt;
+  NodeRows &m_seenBy, &m_ofDigit, &m_singleAt;
   /// partners(e), worked out the first time a chain ends at e.
-  NodeRows m_partners;
-  std::vector<char> m_partnersKnown;
+  NodeRows& m_partners;
+  std::vector<char>& m_partnersKnown;
 };
 
-ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_board(context.board), m_kind(kind) {
+ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainWork& work)
+    : m_board(context.board),
+      m_kind(kind),
+      m_work(work),
+      m_nodes(work.nodes),
+      m_strongAt(work.strongAt),
+      m_strong(work.strong),
+      m_weakAt(work.weakAt),
+      m_weak(work.weak),
+      m_seenBy(work.seenBy),
+      m_ofDigit(work.ofDigit),
+      m_singleAt(work.singleAt),
+      m_partners(work.partners),
+      m_partnersKnown(work.partnersKnown) {
   for (int d = 1; d <= 9; ++d) m_holds[std::size_t(d - 1)] = context.holds(d);
 
   // Strong links: the two candidates of a cell, and two nodes that between
   // them hold every place of their digit in an area.
-  std::vector<std::pair<int, int>> links;
-  links.reserve(768);
+  std::vector<std::pair<int, int>>& links = m_work.links;
+  links.clear();
   if (m_kind != ChainKind::X)
     for (int c = 0; c < kCellCount; ++c) {
       const std::uint16_t m = m_board.cand[std::size_t(c)];
@@ -191,25 +241,30 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
     }
 
   // Number the nodes with a strong link in order of their cells (as a
-  // sequence), then digit: a group comes after the candidates of its first cell.
+  // sequence), then digit: a group comes after the candidates of its first
+  // cell. index[id] is set for every id a link names, and only those are read.
   std::array<std::int16_t, kIds> index;
-  index.fill(-1);
+  // The digits of each cell with a strong link, and the groups met so far
+  // (bit digit - 1 of each segment).
+  std::array<std::uint16_t, kCellCount> singleDigits{};
+  std::array<std::uint16_t, 54> groupDigits{};
   // A group is known by (first cell, second cell, third cell or none, digit)
   // as one number, sorted with the order it was met in below it (groups of a
   // segment without places have the same number).
-  std::vector<std::uint64_t> groups;
-  std::vector<int> groupIds;
-  groups.reserve(64);
-  groupIds.reserve(64);
-  int singles = 0;
+  std::vector<std::uint64_t>& groups = m_work.groups;
+  std::vector<int>& groupIds = m_work.groupIds;
+  groups.clear();
+  groupIds.clear();
   for (const auto& [a, b] : links)
     for (int id : {a, b}) {
-      if (index[std::size_t(id)] == 0) continue;
-      index[std::size_t(id)] = 0;
       if (id < kGroupIds) {
-        ++singles;
+        singleDigits[std::size_t(id / 9)] |= std::uint16_t(1u << (id % 9));
         continue;
       }
+      std::uint16_t& met = groupDigits[std::size_t((id - kGroupIds) / 9)];
+      const auto bit = std::uint16_t(1u << ((id - kGroupIds) % 9));
+      if (met & bit) continue;
+      met |= bit;
       const int digit = (id - kGroupIds) % 9 + 1;
       const CellSet where = m_holds[std::size_t(digit - 1)] & kSegments[std::size_t((id - kGroupIds) / 9)];
       std::uint32_t key = std::uint32_t(digit);
@@ -221,13 +276,26 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
       groups.push_back(std::uint64_t(key) << 32 | groupIds.size());
       groupIds.push_back(id);
     }
-  std::sort(groups.begin(), groups.end());
-  m_nodes.resize(std::size_t(singles) + groups.size());
+  // By first cell with a count of each, then by the rest of the key within
+  // those few (an insertion pass).
+  {
+    std::array<std::uint16_t, kCellCount + 1> start{};
+    for (std::uint64_t key : groups) ++start[std::size_t(key >> 56) + 1];
+    for (std::size_t c = 1; c < start.size(); ++c) start[c] = std::uint16_t(start[c] + start[c - 1]);
+    std::vector<std::uint64_t>& sorted = m_work.sortedGroups;
+    sorted.resize(groups.size());
+    for (std::uint64_t key : groups) sorted[start[std::size_t(key >> 56)]++] = key;
+    for (std::size_t k = 1; k < sorted.size(); ++k)
+      for (std::size_t m = k; m > 0 && sorted[m - 1] > sorted[m]; --m) std::swap(sorted[m - 1], sorted[m]);
+    groups.swap(sorted);
+  }
+  std::size_t singles = 0;
+  for (std::uint16_t digits : singleDigits) singles += std::size_t(count(digits));
+  m_nodes.assign(singles + groups.size(), Node{});
   std::size_t next = 0, nextGroup = 0;
   for (int c = 0; c < kCellCount; ++c) {
-    for (std::uint16_t m = m_board.cand[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
+    for (std::uint16_t m = singleDigits[std::size_t(c)]; m; m &= std::uint16_t(m - 1)) {
       const int d = std::countr_zero(m);
-      if (index[std::size_t(c * 9 + d)] < 0) continue;
       index[std::size_t(c * 9 + d)] = std::int16_t(next);
       Node& node = m_nodes[next++];
       node.cells[0] = std::uint8_t(c);
@@ -260,7 +328,8 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
   for (std::size_t i = 0; i < n; ++i) m_strongAt[i + 1] += m_strongAt[i];
   m_strong.resize(std::size_t(m_strongAt[n]));
   {
-    std::vector<int> fill(m_strongAt.begin(), m_strongAt.end() - 1);
+    std::vector<int>& fill = m_work.fill;
+    fill.assign(m_strongAt.begin(), m_strongAt.end() - 1);
     for (const auto& [a, b] : links) {
       const int x = index[std::size_t(a)], y = index[std::size_t(b)];
       m_strong[std::size_t(fill[std::size_t(x)]++)] = y;
@@ -281,11 +350,13 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
   }
 
   // Weak links: one digit in cells that all see each other, and (in an
-  // alternating chain) two digits of one cell.
+  // alternating chain) two digits of one cell. Each node's are worked out as
+  // a node set and read out into its list (the search reads lists faster);
+  // before each node the buffer is grown to hold a link to every node, so the
+  // list is written through a pointer without checks.
   m_weakAt.resize(n + 1);
-  m_weakAt[0] = 0;
-  m_weak.clear();
-  m_weak.reserve(n * 16);
+  m_weak.resize(n * 8);
+  std::size_t used = 0;
   withWords(m_words, [&](auto fixed) {
     constexpr std::size_t W = decltype(fixed)::value;
     const std::size_t words = W ? W : m_words;
@@ -303,12 +374,16 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind) : m_bo
         const std::uint64_t* single = m_singleAt[node.cells[0]];
         for (std::size_t w = 0; w < words; ++w) weak[w] |= single[w] & ~digit[w];
       }
+      m_weakAt[i] = int(used);
+      if (m_weak.size() < used + n) m_weak.resize(std::max(2 * m_weak.size(), used + n));
+      int* out = m_weak.data() + used;
       for (std::size_t w = 0; w < words; ++w)
-        for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1)
-          m_weak.push_back(int(w * 64) + std::countr_zero(bits));
-      m_weakAt[i + 1] = int(m_weak.size());
+        for (std::uint64_t bits = weak[w]; bits; bits &= bits - 1) *out++ = int(w * 64) + std::countr_zero(bits);
+      used = std::size_t(out - m_weak.data());
     }
   });
+  m_weakAt[n] = int(used);
+  m_weak.resize(used);
 
   for (Node& node : m_nodes) node.targets = node.seen & m_holds[std::size_t(node.digit - 1)];
 }
@@ -321,20 +396,29 @@ const std::uint64_t* ChainSearch::partners(int e) {
   std::uint64_t* row = m_partners[std::size_t(e)];
   if (m_partnersKnown[std::size_t(e)]) return row;
   m_partnersKnown[std::size_t(e)] = 1;
+  // Only the starts below e are ever asked about (a chain is looked at from
+  // its lower end): the words past e's are not worked out.
   const Node& b = m_nodes[std::size_t(e)];
   const std::uint64_t* digit = m_ofDigit[std::size_t(b.digit - 1)];
   const bool alternating = m_kind == ChainKind::Alternating;
-  b.targets.forEach([&](int c) {
-    const std::uint64_t* by = m_seenBy[std::size_t(c)];
-    for (std::size_t w = 0; w < m_words; ++w) row[w] |= by[w] & digit[w];
-    if (!alternating) return;
-    const std::uint64_t* single = m_singleAt[std::size_t(c)];
-    for (std::size_t w = 0; w < m_words; ++w) row[w] |= single[w] & ~digit[w];
+  withWords(std::size_t(e) / 64 + 1, [&](auto fixed) {
+    constexpr std::size_t W = decltype(fixed)::value;
+    const std::size_t words = W ? W : std::size_t(e) / 64 + 1;
+    std::array<std::uint64_t, W ? W : kMaxWords> acc;
+    for (std::size_t w = 0; w < words; ++w) acc[w] = 0;
+    b.targets.forEach([&](int c) {
+      const std::uint64_t* by = m_seenBy[std::size_t(c)];
+      for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & digit[w];
+      if (!alternating) return;
+      const std::uint64_t* single = m_singleAt[std::size_t(c)];
+      for (std::size_t w = 0; w < words; ++w) acc[w] |= single[w] & ~digit[w];
+    });
+    if (alternating && b.size == 1) {
+      const std::uint64_t* by = m_seenBy[b.cells[0]];
+      for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & ~digit[w];
+    }
+    for (std::size_t w = 0; w < words; ++w) row[w] = acc[w];
   });
-  if (alternating && b.size == 1) {
-    const std::uint64_t* by = m_seenBy[b.cells[0]];
-    for (std::size_t w = 0; w < m_words; ++w) row[w] |= by[w] & ~digit[w];
-  }
   return row;
 }
 
@@ -357,44 +441,35 @@ std::vector<Candidate> ChainSearch::removals(int s, int e) const {
   return out;
 }
 
-/// A chain of `nodes` nodes from s (assumed false) to e (reached true): a
-/// breadth-first search from s alone, each node reached from the lowest node
-/// before it.
-std::vector<int> ChainSearch::trace(int s, int e, int nodes) const {
-  const std::size_t n = m_nodes.size();
-  std::vector<int> parentTrue(n, -1), parentFalse(n, -1);
-  std::vector<char> isTrue(n, 0), isFalse(n, 0);
-  std::vector<int> falses{s}, trues;
-  isFalse[std::size_t(s)] = 1;
-  for (int reached = 2; reached <= nodes; reached += 2) {
-    trues.clear();
-    for (int f : falses)
-      for (int k = m_strongAt[std::size_t(f)]; k < m_strongAt[std::size_t(f) + 1]; ++k) {
-        const int t = m_strong[std::size_t(k)];
-        if (isTrue[std::size_t(t)]) continue;
-        isTrue[std::size_t(t)] = 1;
-        parentTrue[std::size_t(t)] = f;
-        trues.push_back(t);
-      }
-    std::sort(trues.begin(), trues.end());
-    falses.clear();
-    for (int t : trues)
-      for (int k = m_weakAt[std::size_t(t)]; k < m_weakAt[std::size_t(t) + 1]; ++k) {
-        const int f = m_weak[std::size_t(k)];
-        if (isFalse[std::size_t(f)]) continue;
-        isFalse[std::size_t(f)] = 1;
-        parentFalse[std::size_t(f)] = t;
-        falses.push_back(f);
-      }
-    std::sort(falses.begin(), falses.end());
+/// A chain of `nodes` nodes from s (assumed false) to e (reached true): the
+/// one a breadth-first search from s alone gives when each node it reaches
+/// takes the lowest node of the step before that links to it. Read backwards
+/// through the sets find keeps: trueAt[k] and falseAt[k] hold, per node, the
+/// starts that first reached it true or false after k strong or k weak links,
+/// so e's node before it is the lowest of its links that s reached the step
+/// before. Links go both ways, so the nodes linking to a node are its own links.
+std::vector<int> ChainSearch::trace(int s, int e, int nodes, const std::vector<NodeRows>& trueAt,
+                                    const std::vector<NodeRows>& falseAt) const {
+  const auto reached = [&](const NodeRows& rows, int v) {
+    return (rows[std::size_t(v)][std::size_t(s) / 64] >> (std::size_t(s) % 64)) & 1u;
+  };
+  // The lowest of v's links (m_strong or m_weak from `at`) in `rows`.
+  const auto lowest = [&](const std::vector<int>& at, const std::vector<int>& links, const NodeRows& rows, int v) {
+    int best = -1;
+    for (int k = at[std::size_t(v)]; k < at[std::size_t(v) + 1]; ++k) {
+      const int u = links[std::size_t(k)];
+      if ((best < 0 || u < best) && reached(rows, u)) best = u;
+    }
+    return best;
+  };
+  std::vector<int> path(static_cast<std::size_t>(nodes));
+  int cur = e;
+  for (int k = nodes / 2; k >= 1; --k) {
+    path[std::size_t(2 * k - 1)] = cur;
+    cur = lowest(m_strongAt, m_strong, falseAt[std::size_t(k - 1)], cur);
+    path[std::size_t(2 * k - 2)] = cur;
+    if (k > 1) cur = lowest(m_weakAt, m_weak, trueAt[std::size_t(k - 1)], cur);
   }
-  std::vector<int> path;
-  bool onTrue = true;
-  for (int cur = e; cur >= 0; onTrue = !onTrue) {
-    path.push_back(cur);
-    cur = onTrue ? parentTrue[std::size_t(cur)] : parentFalse[std::size_t(cur)];
-  }
-  std::reverse(path.begin(), path.end());
   return path;
 }
 
@@ -430,9 +505,12 @@ bool stepAll(std::size_t nodes, std::size_t words, const NodeRows& from, const s
         any |= out[w];
       }
     } else {
+      // Rows W words apart: a link's row is found without a multiplication.
+      const std::uint64_t* rows = from[0];
       std::array<std::uint64_t, W> reached{};
-      for (int k = at[v]; k < at[v + 1]; ++k) {
-        const std::uint64_t* in = from[std::size_t(links[std::size_t(k)])];
+      const int* link = links.data() + at[v];
+      for (const int* end = links.data() + at[v + 1]; link != end; ++link) {
+        const std::uint64_t* in = rows + std::size_t(*link) * W;
         for (std::size_t w = 0; w < W; ++w) reached[w] |= in[w];
       }
       for (std::size_t w = 0; w < W; ++w) {
@@ -459,39 +537,48 @@ bool ChainSearch::step(const NodeRows& from, const std::vector<int>& at, const s
 
 std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes, int maxNodes) {
   const std::size_t n = m_nodes.size(), words = m_words;
-  // Per node: the starts that have reached it true / false, and those that
-  // reached it at the last step.
-  NodeRows seenTrue, seenFalse, newTrue, newFalse;
+  // Per node: the starts that have reached it true / false, and (for the
+  // trace) those that first reached it after k strong / k weak links.
+  NodeRows& seenTrue = m_work.seenTrue;
+  NodeRows& seenFalse = m_work.seenFalse;
   seenTrue.reset(n, words);
   seenFalse.reset(n, words);
-  newTrue.reset(n, words);
-  newFalse.reset(n, words);
-  for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(newFalse[i], i);
-  m_partners.reset(n, words);
+  std::vector<NodeRows>& trueAt = m_work.trueAt;
+  std::vector<NodeRows>& falseAt = m_work.falseAt;
+  if (trueAt.size() < std::size_t(maxNodes / 2 + 1)) {
+    trueAt.resize(std::size_t(maxNodes / 2 + 1));
+    falseAt.resize(std::size_t(maxNodes / 2 + 1));
+  }
+  falseAt[0].reset(n, words);
+  for (std::size_t i = 0; i < n; ++i) addBit(seenFalse[i], i), addBit(falseAt[0][i], i);
+  m_partners.reset(n, words, false);
   m_partnersKnown.assign(n, 0);
-  std::vector<std::pair<int, int>> hits;
+  std::vector<std::pair<int, int>>& hits = m_work.hits;
   for (int nodes = 2; nodes <= maxNodes; nodes += 2) {
-    const bool any = step(newFalse, m_strongAt, m_strong, newTrue, seenTrue);
+    const auto k = std::size_t(nodes / 2);
+    const NodeRows& newTrue = trueAt[k];
+    trueAt[k].reset(n, words, false);
+    const bool any = step(falseAt[k - 1], m_strongAt, m_strong, trueAt[k], seenTrue);
     if (!any) break;
     if (nodes >= minNodes) {
       hits.clear();
       // A chain and its reverse are found together: keep the one from the lower end.
       for (std::size_t e = 0; e < n; ++e) {
         const std::uint64_t* reached = newTrue[e];
-        std::uint64_t below = 0;
-        for (std::size_t w = 0; w <= e / 64; ++w)
-          below |= w == e / 64 ? reached[w] & ((std::uint64_t(1) << (e % 64)) - 1) : reached[w];
+        const std::size_t last = e / 64;  // the starts below e: words before e's, and the low bits of e's
+        const std::uint64_t lowBits = (std::uint64_t(1) << (e % 64)) - 1;
+        std::uint64_t below = reached[last] & lowBits;
+        for (std::size_t w = 0; w < last; ++w) below |= reached[w];
         if (!below) continue;
         const std::uint64_t* partner = partners(int(e));
-        for (std::size_t w = 0; w <= e / 64; ++w) {
-          std::uint64_t bits = reached[w] & partner[w];
-          if (w == e / 64) bits &= (std::uint64_t(1) << (e % 64)) - 1;
+        for (std::size_t w = 0; w <= last; ++w) {
+          std::uint64_t bits = reached[w] & partner[w] & (w == last ? lowBits : ~std::uint64_t(0));
           for (; bits; bits &= bits - 1) hits.emplace_back(int(w * 64) + std::countr_zero(bits), int(e));
         }
       }
       std::sort(hits.begin(), hits.end());
       for (const auto& [s, e] : hits) {
-        std::vector<int> path = trace(s, e, nodes);
+        std::vector<int> path = trace(s, e, nodes, trueAt, falseAt);
         if (!simple(path)) continue;
         TechniqueStep step;
         step.technique = technique;
@@ -505,7 +592,8 @@ std::optional<TechniqueStep> ChainSearch::find(Technique technique, int minNodes
       }
     }
     if (nodes + 2 > maxNodes) break;
-    step(newTrue, m_weakAt, m_weak, newFalse, seenFalse);
+    falseAt[k].reset(n, words, false);
+    step(trueAt[k], m_weakAt, m_weak, falseAt[k], seenFalse);
   }
   return std::nullopt;
 }
@@ -517,19 +605,27 @@ constexpr int kMaxXChain = 16;
 constexpr int kMaxXYChain = 16;
 constexpr int kMaxAic = 16;
 
+/// A search with the buffers of the context's FinderWork, or its own.
+std::optional<TechniqueStep> findChain(const TechniqueContext& ctx, ChainKind kind, Technique technique, int minNodes,
+                                       int maxNodes) {
+  if (FinderWork* work = ctx.work()) return ChainSearch(ctx, kind, work->chains()).find(technique, minNodes, maxNodes);
+  ChainWork own;
+  return ChainSearch(ctx, kind, own).find(technique, minNodes, maxNodes);
+}
+
 }  // namespace
 
 std::optional<TechniqueStep> findXChain(const TechniqueContext& ctx) {
-  return ChainSearch(ctx, ChainKind::X).find(Technique::XChain, 4, kMaxXChain);
+  return findChain(ctx, ChainKind::X, Technique::XChain, 4, kMaxXChain);
 }
 
 std::optional<TechniqueStep> findXYChain(const TechniqueContext& ctx) {
   // Three bivalue cells at least (six nodes): two would be a naked pair.
-  return ChainSearch(ctx, ChainKind::XY).find(Technique::XYChain, 6, kMaxXYChain);
+  return findChain(ctx, ChainKind::XY, Technique::XYChain, 6, kMaxXYChain);
 }
 
 std::optional<TechniqueStep> findAIC(const TechniqueContext& ctx) {
-  return ChainSearch(ctx, ChainKind::Alternating).find(Technique::AIC, 4, kMaxAic);
+  return findChain(ctx, ChainKind::Alternating, Technique::AIC, 4, kMaxAic);
 }
 
 }  // namespace tessaly

@@ -111,7 +111,10 @@ void StepMemory::moveTo(const TechniqueBoard& board) {
 std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, TechniqueSet enabled, bool withRules,
                                              StepMemory* memory) {
   TechniqueContext context(board);
-  if (memory) memory->moveTo(board);
+  if (memory) {
+    memory->moveTo(board);
+    context.useWork(&memory->work());
+  }
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !enabled.has(t.id) || (!withRules && t.family == TechniqueFamily::Rules)) continue;
     const TechniqueScope scope = memory ? techniqueScope(t.id) : TechniqueScope::Board;

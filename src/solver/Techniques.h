@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -33,6 +34,24 @@ struct TechniqueBoard {
   /// The puzzle is known to have exactly one solution: only then may the
   /// uniqueness techniques act.
   bool uniqueSolution = false;
+};
+
+struct ChainWork;
+
+/// Buffers finders reuse from one call to the next on the boards of one solve
+/// (the step search keeps them in its StepMemory), so that a call seldom
+/// allocates. Buffers only: every call fills what it reads, so a finder finds
+/// the same with them as without. A copy starts with empty buffers of its own.
+class FinderWork {
+ public:
+  FinderWork();
+  ~FinderWork();
+  FinderWork(const FinderWork&);
+  FinderWork& operator=(const FinderWork&);
+  ChainWork& chains();  ///< the chain searches' (TechChains.cpp)
+
+ private:
+  std::unique_ptr<ChainWork> m_chains;
 };
 
 /// A board with what many finders read of it worked out once: where each
@@ -63,7 +82,12 @@ class TechniqueContext {
   void lookAtDigits(std::uint16_t digits) { m_digits = digits; }
   void lookAtAreas(std::uint32_t areas) { m_areas = areas; }
 
+  /// Buffers a finder may reuse, when the caller keeps some (none by default).
+  FinderWork* work() const { return m_work; }
+  void useWork(FinderWork* work) { m_work = work; }
+
  private:
+  FinderWork* m_work = nullptr;
   std::uint16_t m_digits = bitgrid::kAll;
   std::uint32_t m_areas = kAllAreas;
   std::array<std::array<std::uint16_t, 9>, 27> m_at{};
@@ -222,8 +246,11 @@ class StepMemory {
   /// The digits or areas on which the finder of `t` is known to find nothing.
   std::uint32_t nothingOn(Technique t) const { return m_nothingOn[std::size_t(t)]; }
   void foundNothing(Technique t) { m_nothingOn[std::size_t(t)] = ~std::uint32_t(0); }
+  /// Buffers for the finders, kept across the boards.
+  FinderWork& work() { return m_work; }
 
  private:
+  FinderWork m_work;
   bitgrid::Cands m_cand{};
   std::array<std::uint32_t, kTechniqueCount> m_nothingOn{};
 };
