@@ -27,10 +27,6 @@ Targets listed(CellSet cells) {
   return t;
 }
 
-CellSet seeingBoth(const TechniqueContext& ctx, int a, int b, int digit) {
-  return kPeerSets[std::size_t(a)] & kPeerSets[std::size_t(b)] & ctx.holds(digit);
-}
-
 TechniqueStep chainStep(Technique technique, int digit, std::vector<ChainNode> chain, const Targets& targets) {
   TechniqueStep s;
   s.technique = technique;
@@ -60,7 +56,7 @@ std::optional<TechniqueStep> findSkyscraper(const TechniqueContext& ctx) {
           if (bits(m1 & m2) != 1) continue;
           const int shared = lowest(m1 & m2);
           const int x = tech::lineCell(rows, l1, lowest(m1 & ~m2)), y = tech::lineCell(rows, l2, lowest(m2 & ~m1));
-          const CellSet targets = seeingBoth(ctx, x, y, d);
+          const CellSet targets = ctx.seeingBoth(x, y, d);
           if (targets.empty()) continue;
           return chainStep(Technique::Skyscraper, d,
                            {node(x, d), node(tech::lineCell(rows, l1, shared), d),
@@ -92,7 +88,7 @@ std::optional<TechniqueStep> findTwoStringKite(const TechniqueContext& ctx) {
             const int box = boxOf(inBoxRow);
             if (inBoxRow == inBoxCol || boxOf(inBoxCol) != box || boxOf(rowEnd) == box || boxOf(colEnd) == box)
               continue;
-            const CellSet targets = seeingBoth(ctx, rowEnd, colEnd, d);
+            const CellSet targets = ctx.seeingBoth(rowEnd, colEnd, d);
             if (targets.empty()) continue;
             return chainStep(Technique::TwoStringKite, d,
                              {node(rowEnd, d), node(inBoxRow, d), node(inBoxCol, d), node(colEnd, d)},

@@ -23,11 +23,6 @@ void eliminateAll(CellSet cells, int digit, std::vector<Candidate>& out) {
   cells.forEach([&](int c) { out.push_back({c, digit}); });
 }
 
-/// The cells that hold `digit` and see both `a` and `b`.
-CellSet seeingBoth(const TechniqueContext& ctx, int a, int b, int digit) {
-  return kPeerSets[std::size_t(a)] & kPeerSets[std::size_t(b)] & ctx.holds(digit);
-}
-
 /// The cells with exactly `k` candidates (2 or 3), counted across the
 /// digits' cell sets one level at a time.
 CellSet cellsWith(const TechniqueContext& ctx, int k) {
@@ -64,7 +59,7 @@ std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
         // One pincer holds x, the other y, and both the same third digit z.
         if ((ma & pm) == (mb & pm) || (ma & ~pm) != (mb & ~pm)) continue;
         const int z = digitOf(std::uint16_t(ma & ~pm));
-        const CellSet targets = seeingBoth(ctx, a, b, z);
+        const CellSet targets = ctx.seeingBoth(a, b, z);
         if (targets.empty()) continue;
         TechniqueStep step;
         eliminateAll(targets, z, step.eliminations);
@@ -98,7 +93,7 @@ std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
         const std::uint16_t ma = board.cand[std::size_t(a)], mb = board.cand[std::size_t(b)];
         if (ma == mb) continue;  // two different pairs of the pivot's digits share one, z
         const int z = digitOf(std::uint16_t(ma & mb));
-        const CellSet targets = seeingBoth(ctx, a, b, z) & kPeerSets[std::size_t(pivot)];
+        const CellSet targets = ctx.seeingBoth(a, b, z) & kPeerSets[std::size_t(pivot)];
         if (targets.empty()) continue;
         TechniqueStep step;
         eliminateAll(targets, z, step.eliminations);

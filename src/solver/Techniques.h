@@ -72,6 +72,10 @@ class TechniqueContext {
   std::uint16_t linked(int area) const { return m_linked[std::size_t(area)]; }
   /// The cells holding the digit as a candidate.
   const CellSet& holds(int digit) const { return m_holds[std::size_t(digit - 1)]; }
+  /// The cells holding the digit that see both cell a and cell b (0..80).
+  CellSet seeingBoth(int a, int b, int digit) const {
+    return kPeerSets[std::size_t(a)] & kPeerSets[std::size_t(b)] & holds(digit);
+  }
 
   /// The digits a finder that looks at each digit on its own must look at,
   /// and the areas (bit a for area a) one that looks at each area on its own
