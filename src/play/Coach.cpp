@@ -136,13 +136,21 @@ TechniqueBoard playerBoard(const Position& position, bool uniqueSolution) {
   return board;
 }
 
+static CellSet cellSetOf(int cell) {
+  CellSet set;
+  set.add(cell);
+  return set;
+}
+
 // Visits the instances of a technique the coach may name (true from `visit`
 // stops): every instance of a rule; of a further technique the first on the
 // board, then, for one that looks at each digit or each area on its own, the
 // first on each digit or in each area, so that an X-Wing on another digit or a
-// pair in another row counts too.
-static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
-                     const std::function<bool(const TechniqueStep&)>& visit) {
+// pair in another row counts too; for one that looks at the whole board, the
+// first that bears on a `wanted` candidate, then the first that bears on one
+// of those left, and so on.
+static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board, const std::array<CellSet, 9>& wanted,
+                            const std::function<bool(const TechniqueStep&)>& visit) {
   if (int(t.id) < kRuleCount) {
     // A rule is easy to see anywhere on the board: every instance counts.
     bool stopped = false;
@@ -171,8 +179,21 @@ static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
         if (step && !sameAsFirst(*step) && visit(*step)) return true;
       }
       return false;
-    case TechniqueScope::Board:
-      return false;
+    case TechniqueScope::Board: {
+      std::array<CellSet, 9> left = wanted;
+      for (;;) {
+        context.singleOut(left);
+        const std::optional<TechniqueStep> step = t.find(context);
+        if (!step || !TechniqueContext::touches(*step, left)) return false;
+        if (!sameAsFirst(*step) && visit(*step)) return true;
+        // What this instance bears on is judged: the next must bear on something else.
+        for (const Candidate& e : step->eliminations) left[std::size_t(e.digit - 1)] = left[std::size_t(e.digit - 1)] - cellSetOf(e.cell);
+        for (const Candidate& p : step->placements) {
+          left[std::size_t(p.digit - 1)] = left[std::size_t(p.digit - 1)] - kPeerSets[std::size_t(p.cell)];
+          for (CellSet& cells : left) cells = cells - cellSetOf(p.cell);
+        }
+      }
+    }
   }
   return false;
 }
@@ -203,6 +224,11 @@ Verdict judgePlacement(const Position& before, int cell, int digit, const Soluti
   const TechniqueBoard board = playerBoard(before, true);
   const std::string where = digitText(digit) + " can only go in " + cellText(c0) + " in ";
   const std::string only = digitText(digit) + " is the only digit left for " + cellText(c0);
+  // What an instance must remove to leave a single: the cell's other digits,
+  // or the digit's other places in one of the cell's areas.
+  std::array<CellSet, 9> wanted{};
+  for (int d = 1; d <= 9; ++d)
+    wanted[std::size_t(d - 1)] = d == digit ? kPeerSets[std::size_t(c0)] : cellSetOf(c0);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !options.techniques.has(t.id)) continue;
     if (t.id == Technique::Rule1) {
@@ -234,7 +260,7 @@ Verdict judgePlacement(const Position& before, int cell, int digit, const Soluti
         return false;
       return true;
     };
-    if (forEachInstance(t, board, forcesIt)) return v;
+    if (forEachInstance(t, board, wanted, forcesIt)) return v;
   }
   v.kind = VerdictKind::Lucky;
   v.text = kLuckyPlacement;
@@ -262,6 +288,8 @@ Verdict judgeNoteRemoval(const Position& before, int cell, int digit, const Solu
 
   const TechniqueBoard board = playerBoard(before, true);
   const std::string removes = ", which removes it";
+  std::array<CellSet, 9> wanted{};
+  wanted[std::size_t(digit - 1)] = cellSetOf(c0);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !options.techniques.has(t.id)) continue;
     if (t.id == Technique::Rule1) {
@@ -302,7 +330,7 @@ Verdict judgeNoteRemoval(const Position& before, int cell, int digit, const Solu
       forced(v, step.technique, "Right: " + coachLabel(step) + " removes it", step);
       return true;
     };
-    if (forEachInstance(t, board, removesIt)) return v;
+    if (forEachInstance(t, board, wanted, removesIt)) return v;
   }
   v.kind = VerdictKind::Lucky;
   v.text = kLuckyRemoval;

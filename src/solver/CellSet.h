@@ -21,6 +21,7 @@ struct CellSet {
     else
       hi |= std::uint64_t(1) << (c - 64);
   }
+  constexpr bool has(int c) const { return ((c < 64 ? lo >> c : hi >> (c - 64)) & 1u) != 0; }
   constexpr bool empty() const { return !(lo | hi); }
   constexpr bool any() const { return !empty(); }
   /// Every cell of this set is in `o`.

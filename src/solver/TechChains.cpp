@@ -169,6 +169,7 @@ class ChainSearch {
                          const std::vector<NodeRows>& falseAt) const;
   bool simple(const std::vector<int>& path) const;
 
+  const TechniqueContext& m_context;
   const TechniqueBoard& m_board;
   ChainKind m_kind;
   ChainWork& m_work;
@@ -187,7 +188,8 @@ class ChainSearch {
 };
 
 ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainWork& work)
-    : m_board(context.board),
+    : m_context(context),
+      m_board(context.board),
       m_kind(kind),
       m_work(work),
       m_nodes(work.nodes),
@@ -391,7 +393,9 @@ ChainSearch::ChainSearch(const TechniqueContext& context, ChainKind kind, ChainW
 /// A chain with ends s and e removes something (see removals) when both ends
 /// hold one digit and a cell with it sees both, or (in an alternating chain)
 /// when one end is a single cell holding the other end's digit and seeing
-/// every cell of it: that cell is among the other end's targets.
+/// every cell of it: that cell is among the other end's targets. With some
+/// candidates singled out (TechniqueContext::wanted), only the ends whose
+/// chain removes one of them.
 const std::uint64_t* ChainSearch::partners(int e) {
   std::uint64_t* row = m_partners[std::size_t(e)];
   if (m_partnersKnown[std::size_t(e)]) return row;
@@ -401,12 +405,14 @@ const std::uint64_t* ChainSearch::partners(int e) {
   const Node& b = m_nodes[std::size_t(e)];
   const std::uint64_t* digit = m_ofDigit[std::size_t(b.digit - 1)];
   const bool alternating = m_kind == ChainKind::Alternating;
+  const bool singledOut = m_context.singledOut();
+  const CellSet targets = singledOut ? b.targets & m_context.wanted(b.digit) : b.targets;
   withWords(std::size_t(e) / 64 + 1, [&](auto fixed) {
     constexpr std::size_t W = decltype(fixed)::value;
     const std::size_t words = W ? W : std::size_t(e) / 64 + 1;
     std::array<std::uint64_t, W ? W : kMaxWords> acc;
     for (std::size_t w = 0; w < words; ++w) acc[w] = 0;
-    b.targets.forEach([&](int c) {
+    targets.forEach([&](int c) {
       const std::uint64_t* by = m_seenBy[std::size_t(c)];
       for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & digit[w];
       if (!alternating) return;
@@ -414,8 +420,17 @@ const std::uint64_t* ChainSearch::partners(int e) {
       for (std::size_t w = 0; w < words; ++w) acc[w] |= single[w] & ~digit[w];
     });
     if (alternating && b.size == 1) {
+      // The other end's digit, from this end's cell.
       const std::uint64_t* by = m_seenBy[b.cells[0]];
-      for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & ~digit[w];
+      if (!singledOut) {
+        for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & ~digit[w];
+      } else {
+        for (int d = 1; d <= 9; ++d) {
+          if (d == b.digit || !m_context.wanted(d).has(b.cells[0])) continue;
+          const std::uint64_t* other = m_ofDigit[std::size_t(d - 1)];
+          for (std::size_t w = 0; w < words; ++w) acc[w] |= by[w] & other[w];
+        }
+      }
     }
     for (std::size_t w = 0; w < words; ++w) row[w] = acc[w];
   });

@@ -131,6 +131,7 @@ std::optional<TechniqueStep> findUniqueRectangle1(const TechniqueContext& ctx) {
       TechniqueStep step = rectangleStep(Technique::UniqueRectangle1, corners, pair);
       for (std::uint16_t d = std::uint16_t(m & pair); d; d &= std::uint16_t(d - 1))
         step.eliminations.push_back({corners[f], digitOf(std::uint16_t(d & -d))});
+      if (!ctx.wants(step)) return std::nullopt;
       return step;
     });
   });
@@ -153,6 +154,7 @@ std::optional<TechniqueStep> findUniqueRectangle2(const TechniqueContext& ctx) {
       if (eliminations.empty()) return std::nullopt;
       TechniqueStep step = rectangleStep(Technique::UniqueRectangle2, corners, pair);
       step.eliminations = std::move(eliminations);
+      if (!ctx.wants(step)) return std::nullopt;
       return step;
     });
   });
@@ -181,6 +183,7 @@ std::optional<TechniqueStep> findUniqueRectangle4(const TechniqueContext& ctx) {
       const int other = digitOf(std::uint16_t(pair & ~locked));
       TechniqueStep step = rectangleStep(Technique::UniqueRectangle4, corners, pair);
       step.eliminations = {{a, other}, {b, other}};
+      if (!ctx.wants(step)) return std::nullopt;
       return step;
     });
   });
@@ -229,6 +232,7 @@ std::optional<TechniqueStep> findBugPlus1(const TechniqueContext& ctx) {
   step.cells = {odd};
   step.digits = bitOf(three);
   step.placements = {{odd, three}};
+  if (!ctx.wants(step)) return std::nullopt;
   return step;
 }
 

@@ -60,7 +60,7 @@ std::optional<TechniqueStep> findXYWing(const TechniqueContext& ctx) {
         if ((ma & pm) == (mb & pm) || (ma & ~pm) != (mb & ~pm)) continue;
         const int z = digitOf(std::uint16_t(ma & ~pm));
         const CellSet targets = ctx.seeingBoth(a, b, z);
-        if (targets.empty()) continue;
+        if (targets.empty() || (ctx.singledOut() && (targets & ctx.wanted(z)).empty())) continue;
         TechniqueStep step;
         eliminateAll(targets, z, step.eliminations);
         step.technique = Technique::XYWing;
@@ -94,7 +94,7 @@ std::optional<TechniqueStep> findXYZWing(const TechniqueContext& ctx) {
         if (ma == mb) continue;  // two different pairs of the pivot's digits share one, z
         const int z = digitOf(std::uint16_t(ma & mb));
         const CellSet targets = ctx.seeingBoth(a, b, z) & kPeerSets[std::size_t(pivot)];
-        if (targets.empty()) continue;
+        if (targets.empty() || (ctx.singledOut() && (targets & ctx.wanted(z)).empty())) continue;
         TechniqueStep step;
         eliminateAll(targets, z, step.eliminations);
         step.technique = Technique::XYZWing;
@@ -127,7 +127,8 @@ std::optional<TechniqueStep> findWWing(const TechniqueContext& ctx) {
       for (const int x : {d1, d2}) {
         const int z = x == d1 ? d2 : d1;
         const CellSet targets = (z == d1 ? near1 : near2) & kPeerSets[std::size_t(b)];
-        if (targets.empty()) continue;  // the same for every link on x
+        // The same for every link on x.
+        if (targets.empty() || (ctx.singledOut() && (targets & ctx.wanted(z)).empty())) continue;
         for (std::size_t area = 0; area < 27; ++area) {
           if (!(ctx.linked(int(area)) & bitOf(x))) continue;
           const std::uint16_t at = ctx.at(int(area), x);

@@ -49,6 +49,18 @@ TechniqueContext::TechniqueContext(const TechniqueBoard& b) : board(b) {
       if (count(m_at[a][i]) == 2) m_linked[a] |= std::uint16_t(1u << i);
 }
 
+bool TechniqueContext::touches(const TechniqueStep& step, const std::array<CellSet, 9>& cells) {
+  const auto has = [&](int cell, int digit) { return cells[std::size_t(digit - 1)].has(cell); };
+  for (const Candidate& e : step.eliminations)
+    if (has(e.cell, e.digit)) return true;
+  for (const Candidate& p : step.placements) {
+    if ((kPeerSets[std::size_t(p.cell)] & cells[std::size_t(p.digit - 1)]).any()) return true;
+    for (int d = 1; d <= 9; ++d)
+      if (has(p.cell, d)) return true;
+  }
+  return false;
+}
+
 std::optional<TechniqueSet> parseTechniqueSet(std::string_view text) {
   text = trimmed(text);
   if (text == "six") return TechniqueSet::rulesOnly();

@@ -90,8 +90,30 @@ class TechniqueContext {
   FinderWork* work() const { return m_work; }
   void useWork(FinderWork* work) { m_work = work; }
 
+  /// The candidates an instance must bear on, per digit (every one unless
+  /// some are singled out): a finder that looks at the whole board (see
+  /// techniqueScope) takes the first instance that removes or places one of
+  /// them, or whose placement removes one (see touches). The coach singles
+  /// out what bears on one move, so that any instance on the board can
+  /// justify it, not only the board's first.
+  void singleOut(const std::array<CellSet, 9>& wanted) {
+    m_wanted = wanted;
+    m_singledOut = true;
+  }
+  bool singledOut() const { return m_singledOut; }
+  const CellSet& wanted(int digit) const { return m_wanted[std::size_t(digit - 1)]; }
+  /// Whether the step bears on a wanted candidate: always, unless some are
+  /// singled out.
+  bool wants(const TechniqueStep& step) const { return !m_singledOut || touches(step, m_wanted); }
+  /// Whether the step removes or places one of `cells` (per digit), or
+  /// places a digit where it removes one of them: the cell's other
+  /// candidates and the digit from the cells that see it.
+  static bool touches(const TechniqueStep& step, const std::array<CellSet, 9>& cells);
+
  private:
   FinderWork* m_work = nullptr;
+  std::array<CellSet, 9> m_wanted{};
+  bool m_singledOut = false;
   std::uint16_t m_digits = bitgrid::kAll;
   std::uint32_t m_areas = kAllAreas;
   std::array<std::array<std::uint16_t, 9>, 27> m_at{};

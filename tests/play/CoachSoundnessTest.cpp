@@ -47,7 +47,8 @@ bool forcesHere(const TechniqueBoard& board, int c, int d) {
 
 /// The technique alone: one instance of a rule, or one instance its row's
 /// finder (the row before for a variant that row finds) gives on the whole
-/// board, on one digit or in one area, then what the board forces.
+/// board, on one digit, in one area or bearing on one candidate, then what
+/// the board forces.
 bool techniqueForces(const TechniqueBoard& board, Technique t, int c, int d) {
   if (t == Technique::Rule1) return board.cand[std::size_t(c)] == bitOf(d);
   if (t == Technique::Rule5) {
@@ -77,6 +78,19 @@ bool techniqueForces(const TechniqueBoard& board, Technique t, int c, int d) {
     looks.push_back(whole);
     looks.back().lookAtAreas(1u << area);
   }
+  // A finder that looks at the whole board: its first instance bearing on
+  // one candidate whose removal could leave d alone in c or in an area of c.
+  if (techniqueScope(row->id) == TechniqueScope::Board)
+    for (int digit = 1; digit <= 9; ++digit) {
+      CellSet cells = kPeerSets[std::size_t(c)];
+      if (digit != d) cells = CellSet{}, cells.add(c);
+      cells.forEach([&](int p) {
+        std::array<CellSet, 9> one{};
+        one[std::size_t(digit - 1)].add(p);
+        looks.push_back(whole);
+        looks.back().singleOut(one);
+      });
+    }
   for (const TechniqueContext& look : looks) {
     const std::optional<TechniqueStep> step = row->find(look);
     if (!step || step->technique != t) continue;
@@ -143,8 +157,8 @@ Tally playAll(TechniqueSet techniques, std::size_t count) {
         // A lucky move is one no technique turned on forces, wherever on the
         // board a rule's instance stands, on whichever digit or in whichever
         // area a further technique's stands.
-        // (Every finder tried 37 ways is slow: the further techniques are
-        // checked on the first 10 puzzles.)
+        // (Every finder tried so many ways is slow: the further techniques
+        // are checked on the first 10 puzzles.)
         for (const TechniqueInfo& t : kTechniques)
           EXPECT_FALSE(t.find && techniques.has(t.id) && (int(t.id) < kRuleCount || k < 10) &&
                        techniqueForces(board, t.id, cell - 1, digit))

@@ -235,6 +235,45 @@ TEST(TechniqueParity, EachDigitAndEachAreaFindersFindTheSameWhereTheyFindSomethi
   EXPECT_GE(checked, 12000);
 }
 
+// A finder that looks at the whole board, with candidates singled out, finds
+// the first instance that bears on one of them: its own first when that one
+// does, and otherwise one that does, or nothing.
+TEST(TechniqueParity, BoardFindersWithCandidatesSingledOutFindAnInstanceBearingOnThem) {
+  const std::vector<TechniqueBoard> boards = walkedBoards();
+  int same = 0, other = 0;
+  for (std::size_t b = 0; b < boards.size(); b += 3)
+    for (const TechniqueInfo& t : kTechniques) {
+      if (!t.find || techniqueScope(t.id) != TechniqueScope::Board || int(t.id) < kRuleCount) continue;
+      if (t.id == Technique::AlsXz || t.family == TechniqueFamily::Forcing) continue;  // TEMP
+      const std::optional<TechniqueStep> first = t.find(boards[b]);
+      if (!first) continue;
+      std::array<CellSet, 9> wanted{};
+      const Candidate& w = first->eliminations.empty() ? first->placements.front() : first->eliminations.back();
+      wanted[std::size_t(w.digit - 1)].add(w.cell);
+      TechniqueContext context(boards[b]);
+      context.singleOut(wanted);
+      ASSERT_EQ(hashOf(first), hashOf(t.find(context))) << t.cliName << " board " << b;
+      ++same;
+      // Candidates of the board this instance leaves alone, in turn (every
+      // seventeenth).
+      for (int c = 0, k = 0; c < bitgrid::kCellCount; ++c)
+        for (int d = 1; d <= 9; ++d) {
+          if (!(boards[b].cand[std::size_t(c)] & bitgrid::bitOf(d)) || k++ % 17) continue;
+          wanted = {};
+          wanted[std::size_t(d - 1)].add(c);
+          if (TechniqueContext::touches(*first, wanted)) continue;
+          context.singleOut(wanted);
+          const std::optional<TechniqueStep> step = t.find(context);
+          if (!step) continue;
+          ASSERT_TRUE(TechniqueContext::touches(*step, wanted))
+              << t.cliName << " board " << b << " cell " << c << " digit " << d;
+          ++other;
+        }
+    }
+  EXPECT_GE(same, 1000);
+  EXPECT_GE(other, 1000);
+}
+
 // The step search with a memory of the boards before returns the same step as
 // without, for any technique set.
 TEST(TechniqueParity, StepSearchWithMemoryFindsTheSameSteps) {
