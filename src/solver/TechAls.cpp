@@ -141,16 +141,17 @@ class AlsRows {
 };
 
 /// The restricted common digit x and the digit z of a pair, lowest first
-/// ({0, 0} when the pair removes nothing).
-std::pair<int, int> linkOf(const std::array<CellSet, 9>& holds, const Als& a, const Seeing& aSees, const Als& b,
-                           const Seeing& bSees) {
+/// ({0, 0} when the pair removes nothing the context wants).
+std::pair<int, int> linkOf(const TechniqueContext& ctx, const std::array<CellSet, 9>& holds, const Als& a,
+                           const Seeing& aSees, const Als& b, const Seeing& bSees) {
   const auto common = std::uint16_t(a.digits & b.digits);
   for (std::uint16_t xs = common; xs; xs &= std::uint16_t(xs - 1)) {
     const auto x = std::size_t(std::countr_zero(xs));
     if (!(b.where & holds[x]).within(aSees[x])) continue;
     for (std::uint16_t zs = common & a.reaching & b.reaching & ~(1u << x); zs; zs &= std::uint16_t(zs - 1)) {
       const auto z = std::size_t(std::countr_zero(zs));
-      if (!(holds[z] & aSees[z] & bSees[z]).empty()) return {int(x) + 1, int(z) + 1};
+      const CellSet removed = holds[z] & aSees[z] & bSees[z];
+      if (ctx.singledOut() ? (removed & ctx.wanted(int(z) + 1)).any() : removed.any()) return {int(x) + 1, int(z) + 1};
     }
   }
   return {0, 0};
@@ -254,7 +255,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
           done = true;
           break;
         }
-        const auto link = linkOf(holds, a, seeing[i], sets[j], seeing[j]);
+        const auto link = linkOf(ctx, holds, a, seeing[i], sets[j], seeing[j]);
         if (!link.first) continue;
         bestTotal = a.size + sets[j].size;
         bestA = i;

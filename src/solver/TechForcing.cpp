@@ -272,11 +272,21 @@ struct Conclusion {
   int cost = 0;
 };
 
+/// Whether the context wants a placement or an elimination (see
+/// TechniqueContext::wants).
+bool wanted(const TechniqueContext& ctx, Conclusion::Kind kind, int cell, int digit) {
+  if (!ctx.singledOut()) return true;
+  TechniqueStep step;
+  (kind == Conclusion::Elimination ? step.eliminations : step.placements).push_back({cell, digit});
+  return ctx.wants(step);
+}
+
 /// The cheapest conclusion of the branches (in the order: the surviving
 /// assumption, then cells ascending, a placement before eliminations, digits
-/// ascending), or None.
-Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9>& branches,
+/// ascending) that the context wants, or None.
+Conclusion conclude(const TechniqueContext& ctx, const std::array<BranchState, 9>& branches,
                     const std::array<Candidate, 9>& assumed, int n) {
+  const TechniqueBoard& board = ctx.board;
   int deadCost = 0, live = 0, first = -1;
   for (int b = 0; b < n; ++b) {
     if (branches[std::size_t(b)].contradiction) {
@@ -290,6 +300,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
   if (live == 0) return best;  // no solution on this board
   if (live == 1) {
     const Candidate& a = assumed[std::size_t(first)];
+    if (!wanted(ctx, Conclusion::Assumption, a.cell, a.digit)) return best;
     return {Conclusion::Assumption, a.cell, a.digit, deadCost};
   }
   for (int y = 0; y < kCellCount; ++y) {
@@ -305,6 +316,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
       lost &= std::uint16_t(~s.cand[std::size_t(y)] & ~(v ? bitOf(v) : 0));
     }
     if (placedInAll) {
+      if (!wanted(ctx, Conclusion::Placement, y, w)) continue;
       int cost = deadCost;
       for (int b = first; b < n; ++b) {
         const BranchState& s = branches[std::size_t(b)];
@@ -315,6 +327,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
     }
     for (; lost; lost &= std::uint16_t(lost - 1)) {
       const int d = lowDigit(lost);
+      if (!wanted(ctx, Conclusion::Elimination, y, d)) continue;
       int cost = deadCost;
       for (int b = first; b < n; ++b) {
         const BranchState& s = branches[std::size_t(b)];
@@ -416,7 +429,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       assumptions(board, src, assumed);
       for (int b = 0; b < n; ++b)
         runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
-      const Conclusion c = conclude(board, branches, assumed, n);
+      const Conclusion c = conclude(ctx, branches, assumed, n);
       if (c.kind != Conclusion::None && (best.kind == Conclusion::None || c.cost < best.cost)) {
         best = c;
         bestSource = src;
