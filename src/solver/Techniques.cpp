@@ -106,17 +106,20 @@ constexpr std::array<std::uint32_t, kCellCount> kCellAreas = [] {
 
 void StepMemory::moveTo(const TechniqueBoard& board) {
   std::uint32_t digits = 0, areas = 0;
+  bool bivalueKept = true;
   for (int c = 0; c < kCellCount; ++c) {
     const std::uint16_t was = m_cand[std::size_t(c)], is = board.cand[std::size_t(c)];
     if (was == is) continue;
     digits |= std::uint32_t(was ^ is);
     areas |= kCellAreas[std::size_t(c)];
+    if ((is & ~was) || count(was) == 2 || count(is) == 2) bivalueKept = false;
   }
   if (!areas) return;
   m_cand = board.cand;
   for (int t = 0; t < kTechniqueCount; ++t) {
     const TechniqueScope scope = techniqueScope(Technique(t));
     if (scope != TechniqueScope::Board) m_nothingOn[std::size_t(t)] &= ~(scope == TechniqueScope::EachDigit ? digits : areas);
+    else if (!bivalueKept) m_nothingOn[std::size_t(t)] = 0;
   }
 }
 
@@ -130,6 +133,8 @@ std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, Techni
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !enabled.has(t.id) || (!withRules && t.family == TechniqueFamily::Rules)) continue;
     const TechniqueScope scope = memory ? techniqueScope(t.id) : TechniqueScope::Board;
+    const bool onBivalues = memory && standsOnBivalueCells(t.id);
+    if (onBivalues && memory->nothingOn(t.id)) continue;
     if (scope == TechniqueScope::EachDigit) {
       const auto look = std::uint16_t(kAll & ~memory->nothingOn(t.id));
       if (!look) continue;
@@ -143,7 +148,7 @@ std::optional<TechniqueStep> findEasiestStep(const TechniqueBoard& board, Techni
     context.lookAtDigits(kAll);
     context.lookAtAreas(TechniqueContext::kAllAreas);
     if (step) return step;
-    if (scope != TechniqueScope::Board) memory->foundNothing(t.id);
+    if (scope != TechniqueScope::Board || onBivalues) memory->foundNothing(t.id);
   }
   return std::nullopt;
 }

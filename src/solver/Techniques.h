@@ -259,12 +259,20 @@ constexpr TechniqueScope techniqueScope(Technique t) {
   return TechniqueScope::Board;
 }
 
+/// Whether what the finder finds stands on the bivalue cells alone and removes
+/// a digit only from cells that see some of them (XY-Wing, XY-Chain): on a
+/// board with the same bivalue cells and no candidate that an earlier board
+/// lacked, it finds nothing where it found nothing on the earlier one.
+constexpr bool standsOnBivalueCells(Technique t) { return t == Technique::XYWing || t == Technique::XYChain; }
+
 /// What the step search keeps between its calls on the boards of one solve:
 /// the candidates at the last call, and for each finder that looks at each
 /// digit or each area on its own the digits or areas on which it found
 /// nothing then. On the next board such a finder looks only at the digits or
 /// areas whose cells have changed or on which it was not asked: it would find
-/// nothing on the others again. Any sequence of boards may share one memory.
+/// nothing on the others again. A finder that stands on the bivalue cells is
+/// skipped while they stay as they were when it found nothing and no
+/// candidate comes back. Any sequence of boards may share one memory.
 class StepMemory {
  public:
   /// Forgets what was found on the digits and areas whose cells differ on this board.

@@ -63,6 +63,20 @@ TEST(TechWings, FindTheFirstWingOnBoardsBuiltByHand) {
   for (const Case& c : cases) EXPECT_EQ(c.find(c.board), c.expected) << c.what;
 }
 
+// The step search skips an XY-Wing or XY-Chain that found nothing while the
+// bivalue cells stay as they were, but not once a candidate comes back.
+TEST(TechWings, StepMemoryLooksAgainWhenACandidateComesBack) {
+  const TechniqueSet xy = *parseTechniqueSet("xy-wing,xy-chain");
+  const TechniqueBoard without3 = boardOf({{{0}, "12"}, {{4}, "13"}, {{27}, "23"}, {{31}, "1245"}});
+  const TechniqueBoard fewer = boardOf({{{0}, "12"}, {{4}, "13"}, {{27}, "23"}, {{31}, "145"}});
+  const TechniqueBoard with3 = boardOf({{{0}, "12"}, {{4}, "13"}, {{27}, "23"}, {{31}, "12345"}});
+  StepMemory memory;
+  EXPECT_EQ(findEasiestStep(without3, xy, false, &memory), std::nullopt);
+  EXPECT_EQ(findEasiestStep(fewer, xy, false, &memory), std::nullopt);
+  EXPECT_EQ(findEasiestStep(with3, xy, false, &memory),
+            wing(Technique::XYWing, 0b011, 3, {0, 4, 27}, {{31, 3}}));
+}
+
 TEST(TechWings, RemoveOnlyWhatTheSolutionAllows) {
   struct Run {
     const char* name;
