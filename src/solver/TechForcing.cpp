@@ -76,15 +76,15 @@ struct Start {
   bool quiet = true;
 };
 
-Start startOf(const TechniqueBoard& board) {
+Start startOf(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   Start start;
   Places& p = start.places;
-  for (int a = 0; a < 27; ++a)
-    for (std::uint8_t c : kAreas[std::size_t(a)]) {
-      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
-        ++p.count[std::size_t(a)][std::size_t(std::countr_zero(unsigned(m)))];
+  for (int a = 0; a < 27; ++a) {
+    for (int d = 1; d <= 9; ++d) p.count[std::size_t(a)][std::size_t(d - 1)] = std::uint8_t(count(ctx.at(a, d)));
+    for (std::uint8_t c : kAreas[std::size_t(a)])
       if (board.value[c]) p.placed[std::size_t(a)] |= bitOf(board.value[c]);
-    }
+  }
   for (std::size_t a = 0; a < 27; ++a) {
     for (std::size_t d = 0; d < 9; ++d)
       if (p.count[a][d] <= 1) p.watch[a] |= std::uint16_t(1u << d);
@@ -105,6 +105,8 @@ struct BranchState {
   std::array<std::uint8_t, kMaxImplications> logCell;
   std::array<std::uint8_t, kMaxImplications> logDigit;
   Places places;
+  /// The cells holding each digit (index 0..8) as a candidate.
+  std::array<CellSet, 9> holds;
   /// The cells whose candidates or value changed since the last look for singles.
   CellSet touched;
   int size = 0;
@@ -129,20 +131,28 @@ void place(BranchState& s, int cell, int digit, std::uint8_t by) {
   auto& removed = s.removedBy[std::size_t(cell)];
   for (std::uint16_t rest = std::uint16_t(s.cand[std::size_t(cell)] & ~bit); rest; rest &= std::uint16_t(rest - 1))
     removed[std::size_t(std::countr_zero(unsigned(rest)))] = by;
-  for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1))
-    lose(s, cell, std::size_t(std::countr_zero(unsigned(all))));
+  CellSet self;
+  self.add(cell);
+  for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1)) {
+    const auto d = std::size_t(std::countr_zero(unsigned(all)));
+    lose(s, cell, d);
+    s.holds[d] = s.holds[d] - self;
+  }
   s.cand[std::size_t(cell)] = 0;
   s.value[std::size_t(cell)] = std::uint8_t(digit);
   s.placedBy[std::size_t(cell)] = by;
   for (std::uint8_t a : kCellAreas[std::size_t(cell)]) s.places.placed[a] |= bit;
   s.touched.add(cell);
-  for (std::uint8_t peer : kPeers[std::size_t(cell)])
-    if (s.cand[peer] & bit) {
-      s.cand[peer] = std::uint16_t(s.cand[peer] & ~bit);
-      s.removedBy[peer][std::size_t(digit - 1)] = by;
-      s.touched.add(peer);
-      lose(s, peer, std::size_t(digit - 1));
-    }
+  // The peers still holding the digit lose it (in any order: what each loss
+  // changes does not depend on the others).
+  const CellSet losing = kPeerSets[std::size_t(cell)] & s.holds[std::size_t(digit - 1)];
+  s.touched |= losing;
+  s.holds[std::size_t(digit - 1)] = s.holds[std::size_t(digit - 1)] - losing;
+  losing.forEach([&](int peer) {
+    s.cand[std::size_t(peer)] = std::uint16_t(s.cand[std::size_t(peer)] & ~bit);
+    s.removedBy[std::size_t(peer)][std::size_t(digit - 1)] = by;
+    lose(s, peer, std::size_t(digit - 1));
+  });
 }
 
 /// The ancestors of the loss of the candidates `lost` of `cell` (all lost in the branch).
@@ -154,11 +164,13 @@ std::uint64_t lossAncestors(const BranchState& s, int cell, std::uint16_t lost) 
 }
 
 /// The ancestors of `digit` leaving every cell of `area` but `except` that had it on the board.
-std::uint64_t areaLossAncestors(const TechniqueBoard& board, const BranchState& s, int area, int digit, int except) {
-  const std::uint16_t bit = bitOf(digit);
+std::uint64_t areaLossAncestors(const TechniqueContext& ctx, const BranchState& s, int area, int digit, int except) {
+  const auto& cells = kAreas[std::size_t(area)];
   std::uint64_t m = 0;
-  for (std::uint8_t c : kAreas[std::size_t(area)])
-    if (c != except && (board.cand[c] & bit)) m |= s.ancestors[s.removedBy[c][std::size_t(digit - 1)]];
+  for (std::uint16_t at = ctx.at(area, digit); at; at &= std::uint16_t(at - 1)) {
+    const std::uint8_t c = cells[std::size_t(std::countr_zero(unsigned(at)))];
+    if (c != except) m |= s.ancestors[s.removedBy[c][std::size_t(digit - 1)]];
+  }
   return m;
 }
 
@@ -172,10 +184,12 @@ std::uint64_t areaLossAncestors(const TechniqueBoard& board, const BranchState& 
 /// every cell and every such digit of the board, unless the board is quiet).
 /// The others look as they did at the last look, when they held no single (or
 /// their singles were placed, which changes them) and no contradiction.
-void runBranch(const TechniqueBoard& board, const Start& start, int cell, int digit, BranchState& s) {
+void runBranch(const TechniqueContext& ctx, const Start& start, int cell, int digit, BranchState& s) {
+  const TechniqueBoard& board = ctx.board;
   s.cand = board.cand;
   s.value = board.value;
   s.places = start.places;
+  for (int d = 1; d <= 9; ++d) s.holds[std::size_t(d - 1)] = ctx.holds(d);
   s.touched = start.quiet ? CellSet{} : kAllCells;
   s.size = 0;
   s.contradiction = false;
@@ -231,15 +245,18 @@ void runBranch(const TechniqueBoard& board, const Start& start, int cell, int di
       }
       for (std::uint16_t m = missing; m; m &= std::uint16_t(m - 1)) {
         const int d = lowDigit(m);
-        die({-1, int(a), d, areaLossAncestors(board, s, int(a), d, -1)});
+        die({-1, int(a), d, areaLossAncestors(ctx, s, int(a), d, -1)});
       }
       for (; hidden; hidden &= std::uint16_t(hidden - 1)) {
         const int d = lowDigit(hidden);
-        for (std::uint8_t c : kAreas[a])
+        // Its one place left, among those it had on the board.
+        for (std::uint16_t at = ctx.at(int(a), d); at; at &= std::uint16_t(at - 1)) {
+          const std::uint8_t c = kAreas[a][std::size_t(std::countr_zero(unsigned(at)))];
           if (s.cand[c] & bitOf(d)) {
-            offer(c, d, areaLossAncestors(board, s, int(a), d, c));
+            offer(c, d, areaLossAncestors(ctx, s, int(a), d, c));
             break;
           }
+        }
       }
     }
     s.places.watchAreas = 0;
@@ -406,7 +423,7 @@ void forEachSource(const TechniqueContext& ctx, bool units, int n, Visit visit) 
 /// implications (ties: the first source, then the first conclusion, in order).
 std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units) {
   const TechniqueBoard& board = ctx.board;
-  const Start start = startOf(board);
+  const Start start = startOf(ctx);
   std::array<BranchState, 9> branches;
   std::array<Candidate, 9> assumed;
   for (int n = 2; n <= 9; ++n) {
@@ -414,8 +431,20 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
     Conclusion best;
     forEachSource(ctx, units, n, [&](const Source& src) {
       assumptions(board, src, assumed);
-      for (int b = 0; b < n; ++b)
-        runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+      // What the branches followed so far already cost: each dead one the
+      // placements behind its contradiction, and once two live, each live one
+      // at least one (the conclusion's own placement or elimination). A source
+      // that cannot cost less than the best one so far cannot replace it.
+      int spent = 0, live = 0;
+      for (int b = 0; b < n; ++b) {
+        BranchState& s = branches[std::size_t(b)];
+        runBranch(ctx, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, s);
+        if (s.contradiction)
+          spent += popcount(s.dead.ancestors);
+        else
+          ++live;
+        if (best.kind != Conclusion::None && spent + (live >= 2 ? live : 0) >= best.cost) return;
+      }
       const Conclusion c = conclude(board, branches, assumed, n);
       if (c.kind != Conclusion::None && (best.kind == Conclusion::None || c.cost < best.cost)) {
         best = c;
@@ -426,7 +455,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
     // Follow the chosen source's branches again (the same way) to write its record.
     assumptions(board, bestSource, assumed);
     for (int b = 0; b < n; ++b)
-      runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+      runBranch(ctx, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
     TechniqueStep step;
     if (units) {
       step.technique = Technique::UnitForcingChain;
