@@ -56,7 +56,9 @@ constexpr CellSet kAllCells{~std::uint64_t(0), (std::uint64_t(1) << (kCellCount 
 /// Where the digits can go in each area, kept up to date as a branch places
 /// digits: what its look for singles reads.
 struct Places {
-  std::array<std::array<std::uint8_t, 9>, 27> count;  ///< cells of the area holding the digit as a candidate
+  /// Cells of the area holding the digit as a candidate (in a branch, only
+  /// while the digit is not placed in the area: a look never reads it after).
+  std::array<std::array<std::uint8_t, 9>, 27> count;
   std::array<std::uint16_t, 27> placed;               ///< digits with a value in the area
   /// Digits whose count fell to one or none since the last look (an area's
   /// single or contradiction, unless the digit is placed there), and the areas
@@ -115,12 +117,21 @@ struct BranchState {
 };
 
 int lowDigit(std::uint16_t set) { return std::countr_zero(unsigned(set)) + 1; }
-int popcount(std::uint64_t m) { return std::popcount(m); }
+/// The number of bits set, without a library call where the target has no
+/// instruction for it (as the default x86-64 one).
+int popcount(std::uint64_t m) {
+  m -= (m >> 1) & 0x5555555555555555u;
+  m = (m & 0x3333333333333333u) + ((m >> 2) & 0x3333333333333333u);
+  m = (m + (m >> 4)) & 0x0F0F0F0F0F0F0F0Fu;
+  return int((m * 0x0101010101010101u) >> 56);
+}
 
-/// The cell no longer holds digit index d (0..8) as a candidate.
-void lose(BranchState& s, int cell, std::size_t d) {
+/// The cell no longer holds digit index d (0..8) as a candidate. The areas of
+/// `skip` (bit a for area a) have the digit placed, and their counts of it are
+/// no longer read: they are left as they are.
+void lose(BranchState& s, int cell, std::size_t d, std::uint32_t skip = 0) {
   for (std::uint8_t a : kCellAreas[std::size_t(cell)])
-    if (--s.places.count[a][d] <= 1) {
+    if (!((skip >> a) & 1u) && --s.places.count[a][d] <= 1) {
       s.places.watch[a] |= std::uint16_t(1u << d);
       s.places.watchAreas |= 1u << a;
     }
@@ -133,9 +144,11 @@ void place(BranchState& s, int cell, int digit, std::uint8_t by) {
     removed[std::size_t(std::countr_zero(unsigned(rest)))] = by;
   CellSet self;
   self.add(cell);
+  const auto& areas = kCellAreas[std::size_t(cell)];
+  const std::uint32_t cellAreas = (1u << areas[0]) | (1u << areas[1]) | (1u << areas[2]);
   for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1)) {
     const auto d = std::size_t(std::countr_zero(unsigned(all)));
-    lose(s, cell, d);
+    if (d != std::size_t(digit - 1)) lose(s, cell, d);
     s.holds[d] = s.holds[d] - self;
   }
   s.cand[std::size_t(cell)] = 0;
@@ -151,7 +164,7 @@ void place(BranchState& s, int cell, int digit, std::uint8_t by) {
   losing.forEach([&](int peer) {
     s.cand[std::size_t(peer)] = std::uint16_t(s.cand[std::size_t(peer)] & ~bit);
     s.removedBy[std::size_t(peer)][std::size_t(digit - 1)] = by;
-    lose(s, peer, std::size_t(digit - 1));
+    lose(s, peer, std::size_t(digit - 1), cellAreas);
   });
 }
 
