@@ -36,6 +36,52 @@ struct Als {
 /// Per set and digit: the cells that see all of the set's places of the digit.
 using Seeing = std::array<CellSet, 9>;
 
+/// The almost locked sets of one area, found by adding its open cells one at
+/// a time in ascending order: a choice whose digits already outnumber what
+/// the cells it can still take could hold (one more than its cells) leads to
+/// none, and is left.
+struct AreaSets {
+  const TechniqueBoard& board;
+  int area = 0;
+  std::array<std::uint8_t, 9> open{}, place{};  ///< the open cells (ascending) and their places in the area
+  int openCount = 0;
+  std::array<std::uint8_t, kMaxAlsCells> chosen{};  ///< indices into open
+  std::vector<Als>& found;
+  std::vector<std::uint64_t>& order;  // size, cells (7 bits each), then the index in found
+
+  void from(int next, int size, std::uint16_t digits, std::uint16_t positions) {
+    for (int k = next; k < openCount; ++k) {
+      const auto d = std::uint16_t(digits | board.cand[open[std::size_t(k)]]);
+      const auto p = std::uint16_t(positions | (1u << place[std::size_t(k)]));
+      chosen[std::size_t(size)] = std::uint8_t(k);
+      const int cells = size + 1, held = count(d);
+      if (held == cells + 1) keep(cells, d, p);
+      const int room = std::min(openCount - k - 1, kMaxAlsCells - cells);
+      if (room > 0 && held <= cells + room + 1) from(k + 1, cells, d, p);
+    }
+  }
+
+  void keep(int size, std::uint16_t digits, std::uint16_t p) {
+    // A set inside one row or column of a box is that line's.
+    if (area >= 9 && size == 1) return;
+    if (area >= 18 && ((p & 0x7) == p || (p & 0x38) == p || (p & 0x1C0) == p || (p & 0x49) == p ||
+                       (p & 0x92) == p || (p & 0x124) == p))
+      return;
+    Als s;
+    s.size = std::uint8_t(size);
+    s.digits = digits;
+    std::uint64_t key = std::uint64_t(size) << 60 | found.size();
+    for (int k = 0; k < size; ++k) {  // the area's cells are in ascending order
+      const std::uint8_t c = open[chosen[std::size_t(k)]];
+      s.cells[std::size_t(k)] = c;
+      s.where.add(c);
+      key |= std::uint64_t(c) << (53 - 7 * k);
+    }
+    found.push_back(s);
+    order.push_back(key);
+  }
+};
+
 /// Every almost locked set of 1..kMaxAlsCells cells, each once (in the first
 /// area holding it: a row, else a column, else a box), ordered by size and
 /// then cells, with what sees its places.
@@ -45,41 +91,16 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
   std::vector<std::uint64_t> order;  // size, cells (7 bits each), then the index in found
   found.reserve(512);
   order.reserve(512);
-  std::array<std::uint16_t, 512> digits{}, positions{};
   for (int a = 0; a < 27; ++a) {
-    std::array<std::uint8_t, 9> open{}, place{};
-    int openCount = 0;
+    AreaSets area{board, a, {}, {}, 0, {}, found, order};
     for (int k = 0; k < 9; ++k) {
       const std::uint8_t c = kAreas[std::size_t(a)][std::size_t(k)];
-      if (board.cand[c]) open[std::size_t(openCount)] = c, place[std::size_t(openCount++)] = std::uint8_t(k);
-    }
-    for (unsigned m = 1; m < (1u << openCount); ++m) {
-      const int low = std::countr_zero(m);
-      const unsigned rest = m & (m - 1);
-      digits[m] = std::uint16_t(digits[rest] | board.cand[open[std::size_t(low)]]);
-      positions[m] = std::uint16_t(positions[rest] | (1u << place[std::size_t(low)]));
-      const int size = count(std::uint16_t(m));
-      if (size > kMaxAlsCells || count(digits[m]) != size + 1) continue;
-      // A set inside one row or column of a box is that line's.
-      const std::uint16_t p = positions[m];
-      if (a >= 9 && size == 1) continue;
-      if (a >= 18 && ((p & 0x7) == p || (p & 0x38) == p || (p & 0x1C0) == p || (p & 0x49) == p || (p & 0x92) == p ||
-                      (p & 0x124) == p))
-        continue;
-      Als s;
-      s.size = std::uint8_t(size);
-      s.digits = digits[m];
-      std::uint64_t key = std::uint64_t(size) << 60 | found.size();
-      int k = 0;  // the area's cells are in ascending order
-      for (unsigned w = m; w; w &= w - 1, ++k) {
-        const std::uint8_t c = open[std::size_t(std::countr_zero(w))];
-        s.cells[std::size_t(k)] = c;
-        s.where.add(c);
-        key |= std::uint64_t(c) << (53 - 7 * k);
+      if (board.cand[c]) {
+        area.open[std::size_t(area.openCount)] = c;
+        area.place[std::size_t(area.openCount++)] = std::uint8_t(k);
       }
-      found.push_back(s);
-      order.push_back(key);
     }
+    area.from(0, 0, 0, 0);
   }
   // Ordered by size and first cell with a count of each, then by the rest
   // of the key within those few.
@@ -145,13 +166,18 @@ class AlsRows {
 std::pair<int, int> linkOf(const std::array<CellSet, 9>& holds, const Als& a, const Seeing& aSees, const Als& b,
                            const Seeing& bSees) {
   const auto common = std::uint16_t(a.digits & b.digits);
+  // The digits some cell seeing all of both sets' places of them can lose
+  // (whichever x turns out restricted, z is the lowest of them but x).
+  std::uint16_t removable = 0;
+  for (std::uint16_t zs = common & a.reaching & b.reaching; zs; zs &= std::uint16_t(zs - 1)) {
+    const auto z = std::size_t(std::countr_zero(zs));
+    if (!(holds[z] & aSees[z] & bSees[z]).empty()) removable |= std::uint16_t(1u << z);
+  }
+  if (!removable) return {0, 0};
   for (std::uint16_t xs = common; xs; xs &= std::uint16_t(xs - 1)) {
     const auto x = std::size_t(std::countr_zero(xs));
-    if (!(b.where & holds[x]).within(aSees[x])) continue;
-    for (std::uint16_t zs = common & a.reaching & b.reaching & ~(1u << x); zs; zs &= std::uint16_t(zs - 1)) {
-      const auto z = std::size_t(std::countr_zero(zs));
-      if (!(holds[z] & aSees[z] & bSees[z]).empty()) return {int(x) + 1, int(z) + 1};
-    }
+    const auto zs = std::uint16_t(removable & ~(1u << x));
+    if (zs && (b.where & holds[x]).within(aSees[x])) return {int(x) + 1, std::countr_zero(zs) + 1};
   }
   return {0, 0};
 }
@@ -232,14 +258,14 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       const std::size_t endWord = (end - 1) / 64 + 1;
       for (std::size_t w = from; w < endWord; ++w) {
         if (!later[w]) continue;
-        std::uint64_t low = 0, high = 0;
-        for (std::size_t k = 0; k < rows; ++k) low |= byLow.row(rowAt[k])[w], high |= byHigh.row(rowAt[k])[w];
-        const std::uint64_t near = low & high & later[w];
-        if (!near) continue;
         std::uint64_t z = 0;
         for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
           z |= byReaching.row(std::size_t(std::countr_zero(m)))[w];
-        for (std::uint64_t bits = near & z; bits; bits &= bits - 1) {
+        const std::uint64_t open = later[w] & z;
+        if (!open) continue;
+        std::uint64_t low = 0, high = 0;
+        for (std::size_t k = 0; k < rows; ++k) low |= byLow.row(rowAt[k])[w], high |= byHigh.row(rowAt[k])[w];
+        for (std::uint64_t bits = low & high & open; bits; bits &= bits - 1) {
           const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
           if ((sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
         }
