@@ -109,8 +109,9 @@ struct BranchState {
   Places places;
   /// The cells holding each digit (index 0..8) as a candidate.
   std::array<CellSet, 9> holds;
-  /// The cells whose candidates or value changed since the last look for singles.
-  CellSet touched;
+  /// The cells whose candidates or value changed since the last look for
+  /// singles, and since the assumption.
+  CellSet touched, changed;
   int size = 0;
   bool contradiction = false;
   Dead dead;
@@ -156,10 +157,12 @@ void place(BranchState& s, int cell, int digit, std::uint8_t by) {
   s.placedBy[std::size_t(cell)] = by;
   for (std::uint8_t a : kCellAreas[std::size_t(cell)]) s.places.placed[a] |= bit;
   s.touched.add(cell);
+  s.changed.add(cell);
   // The peers still holding the digit lose it (in any order: what each loss
   // changes does not depend on the others).
   const CellSet losing = kPeerSets[std::size_t(cell)] & s.holds[std::size_t(digit - 1)];
   s.touched |= losing;
+  s.changed |= losing;
   s.holds[std::size_t(digit - 1)] = s.holds[std::size_t(digit - 1)] - losing;
   losing.forEach([&](int peer) {
     s.cand[std::size_t(peer)] = std::uint16_t(s.cand[std::size_t(peer)] & ~bit);
@@ -204,6 +207,7 @@ void runBranch(const TechniqueContext& ctx, const Start& start, int cell, int di
   s.places = start.places;
   for (int d = 1; d <= 9; ++d) s.holds[std::size_t(d - 1)] = ctx.holds(d);
   s.touched = start.quiet ? CellSet{} : kAllCells;
+  s.changed = CellSet{};
   s.size = 0;
   s.contradiction = false;
   s.dead = Dead{};
@@ -262,14 +266,8 @@ void runBranch(const TechniqueContext& ctx, const Start& start, int cell, int di
       }
       for (; hidden; hidden &= std::uint16_t(hidden - 1)) {
         const int d = lowDigit(hidden);
-        // Its one place left, among those it had on the board.
-        for (std::uint16_t at = ctx.at(int(a), d); at; at &= std::uint16_t(at - 1)) {
-          const std::uint8_t c = kAreas[a][std::size_t(std::countr_zero(unsigned(at)))];
-          if (s.cand[c] & bitOf(d)) {
-            offer(c, d, areaLossAncestors(ctx, s, int(a), d, c));
-            break;
-          }
-        }
+        const int c = (s.holds[std::size_t(d - 1)] & kAreaSets[a]).first();  // its one place left
+        offer(c, d, areaLossAncestors(ctx, s, int(a), d, c));
       }
     }
     s.places.watchAreas = 0;
@@ -316,14 +314,18 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
       if (first < 0) first = b;
     }
   }
-  Conclusion best;
-  if (live == 0) return best;  // no solution on this board
+  if (live == 0) return {};  // no solution on this board
   if (live == 1) {
     const Candidate& a = assumed[std::size_t(first)];
     return {Conclusion::Assumption, a.cell, a.digit, deadCost};
   }
-  for (int y = 0; y < kCellCount; ++y) {
-    if (board.value[std::size_t(y)] || !board.cand[std::size_t(y)]) continue;
+  // Only a cell every live branch changed can be placed or lose a candidate in all.
+  CellSet everywhere = branches[std::size_t(first)].changed;
+  for (int b = first + 1; b < n; ++b)
+    if (!branches[std::size_t(b)].contradiction) everywhere = everywhere & branches[std::size_t(b)].changed;
+  Conclusion best;
+  everywhere.forEach([&](int y) {
+    if (board.value[std::size_t(y)] || !board.cand[std::size_t(y)]) return;
     const int w = branches[std::size_t(first)].value[std::size_t(y)];
     bool placedInAll = w != 0;
     std::uint16_t lost = board.cand[std::size_t(y)];
@@ -341,7 +343,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
         if (!s.contradiction) cost += popcount(s.ancestors[s.placedBy[std::size_t(y)]]);
       }
       if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Placement, y, w, cost};
-      continue;
+      return;
     }
     for (; lost; lost &= std::uint16_t(lost - 1)) {
       const int d = lowDigit(lost);
@@ -352,7 +354,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
       }
       if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Elimination, y, d, cost};
     }
-  }
+  });
   return best;
 }
 
@@ -414,22 +416,42 @@ int assumptions(const TechniqueBoard& board, const Source& src, std::array<Candi
   return n;
 }
 
-/// The sources with `n` possibilities, in order; `visit` returns false to stop.
-template <class Visit>
-void forEachSource(const TechniqueContext& ctx, bool units, int n, Visit visit) {
+/// The sources of a board by their number of possibilities: the open cells
+/// by their candidates, and in each area the digits not placed there by
+/// their places.
+struct Sources {
+  std::array<CellSet, 10> cells{};
+  std::array<std::array<std::uint16_t, 27>, 10> digits{};
+};
+
+Sources sourcesOf(const TechniqueContext& ctx, bool units) {
   const TechniqueBoard& board = ctx.board;
+  Sources sources;
   if (!units) {
     for (int c = 0; c < kCellCount; ++c)
-      if (!board.value[std::size_t(c)] && count(board.cand[std::size_t(c)]) == n) visit(Source{c, -1, 0});
-    return;
+      if (!board.value[std::size_t(c)]) sources.cells[std::size_t(count(board.cand[std::size_t(c)]))].add(c);
+    return sources;
   }
   for (int a = 0; a < 27; ++a) {
     std::uint16_t placed = 0;
     for (std::uint8_t c : kAreas[std::size_t(a)])
       if (board.value[c]) placed |= bitOf(board.value[c]);
     for (int d = 1; d <= 9; ++d)
-      if (!(placed & bitOf(d)) && count(ctx.at(a, d)) == n) visit(Source{-1, a, d});
+      if (!(placed & bitOf(d))) sources.digits[std::size_t(count(ctx.at(a, d)))][std::size_t(a)] |= bitOf(d);
   }
+  return sources;
+}
+
+/// The sources with `n` possibilities, in order.
+template <class Visit>
+void forEachSource(const Sources& sources, bool units, int n, Visit visit) {
+  if (!units) {
+    sources.cells[std::size_t(n)].forEach([&](int c) { visit(Source{c, -1, 0}); });
+    return;
+  }
+  for (int a = 0; a < 27; ++a)
+    for (std::uint16_t m = sources.digits[std::size_t(n)][std::size_t(a)]; m; m &= std::uint16_t(m - 1))
+      visit(Source{-1, a, lowDigit(m)});
 }
 
 /// The forcing chain with the fewest branches, and among those the fewest
@@ -437,12 +459,13 @@ void forEachSource(const TechniqueContext& ctx, bool units, int n, Visit visit) 
 std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units) {
   const TechniqueBoard& board = ctx.board;
   const Start start = startOf(ctx);
+  const Sources sources = sourcesOf(ctx, units);
   std::array<BranchState, 9> branches;
   std::array<Candidate, 9> assumed;
   for (int n = 2; n <= 9; ++n) {
     Source bestSource;
     Conclusion best;
-    forEachSource(ctx, units, n, [&](const Source& src) {
+    forEachSource(sources, units, n, [&](const Source& src) {
       assumptions(board, src, assumed);
       // What the branches followed so far already cost: each dead one the
       // placements behind its contradiction, and once two live, each live one
