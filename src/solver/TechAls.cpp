@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <memory>
 #include <utility>
 
 #include "solver/CellSet.h"
@@ -35,6 +36,27 @@ struct Als {
 
 /// Per set and digit: the cells that see all of the set's places of the digit.
 using Seeing = std::array<CellSet, 9>;
+
+}  // namespace
+
+/// The buffers of ALS-XZ, kept for the next search on the boards of one solve
+/// (FinderWork) so that a search seldom allocates: each search clears or
+/// fills every buffer before it reads it, so nothing found on one board
+/// carries over to the next.
+struct AlsWork {
+  std::vector<Als> found, sets;
+  std::vector<std::uint64_t> order, sorted;
+  std::vector<Seeing> seeing;
+  std::vector<std::uint64_t> byCell, byReaching, byLow, byHigh, later, partners;
+  std::vector<std::size_t> lastLow;
+};
+
+AlsWork& FinderWork::als() {
+  if (!m_als) m_als = std::make_shared<AlsWork>();
+  return *m_als;
+}
+
+namespace {
 
 /// The almost locked sets of one area, found by adding its open cells one at
 /// a time in ascending order: a choice whose digits already outnumber what
@@ -85,12 +107,11 @@ struct AreaSets {
 /// Every almost locked set of 1..kMaxAlsCells cells, each once (in the first
 /// area holding it: a row, else a column, else a box), ordered by size and
 /// then cells, with what sees its places.
-std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>& holds,
-                                  std::vector<Seeing>& seeing) {
-  std::vector<Als> found;
-  std::vector<std::uint64_t> order;  // size, cells (7 bits each), then the index in found
-  found.reserve(512);
-  order.reserve(512);
+void almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>& holds, AlsWork& work) {
+  std::vector<Als>& found = work.found;
+  std::vector<std::uint64_t>& order = work.order;  // size, cells (7 bits each), then the index in found
+  found.clear();
+  order.clear();
   for (int a = 0; a < 27; ++a) {
     AreaSets area{board, a, {}, {}, 0, {}, found, order};
     for (int k = 0; k < 9; ++k) {
@@ -108,16 +129,17 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
   const auto bucket = [](std::uint64_t key) { return std::size_t((key >> 60) - 1) * kCellCount + ((key >> 53) & 0x7F); };
   for (std::uint64_t key : order) ++start[bucket(key) + 1];
   for (std::size_t b = 1; b < start.size(); ++b) start[b] = std::uint16_t(start[b] + start[b - 1]);
-  std::vector<std::uint64_t> sorted(order.size());
+  std::vector<std::uint64_t>& sorted = work.sorted;
+  sorted.resize(order.size());
   for (std::uint64_t key : order) sorted[start[bucket(key)]++] = key;
   for (std::size_t k = 1; k < sorted.size(); ++k)
     for (std::size_t m = k; m > 0 && sorted[m - 1] > sorted[m]; --m) std::swap(sorted[m - 1], sorted[m]);
   order.swap(sorted);
   // Keep the sets with a digit z to remove: a pair needs one in both.
-  std::vector<Als> sets;
-  sets.reserve(found.size());
+  std::vector<Als>& sets = work.sets;
+  std::vector<Seeing>& seeing = work.seeing;
+  sets.clear();
   seeing.clear();
-  seeing.reserve(found.size());
   for (std::uint64_t key : order) {
     Als s = found[key & 0x3FFFF];
     // Every digit at once, without branches: a cell leaves a digit's set as
@@ -145,20 +167,23 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
     }
     sets.push_back(s);
   }
-  return sets;
 }
 
-/// Sets of almost locked sets, bit i for the i-th, in rows.
+/// Sets of almost locked sets, bit i for the i-th, in rows (empty at first),
+/// written in a buffer of the finder's work.
 class AlsRows {
  public:
-  AlsRows(std::size_t rows, std::size_t count) : m_words((count + 63) / 64), m_bits(rows * m_words) {}
+  AlsRows(std::vector<std::uint64_t>& bits, std::size_t rows, std::size_t count)
+      : m_words((count + 63) / 64), m_bits(bits) {
+    m_bits.assign(rows * m_words, 0);
+  }
   std::size_t words() const { return m_words; }
   const std::uint64_t* row(std::size_t r) const { return &m_bits[r * m_words]; }
   void add(std::size_t r, std::size_t i) { m_bits[r * m_words + i / 64] |= std::uint64_t(1) << (i % 64); }
 
  private:
   std::size_t m_words;
-  std::vector<std::uint64_t> m_bits;
+  std::vector<std::uint64_t>& m_bits;
 };
 
 /// The restricted common digit x and the digit z of a pair, lowest first
@@ -190,13 +215,16 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
   std::array<CellSet, 9> holds{};
   for (int d = 1; d <= 9; ++d) holds[std::size_t(d - 1)] = ctx.holds(d);
-  std::vector<Seeing> seeing;
-  const std::vector<Als> sets = almostLockedSets(board, holds, seeing);
+  AlsWork own;
+  AlsWork& work = ctx.work() ? ctx.work()->als() : own;
+  almostLockedSets(board, holds, work);
+  const std::vector<Als>& sets = work.sets;
+  const std::vector<Seeing>& seeing = work.seeing;
   const std::size_t n = sets.size();
 
   // Which sets take in each cell, and hold each digit in places some cell
   // outside sees all of (a z they might remove).
-  AlsRows byCell(kCellCount, n), byReaching(9, n);
+  AlsRows byCell(work.byCell, kCellCount, n), byReaching(work.byReaching, 9, n);
   // A row for each place of each digit (a digit and a cell holding it), and
   // in it the sets whose lowest (byLow) or highest (byHigh) place of that
   // digit is there: a partner's places of x all lie where A's places of x
@@ -204,8 +232,9 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   std::array<std::array<std::uint16_t, kCellCount>, 9> placeRow{};
   std::size_t placeRows = 0;
   for (std::size_t d = 0; d < 9; ++d) holds[d].forEach([&](int c) { placeRow[d][std::size_t(c)] = std::uint16_t(placeRows++); });
-  AlsRows byLow(placeRows, n), byHigh(placeRows, n);
-  std::vector<std::size_t> lastLow(placeRows);  // one past the last set in each byLow row, 0 for none
+  AlsRows byLow(work.byLow, placeRows, n), byHigh(work.byHigh, placeRows, n);
+  std::vector<std::size_t>& lastLow = work.lastLow;  // one past the last set in each byLow row, 0 for none
+  lastLow.assign(placeRows, 0);
   for (std::size_t i = 0; i < n; ++i) {
     for (int k = 0; k < sets[i].size; ++k) byCell.add(sets[i].cells[std::size_t(k)], i);
     for (std::uint16_t m = sets[i].reaching; m; m &= std::uint16_t(m - 1))
@@ -221,7 +250,10 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
     }
   }
   const std::size_t words = byCell.words();
-  std::vector<std::uint64_t> later(words), partners(words);
+  std::vector<std::uint64_t>& later = work.later;
+  std::vector<std::uint64_t>& partners = work.partners;
+  later.assign(words, 0);
+  partners.assign(words, 0);
   std::array<std::size_t, kCellCount> rowAt{};  // the place rows of the cells where B's places of x may lie
 
   int bestTotal = 2 * kMaxAlsCells + 1;
