@@ -460,8 +460,12 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
   const TechniqueBoard& board = ctx.board;
   const Start start = startOf(ctx);
   const Sources sources = sourcesOf(ctx, units);
-  std::array<BranchState, 9> branches;
-  std::array<Candidate, 9> assumed;
+  // The branches of the source being followed, and those of the best one so
+  // far (kept for its record): the two swap when a source becomes the best.
+  std::array<std::array<BranchState, 9>, 2> followed;
+  std::array<BranchState, 9>* current = &followed[0];
+  std::array<BranchState, 9>* kept = &followed[1];
+  std::array<Candidate, 9> assumed, keptAssumed;
   for (int n = 2; n <= 9; ++n) {
     Source bestSource;
     Conclusion best;
@@ -472,6 +476,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       // at least one (the conclusion's own placement or elimination). A source
       // that cannot cost less than the best one so far cannot replace it.
       int spent = 0, live = 0;
+      std::array<BranchState, 9>& branches = *current;
       for (int b = 0; b < n; ++b) {
         BranchState& s = branches[std::size_t(b)];
         runBranch(ctx, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, s);
@@ -485,13 +490,11 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       if (c.kind != Conclusion::None && (best.kind == Conclusion::None || c.cost < best.cost)) {
         best = c;
         bestSource = src;
+        keptAssumed = assumed;
+        std::swap(current, kept);
       }
     });
     if (best.kind == Conclusion::None) continue;
-    // Follow the chosen source's branches again (the same way) to write its record.
-    assumptions(board, bestSource, assumed);
-    for (int b = 0; b < n; ++b)
-      runBranch(ctx, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
     TechniqueStep step;
     if (units) {
       step.technique = Technique::UnitForcingChain;
@@ -501,7 +504,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       step.technique = Technique::CellForcingChain;
       step.cells = {bestSource.cell};
     }
-    record(step, branches, assumed, n, best);
+    record(step, *kept, keptAssumed, n, best);
     return step;
   }
   return std::nullopt;
