@@ -47,7 +47,7 @@ struct AlsWork {
   std::vector<Als> found, sets;
   std::vector<std::uint64_t> order, sorted;
   std::vector<Seeing> seeing;
-  std::vector<std::uint64_t> byCell, byReaching, byLow, byHigh, later, partners;
+  std::vector<std::uint64_t> byCell, byLow, byHigh, later, partners;
   std::vector<std::size_t> lastLow;
 };
 
@@ -222,9 +222,8 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   const std::vector<Seeing>& seeing = work.seeing;
   const std::size_t n = sets.size();
 
-  // Which sets take in each cell, and hold each digit in places some cell
-  // outside sees all of (a z they might remove).
-  AlsRows byCell(work.byCell, kCellCount, n), byReaching(work.byReaching, 9, n);
+  // Which sets take in each cell.
+  AlsRows byCell(work.byCell, kCellCount, n);
   // A row for each place of each digit (a digit and a cell holding it), and
   // in it the sets whose lowest (byLow) or highest (byHigh) place of that
   // digit is there: a partner's places of x all lie where A's places of x
@@ -237,8 +236,6 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   lastLow.assign(placeRows, 0);
   for (std::size_t i = 0; i < n; ++i) {
     for (int k = 0; k < sets[i].size; ++k) byCell.add(sets[i].cells[std::size_t(k)], i);
-    for (std::uint16_t m = sets[i].reaching; m; m &= std::uint16_t(m - 1))
-      byReaching.add(std::size_t(std::countr_zero(m)), i);
     for (std::uint16_t m = sets[i].digits; m; m &= std::uint16_t(m - 1)) {
       const auto d = std::size_t(std::countr_zero(m));
       const CellSet places = sets[i].where & holds[d];
@@ -290,16 +287,11 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
       const std::size_t endWord = (end - 1) / 64 + 1;
       for (std::size_t w = from; w < endWord; ++w) {
         if (!later[w]) continue;
-        std::uint64_t z = 0;
-        for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
-          z |= byReaching.row(std::size_t(std::countr_zero(m)))[w];
-        const std::uint64_t open = later[w] & z;
-        if (!open) continue;
         std::uint64_t low = 0, high = 0;
         for (std::size_t k = 0; k < rows; ++k) low |= byLow.row(rowAt[k])[w], high |= byHigh.row(rowAt[k])[w];
-        for (std::uint64_t bits = low & high & open; bits; bits &= bits - 1) {
+        for (std::uint64_t bits = low & high & later[w]; bits; bits &= bits - 1) {
           const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
-          if ((sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
+          if ((sets[j].reaching & zs) && (sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
         }
       }
     }
