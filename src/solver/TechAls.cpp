@@ -144,7 +144,7 @@ void almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>&
     Als s = found[key & 0x3FFFF];
     // Every digit at once, without branches: a cell leaves a digit's set as
     // it is unless it holds that digit. Digits outside the set see nothing.
-    Seeing& see = seeing.emplace_back();
+    Seeing see;
     for (std::size_t d = 0; d < 9; ++d) {
       const std::uint64_t in = std::uint64_t(0) - ((s.digits >> d) & 1u);
       see[d] = {in, in};
@@ -161,10 +161,8 @@ void almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>&
     }
     for (std::size_t d = 0; d < 9; ++d)
       s.reaching |= std::uint16_t(unsigned((see[d] & holds[d]).any()) << d);
-    if (!s.reaching) {
-      seeing.pop_back();
-      continue;
-    }
+    if (!s.reaching) continue;
+    seeing.push_back(see);
     sets.push_back(s);
   }
 }
