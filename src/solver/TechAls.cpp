@@ -89,17 +89,16 @@ struct AreaSets {
     if (area >= 18 && ((p & 0x7) == p || (p & 0x38) == p || (p & 0x1C0) == p || (p & 0x49) == p ||
                        (p & 0x92) == p || (p & 0x124) == p))
       return;
-    Als s;
+    std::uint64_t key = std::uint64_t(size) << 60 | found.size();
+    Als& s = found.emplace_back();
     s.size = std::uint8_t(size);
     s.digits = digits;
-    std::uint64_t key = std::uint64_t(size) << 60 | found.size();
     for (int k = 0; k < size; ++k) {  // the area's cells are in ascending order
       const std::uint8_t c = open[chosen[std::size_t(k)]];
       s.cells[std::size_t(k)] = c;
       s.where.add(c);
       key |= std::uint64_t(c) << (53 - 7 * k);
     }
-    found.push_back(s);
     order.push_back(key);
   }
 };
@@ -226,7 +225,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   // in it the sets whose lowest (byLow) or highest (byHigh) place of that
   // digit is there: a partner's places of x all lie where A's places of x
   // are seen, so both its lowest and its highest one do.
-  std::array<std::array<std::uint16_t, kCellCount>, 9> placeRow{};
+  std::array<std::array<std::uint16_t, kCellCount>, 9> placeRow;  // read only where a digit has a place
   std::size_t placeRows = 0;
   for (std::size_t d = 0; d < 9; ++d) holds[d].forEach([&](int c) { placeRow[d][std::size_t(c)] = std::uint16_t(placeRows++); });
   AlsRows byLow(work.byLow, placeRows, n), byHigh(work.byHigh, placeRows, n);
@@ -249,7 +248,7 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   std::vector<std::uint64_t>& partners = work.partners;
   later.assign(words, 0);
   partners.assign(words, 0);
-  std::array<std::size_t, kCellCount> rowAt{};  // the place rows of the cells where B's places of x may lie
+  std::array<std::size_t, kCellCount> rowAt;  // the place rows of the cells where B's places of x may lie
 
   int bestTotal = 2 * kMaxAlsCells + 1;
   std::size_t bestA = 0, bestB = 0;
