@@ -19,6 +19,7 @@
 // ancestors of its conclusion.
 
 #include <bit>
+#include <deque>
 
 #include "solver/CellSet.h"
 #include "solver/Techniques.h"
@@ -291,6 +292,9 @@ void runBranch(const TechniqueContext& ctx, const Start& start, int cell, int di
   }
 }
 
+/// The branches of a source, in the order of its possibilities.
+using Branches = std::array<const BranchState*, 9>;
+
 /// What a source concludes: its assumption (every other branch dies), a
 /// placement, or an elimination, and the implications all its branches need.
 struct Conclusion {
@@ -303,12 +307,12 @@ struct Conclusion {
 /// The cheapest conclusion of the branches (in the order: the surviving
 /// assumption, then cells ascending, a placement before eliminations, digits
 /// ascending), or None.
-Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9>& branches,
+Conclusion conclude(const TechniqueBoard& board, const Branches& branches,
                     const std::array<Candidate, 9>& assumed, int n) {
   int deadCost = 0, live = 0, first = -1;
   for (int b = 0; b < n; ++b) {
-    if (branches[std::size_t(b)].contradiction) {
-      deadCost += popcount(branches[std::size_t(b)].dead.ancestors);
+    if (branches[std::size_t(b)]->contradiction) {
+      deadCost += popcount(branches[std::size_t(b)]->dead.ancestors);
     } else {
       ++live;
       if (first < 0) first = b;
@@ -320,17 +324,17 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
     return {Conclusion::Assumption, a.cell, a.digit, deadCost};
   }
   // Only a cell every live branch changed can be placed or lose a candidate in all.
-  CellSet everywhere = branches[std::size_t(first)].changed;
+  CellSet everywhere = branches[std::size_t(first)]->changed;
   for (int b = first + 1; b < n; ++b)
-    if (!branches[std::size_t(b)].contradiction) everywhere = everywhere & branches[std::size_t(b)].changed;
+    if (!branches[std::size_t(b)]->contradiction) everywhere = everywhere & branches[std::size_t(b)]->changed;
   Conclusion best;
   everywhere.forEach([&](int y) {
     if (board.value[std::size_t(y)] || !board.cand[std::size_t(y)]) return;
-    const int w = branches[std::size_t(first)].value[std::size_t(y)];
+    const int w = branches[std::size_t(first)]->value[std::size_t(y)];
     bool placedInAll = w != 0;
     std::uint16_t lost = board.cand[std::size_t(y)];
     for (int b = first; b < n; ++b) {
-      const BranchState& s = branches[std::size_t(b)];
+      const BranchState& s = *branches[std::size_t(b)];
       if (s.contradiction) continue;
       const int v = s.value[std::size_t(y)];
       placedInAll = placedInAll && v == w && s.placedBy[std::size_t(y)] != kAssumption;
@@ -339,7 +343,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
     if (placedInAll) {
       int cost = deadCost;
       for (int b = first; b < n; ++b) {
-        const BranchState& s = branches[std::size_t(b)];
+        const BranchState& s = *branches[std::size_t(b)];
         if (!s.contradiction) cost += popcount(s.ancestors[s.placedBy[std::size_t(y)]]);
       }
       if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Placement, y, w, cost};
@@ -349,7 +353,7 @@ Conclusion conclude(const TechniqueBoard& board, const std::array<BranchState, 9
       const int d = lowDigit(lost);
       int cost = deadCost;
       for (int b = first; b < n; ++b) {
-        const BranchState& s = branches[std::size_t(b)];
+        const BranchState& s = *branches[std::size_t(b)];
         if (!s.contradiction) cost += 1 + popcount(s.ancestors[s.removedBy[std::size_t(y)][std::size_t(d - 1)]]);
       }
       if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Elimination, y, d, cost};
@@ -368,10 +372,10 @@ std::vector<Implication> implications(const BranchState& s, std::uint64_t ancest
 }
 
 /// The record of a source's branches and their conclusion.
-void record(TechniqueStep& step, const std::array<BranchState, 9>& branches, const std::array<Candidate, 9>& assumed,
+void record(TechniqueStep& step, const Branches& branches, const std::array<Candidate, 9>& assumed,
             int n, const Conclusion& c) {
   for (int b = 0; b < n; ++b) {
-    const BranchState& s = branches[std::size_t(b)];
+    const BranchState& s = *branches[std::size_t(b)];
     Branch branch;
     branch.cell = assumed[std::size_t(b)].cell;
     branch.digit = assumed[std::size_t(b)].digit;
@@ -460,12 +464,19 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
   const TechniqueBoard& board = ctx.board;
   const Start start = startOf(ctx);
   const Sources sources = sourcesOf(ctx, units);
-  // The branches of the source being followed, and those of the best one so
-  // far (kept for its record): the two swap when a source becomes the best.
+  // A cell's branches belong to it alone: those of the source being followed,
+  // and those of the best one so far (kept for its record), swap when a
+  // source becomes the best. A branch of a unit (a cell holding the digit)
+  // is one of up to three units' and is followed once, into `followedOnce`
+  // (a deque: what it holds stays where it is), found through `onceAt`.
   std::array<std::array<BranchState, 9>, 2> followed;
   std::array<BranchState, 9>* current = &followed[0];
   std::array<BranchState, 9>* kept = &followed[1];
+  std::deque<BranchState> followedOnce;
+  std::array<std::int16_t, kCellCount * 9> onceAt;
+  if (units) onceAt.fill(-1);
   std::array<Candidate, 9> assumed, keptAssumed;
+  Branches branches{}, keptBranches{};
   for (int n = 2; n <= 9; ++n) {
     Source bestSource;
     Conclusion best;
@@ -476,10 +487,20 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       // at least one (the conclusion's own placement or elimination). A source
       // that cannot cost less than the best one so far cannot replace it.
       int spent = 0, live = 0;
-      std::array<BranchState, 9>& branches = *current;
       for (int b = 0; b < n; ++b) {
-        BranchState& s = branches[std::size_t(b)];
-        runBranch(ctx, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, s);
+        const Candidate& a = assumed[std::size_t(b)];
+        if (!units) {
+          runBranch(ctx, start, a.cell, a.digit, (*current)[std::size_t(b)]);
+          branches[std::size_t(b)] = &(*current)[std::size_t(b)];
+        } else {
+          std::int16_t& at = onceAt[std::size_t(a.cell * 9 + a.digit - 1)];
+          if (at < 0) {
+            at = std::int16_t(followedOnce.size());
+            runBranch(ctx, start, a.cell, a.digit, followedOnce.emplace_back());
+          }
+          branches[std::size_t(b)] = &followedOnce[std::size_t(at)];
+        }
+        const BranchState& s = *branches[std::size_t(b)];
         if (s.contradiction)
           spent += popcount(s.dead.ancestors);
         else
@@ -491,7 +512,8 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
         best = c;
         bestSource = src;
         keptAssumed = assumed;
-        std::swap(current, kept);
+        keptBranches = branches;
+        if (!units) std::swap(current, kept);
       }
     });
     if (best.kind == Conclusion::None) continue;
@@ -504,7 +526,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       step.technique = Technique::CellForcingChain;
       step.cells = {bestSource.cell};
     }
-    record(step, *kept, keptAssumed, n, best);
+    record(step, keptBranches, keptAssumed, n, best);
     return step;
   }
   return std::nullopt;
