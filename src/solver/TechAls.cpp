@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <memory>
 #include <utility>
 
 #include "solver/CellSet.h"
@@ -36,50 +37,90 @@ struct Als {
 /// Per set and digit: the cells that see all of the set's places of the digit.
 using Seeing = std::array<CellSet, 9>;
 
+}  // namespace
+
+/// The buffers of ALS-XZ, kept for the next search on the boards of one solve
+/// (FinderWork) so that a search seldom allocates: each search clears or
+/// fills every buffer before it reads it, so nothing found on one board
+/// carries over to the next.
+struct AlsWork {
+  std::vector<Als> found, sets;
+  std::vector<std::uint64_t> order, sorted;
+  std::vector<Seeing> seeing;
+  std::vector<std::uint64_t> byCell, byLow, byHigh, later, partners;
+  std::vector<std::size_t> lastLow;
+};
+
+AlsWork& FinderWork::als() {
+  if (!m_als) m_als = std::make_shared<AlsWork>();
+  return *m_als;
+}
+
+namespace {
+
+/// The almost locked sets of one area, found by adding its open cells one at
+/// a time in ascending order: a choice whose digits already outnumber what
+/// the cells it can still take could hold (one more than its cells) leads to
+/// none, and is left.
+struct AreaSets {
+  const TechniqueBoard& board;
+  int area = 0;
+  std::array<std::uint8_t, 9> open{}, place{};  ///< the open cells (ascending) and their places in the area
+  int openCount = 0;
+  std::array<std::uint8_t, kMaxAlsCells> chosen{};  ///< indices into open
+  std::vector<Als>& found;
+  std::vector<std::uint64_t>& order;  // size, cells (7 bits each), then the index in found
+
+  void from(int next, int size, std::uint16_t digits, std::uint16_t positions) {
+    for (int k = next; k < openCount; ++k) {
+      const auto d = std::uint16_t(digits | board.cand[open[std::size_t(k)]]);
+      const auto p = std::uint16_t(positions | (1u << place[std::size_t(k)]));
+      chosen[std::size_t(size)] = std::uint8_t(k);
+      const int cells = size + 1, held = count(d);
+      if (held == cells + 1) keep(cells, d, p);
+      const int room = std::min(openCount - k - 1, kMaxAlsCells - cells);
+      if (room > 0 && held <= cells + room + 1) from(k + 1, cells, d, p);
+    }
+  }
+
+  void keep(int size, std::uint16_t digits, std::uint16_t p) {
+    // A set inside one row or column of a box is that line's.
+    if (area >= 9 && size == 1) return;
+    if (area >= 18 && ((p & 0x7) == p || (p & 0x38) == p || (p & 0x1C0) == p || (p & 0x49) == p ||
+                       (p & 0x92) == p || (p & 0x124) == p))
+      return;
+    std::uint64_t key = std::uint64_t(size) << 60 | found.size();
+    Als& s = found.emplace_back();
+    s.size = std::uint8_t(size);
+    s.digits = digits;
+    for (int k = 0; k < size; ++k) {  // the area's cells are in ascending order
+      const std::uint8_t c = open[chosen[std::size_t(k)]];
+      s.cells[std::size_t(k)] = c;
+      s.where.add(c);
+      key |= std::uint64_t(c) << (53 - 7 * k);
+    }
+    order.push_back(key);
+  }
+};
+
 /// Every almost locked set of 1..kMaxAlsCells cells, each once (in the first
 /// area holding it: a row, else a column, else a box), ordered by size and
 /// then cells, with what sees its places.
-std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>& holds,
-                                  std::vector<Seeing>& seeing) {
-  std::vector<Als> found;
-  std::vector<std::uint64_t> order;  // size, cells (7 bits each), then the index in found
-  found.reserve(512);
-  order.reserve(512);
-  std::array<std::uint16_t, 512> digits{}, positions{};
+void almostLockedSets(const TechniqueBoard& board, const std::array<CellSet, 9>& holds, AlsWork& work) {
+  std::vector<Als>& found = work.found;
+  std::vector<std::uint64_t>& order = work.order;  // size, cells (7 bits each), then the index in found
+  found.clear();
+  order.clear();
   for (int a = 0; a < 27; ++a) {
-    std::array<std::uint8_t, 9> open{}, place{};
-    int openCount = 0;
+    AreaSets area{board, a, {}, {}, 0, {}, found, order};
     for (int k = 0; k < 9; ++k) {
       const std::uint8_t c = kAreas[std::size_t(a)][std::size_t(k)];
-      if (board.cand[c]) open[std::size_t(openCount)] = c, place[std::size_t(openCount++)] = std::uint8_t(k);
-    }
-    for (unsigned m = 1; m < (1u << openCount); ++m) {
-      const int low = std::countr_zero(m);
-      const unsigned rest = m & (m - 1);
-      digits[m] = std::uint16_t(digits[rest] | board.cand[open[std::size_t(low)]]);
-      positions[m] = std::uint16_t(positions[rest] | (1u << place[std::size_t(low)]));
-      const int size = count(std::uint16_t(m));
-      if (size > kMaxAlsCells || count(digits[m]) != size + 1) continue;
-      // A set inside one row or column of a box is that line's.
-      const std::uint16_t p = positions[m];
-      if (a >= 9 && size == 1) continue;
-      if (a >= 18 && ((p & 0x7) == p || (p & 0x38) == p || (p & 0x1C0) == p || (p & 0x49) == p || (p & 0x92) == p ||
-                      (p & 0x124) == p))
-        continue;
-      Als s;
-      s.size = std::uint8_t(size);
-      s.digits = digits[m];
-      std::uint64_t key = std::uint64_t(size) << 60 | found.size();
-      int k = 0;  // the area's cells are in ascending order
-      for (unsigned w = m; w; w &= w - 1, ++k) {
-        const std::uint8_t c = open[std::size_t(std::countr_zero(w))];
-        s.cells[std::size_t(k)] = c;
-        s.where.add(c);
-        key |= std::uint64_t(c) << (53 - 7 * k);
+      if (board.cand[c]) {
+        area.open[std::size_t(area.openCount)] = c;
+        area.place[std::size_t(area.openCount++)] = std::uint8_t(k);
       }
-      found.push_back(s);
-      order.push_back(key);
     }
+    area.from(0, 0, 0, 0);
   }
   // Ordered by size and first cell with a count of each, then by the rest
   // of the key within those few.
@@ -87,21 +128,22 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
   const auto bucket = [](std::uint64_t key) { return std::size_t((key >> 60) - 1) * kCellCount + ((key >> 53) & 0x7F); };
   for (std::uint64_t key : order) ++start[bucket(key) + 1];
   for (std::size_t b = 1; b < start.size(); ++b) start[b] = std::uint16_t(start[b] + start[b - 1]);
-  std::vector<std::uint64_t> sorted(order.size());
+  std::vector<std::uint64_t>& sorted = work.sorted;
+  sorted.resize(order.size());
   for (std::uint64_t key : order) sorted[start[bucket(key)]++] = key;
   for (std::size_t k = 1; k < sorted.size(); ++k)
     for (std::size_t m = k; m > 0 && sorted[m - 1] > sorted[m]; --m) std::swap(sorted[m - 1], sorted[m]);
   order.swap(sorted);
   // Keep the sets with a digit z to remove: a pair needs one in both.
-  std::vector<Als> sets;
-  sets.reserve(found.size());
+  std::vector<Als>& sets = work.sets;
+  std::vector<Seeing>& seeing = work.seeing;
+  sets.clear();
   seeing.clear();
-  seeing.reserve(found.size());
   for (std::uint64_t key : order) {
     Als s = found[key & 0x3FFFF];
     // Every digit at once, without branches: a cell leaves a digit's set as
     // it is unless it holds that digit. Digits outside the set see nothing.
-    Seeing& see = seeing.emplace_back();
+    Seeing see;
     for (std::size_t d = 0; d < 9; ++d) {
       const std::uint64_t in = std::uint64_t(0) - ((s.digits >> d) & 1u);
       see[d] = {in, in};
@@ -118,26 +160,27 @@ std::vector<Als> almostLockedSets(const TechniqueBoard& board, const std::array<
     }
     for (std::size_t d = 0; d < 9; ++d)
       s.reaching |= std::uint16_t(unsigned((see[d] & holds[d]).any()) << d);
-    if (!s.reaching) {
-      seeing.pop_back();
-      continue;
-    }
+    if (!s.reaching) continue;
+    seeing.push_back(see);
     sets.push_back(s);
   }
-  return sets;
 }
 
-/// Sets of almost locked sets, bit i for the i-th, in rows.
+/// Sets of almost locked sets, bit i for the i-th, in rows (empty at first),
+/// written in a buffer of the finder's work.
 class AlsRows {
  public:
-  AlsRows(std::size_t rows, std::size_t count) : m_words((count + 63) / 64), m_bits(rows * m_words) {}
+  AlsRows(std::vector<std::uint64_t>& bits, std::size_t rows, std::size_t count)
+      : m_words((count + 63) / 64), m_bits(bits) {
+    m_bits.assign(rows * m_words, 0);
+  }
   std::size_t words() const { return m_words; }
   const std::uint64_t* row(std::size_t r) const { return &m_bits[r * m_words]; }
   void add(std::size_t r, std::size_t i) { m_bits[r * m_words + i / 64] |= std::uint64_t(1) << (i % 64); }
 
  private:
   std::size_t m_words;
-  std::vector<std::uint64_t> m_bits;
+  std::vector<std::uint64_t>& m_bits;
 };
 
 /// The restricted common digit x and the digit z of a pair, lowest first
@@ -145,14 +188,19 @@ class AlsRows {
 std::pair<int, int> linkOf(const TechniqueContext& ctx, const std::array<CellSet, 9>& holds, const Als& a,
                            const Seeing& aSees, const Als& b, const Seeing& bSees) {
   const auto common = std::uint16_t(a.digits & b.digits);
+  // The digits some cell seeing all of both sets' places of them can lose
+  // (whichever x turns out restricted, z is the lowest of them but x).
+  std::uint16_t removable = 0;
+  for (std::uint16_t zs = common & a.reaching & b.reaching; zs; zs &= std::uint16_t(zs - 1)) {
+    const auto z = std::size_t(std::countr_zero(zs));
+    const CellSet removed = holds[z] & aSees[z] & bSees[z];
+    if (ctx.singledOut() ? (removed & ctx.wanted(int(z) + 1)).any() : removed.any()) removable |= std::uint16_t(1u << z);
+  }
+  if (!removable) return {0, 0};
   for (std::uint16_t xs = common; xs; xs &= std::uint16_t(xs - 1)) {
     const auto x = std::size_t(std::countr_zero(xs));
-    if (!(b.where & holds[x]).within(aSees[x])) continue;
-    for (std::uint16_t zs = common & a.reaching & b.reaching & ~(1u << x); zs; zs &= std::uint16_t(zs - 1)) {
-      const auto z = std::size_t(std::countr_zero(zs));
-      const CellSet removed = holds[z] & aSees[z] & bSees[z];
-      if (ctx.singledOut() ? (removed & ctx.wanted(int(z) + 1)).any() : removed.any()) return {int(x) + 1, int(z) + 1};
-    }
+    const auto zs = std::uint16_t(removable & ~(1u << x));
+    if (zs && (b.where & holds[x]).within(aSees[x])) return {int(x) + 1, std::countr_zero(zs) + 1};
   }
   return {0, 0};
 }
@@ -165,26 +213,27 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
   const TechniqueBoard& board = ctx.board;
   std::array<CellSet, 9> holds{};
   for (int d = 1; d <= 9; ++d) holds[std::size_t(d - 1)] = ctx.holds(d);
-  std::vector<Seeing> seeing;
-  const std::vector<Als> sets = almostLockedSets(board, holds, seeing);
+  AlsWork own;
+  AlsWork& work = ctx.work() ? ctx.work()->als() : own;
+  almostLockedSets(board, holds, work);
+  const std::vector<Als>& sets = work.sets;
+  const std::vector<Seeing>& seeing = work.seeing;
   const std::size_t n = sets.size();
 
-  // Which sets take in each cell, and hold each digit in places some cell
-  // outside sees all of (a z they might remove).
-  AlsRows byCell(kCellCount, n), byReaching(9, n);
+  // Which sets take in each cell.
+  AlsRows byCell(work.byCell, kCellCount, n);
   // A row for each place of each digit (a digit and a cell holding it), and
   // in it the sets whose lowest (byLow) or highest (byHigh) place of that
   // digit is there: a partner's places of x all lie where A's places of x
   // are seen, so both its lowest and its highest one do.
-  std::array<std::array<std::uint16_t, kCellCount>, 9> placeRow{};
+  std::array<std::array<std::uint16_t, kCellCount>, 9> placeRow;  // read only where a digit has a place
   std::size_t placeRows = 0;
   for (std::size_t d = 0; d < 9; ++d) holds[d].forEach([&](int c) { placeRow[d][std::size_t(c)] = std::uint16_t(placeRows++); });
-  AlsRows byLow(placeRows, n), byHigh(placeRows, n);
-  std::vector<std::size_t> lastLow(placeRows);  // one past the last set in each byLow row, 0 for none
+  AlsRows byLow(work.byLow, placeRows, n), byHigh(work.byHigh, placeRows, n);
+  std::vector<std::size_t>& lastLow = work.lastLow;  // one past the last set in each byLow row, 0 for none
+  lastLow.assign(placeRows, 0);
   for (std::size_t i = 0; i < n; ++i) {
     for (int k = 0; k < sets[i].size; ++k) byCell.add(sets[i].cells[std::size_t(k)], i);
-    for (std::uint16_t m = sets[i].reaching; m; m &= std::uint16_t(m - 1))
-      byReaching.add(std::size_t(std::countr_zero(m)), i);
     for (std::uint16_t m = sets[i].digits; m; m &= std::uint16_t(m - 1)) {
       const auto d = std::size_t(std::countr_zero(m));
       const CellSet places = sets[i].where & holds[d];
@@ -196,8 +245,11 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
     }
   }
   const std::size_t words = byCell.words();
-  std::vector<std::uint64_t> later(words), partners(words);
-  std::array<std::size_t, kCellCount> rowAt{};  // the place rows of the cells where B's places of x may lie
+  std::vector<std::uint64_t>& later = work.later;
+  std::vector<std::uint64_t>& partners = work.partners;
+  later.assign(words, 0);
+  partners.assign(words, 0);
+  std::array<std::size_t, kCellCount> rowAt;  // the place rows of the cells where B's places of x may lie
 
   int bestTotal = 2 * kMaxAlsCells + 1;
   std::size_t bestA = 0, bestB = 0;
@@ -235,14 +287,9 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
         if (!later[w]) continue;
         std::uint64_t low = 0, high = 0;
         for (std::size_t k = 0; k < rows; ++k) low |= byLow.row(rowAt[k])[w], high |= byHigh.row(rowAt[k])[w];
-        const std::uint64_t near = low & high & later[w];
-        if (!near) continue;
-        std::uint64_t z = 0;
-        for (std::uint16_t m = zs; m; m &= std::uint16_t(m - 1))
-          z |= byReaching.row(std::size_t(std::countr_zero(m)))[w];
-        for (std::uint64_t bits = near & z; bits; bits &= bits - 1) {
+        for (std::uint64_t bits = low & high & later[w]; bits; bits &= bits - 1) {
           const std::size_t j = w * 64 + std::size_t(std::countr_zero(bits));
-          if ((sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
+          if ((sets[j].reaching & zs) && (sets[j].where & places).within(sees)) partners[w] |= bits & -bits;
         }
       }
     }

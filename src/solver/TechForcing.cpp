@@ -19,6 +19,7 @@
 // ancestors of its conclusion.
 
 #include <bit>
+#include <deque>
 
 #include "solver/CellSet.h"
 #include "solver/Techniques.h"
@@ -56,7 +57,9 @@ constexpr CellSet kAllCells{~std::uint64_t(0), (std::uint64_t(1) << (kCellCount 
 /// Where the digits can go in each area, kept up to date as a branch places
 /// digits: what its look for singles reads.
 struct Places {
-  std::array<std::array<std::uint8_t, 9>, 27> count;  ///< cells of the area holding the digit as a candidate
+  /// Cells of the area holding the digit as a candidate (in a branch, only
+  /// while the digit is not placed in the area: a look never reads it after).
+  std::array<std::array<std::uint8_t, 9>, 27> count;
   std::array<std::uint16_t, 27> placed;               ///< digits with a value in the area
   /// Digits whose count fell to one or none since the last look (an area's
   /// single or contradiction, unless the digit is placed there), and the areas
@@ -76,15 +79,15 @@ struct Start {
   bool quiet = true;
 };
 
-Start startOf(const TechniqueBoard& board) {
+Start startOf(const TechniqueContext& ctx) {
+  const TechniqueBoard& board = ctx.board;
   Start start;
   Places& p = start.places;
-  for (int a = 0; a < 27; ++a)
-    for (std::uint8_t c : kAreas[std::size_t(a)]) {
-      for (std::uint16_t m = board.cand[c]; m; m &= std::uint16_t(m - 1))
-        ++p.count[std::size_t(a)][std::size_t(std::countr_zero(unsigned(m)))];
+  for (int a = 0; a < 27; ++a) {
+    for (int d = 1; d <= 9; ++d) p.count[std::size_t(a)][std::size_t(d - 1)] = std::uint8_t(count(ctx.at(a, d)));
+    for (std::uint8_t c : kAreas[std::size_t(a)])
       if (board.value[c]) p.placed[std::size_t(a)] |= bitOf(board.value[c]);
-    }
+  }
   for (std::size_t a = 0; a < 27; ++a) {
     for (std::size_t d = 0; d < 9; ++d)
       if (p.count[a][d] <= 1) p.watch[a] |= std::uint16_t(1u << d);
@@ -105,20 +108,32 @@ struct BranchState {
   std::array<std::uint8_t, kMaxImplications> logCell;
   std::array<std::uint8_t, kMaxImplications> logDigit;
   Places places;
-  /// The cells whose candidates or value changed since the last look for singles.
-  CellSet touched;
+  /// The cells holding each digit (index 0..8) as a candidate.
+  std::array<CellSet, 9> holds;
+  /// The cells whose candidates or value changed since the last look for
+  /// singles, and since the assumption.
+  CellSet touched, changed;
   int size = 0;
   bool contradiction = false;
   Dead dead;
 };
 
 int lowDigit(std::uint16_t set) { return std::countr_zero(unsigned(set)) + 1; }
-int popcount(std::uint64_t m) { return std::popcount(m); }
+/// The number of bits set, without a library call where the target has no
+/// instruction for it (as the default x86-64 one).
+int popcount(std::uint64_t m) {
+  m -= (m >> 1) & 0x5555555555555555u;
+  m = (m & 0x3333333333333333u) + ((m >> 2) & 0x3333333333333333u);
+  m = (m + (m >> 4)) & 0x0F0F0F0F0F0F0F0Fu;
+  return int((m * 0x0101010101010101u) >> 56);
+}
 
-/// The cell no longer holds digit index d (0..8) as a candidate.
-void lose(BranchState& s, int cell, std::size_t d) {
+/// The cell no longer holds digit index d (0..8) as a candidate. The areas of
+/// `skip` (bit a for area a) have the digit placed, and their counts of it are
+/// no longer read: they are left as they are.
+void lose(BranchState& s, int cell, std::size_t d, std::uint32_t skip = 0) {
   for (std::uint8_t a : kCellAreas[std::size_t(cell)])
-    if (--s.places.count[a][d] <= 1) {
+    if (!((skip >> a) & 1u) && --s.places.count[a][d] <= 1) {
       s.places.watch[a] |= std::uint16_t(1u << d);
       s.places.watchAreas |= 1u << a;
     }
@@ -129,20 +144,32 @@ void place(BranchState& s, int cell, int digit, std::uint8_t by) {
   auto& removed = s.removedBy[std::size_t(cell)];
   for (std::uint16_t rest = std::uint16_t(s.cand[std::size_t(cell)] & ~bit); rest; rest &= std::uint16_t(rest - 1))
     removed[std::size_t(std::countr_zero(unsigned(rest)))] = by;
-  for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1))
-    lose(s, cell, std::size_t(std::countr_zero(unsigned(all))));
+  CellSet self;
+  self.add(cell);
+  const auto& areas = kCellAreas[std::size_t(cell)];
+  const std::uint32_t cellAreas = (1u << areas[0]) | (1u << areas[1]) | (1u << areas[2]);
+  for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1)) {
+    const auto d = std::size_t(std::countr_zero(unsigned(all)));
+    if (d != std::size_t(digit - 1)) lose(s, cell, d);
+    s.holds[d] = s.holds[d] - self;
+  }
   s.cand[std::size_t(cell)] = 0;
   s.value[std::size_t(cell)] = std::uint8_t(digit);
   s.placedBy[std::size_t(cell)] = by;
   for (std::uint8_t a : kCellAreas[std::size_t(cell)]) s.places.placed[a] |= bit;
   s.touched.add(cell);
-  for (std::uint8_t peer : kPeers[std::size_t(cell)])
-    if (s.cand[peer] & bit) {
-      s.cand[peer] = std::uint16_t(s.cand[peer] & ~bit);
-      s.removedBy[peer][std::size_t(digit - 1)] = by;
-      s.touched.add(peer);
-      lose(s, peer, std::size_t(digit - 1));
-    }
+  s.changed.add(cell);
+  // The peers still holding the digit lose it (in any order: what each loss
+  // changes does not depend on the others).
+  const CellSet losing = kPeerSets[std::size_t(cell)] & s.holds[std::size_t(digit - 1)];
+  s.touched |= losing;
+  s.changed |= losing;
+  s.holds[std::size_t(digit - 1)] = s.holds[std::size_t(digit - 1)] - losing;
+  losing.forEach([&](int peer) {
+    s.cand[std::size_t(peer)] = std::uint16_t(s.cand[std::size_t(peer)] & ~bit);
+    s.removedBy[std::size_t(peer)][std::size_t(digit - 1)] = by;
+    lose(s, peer, std::size_t(digit - 1), cellAreas);
+  });
 }
 
 /// The ancestors of the loss of the candidates `lost` of `cell` (all lost in the branch).
@@ -154,11 +181,13 @@ std::uint64_t lossAncestors(const BranchState& s, int cell, std::uint16_t lost) 
 }
 
 /// The ancestors of `digit` leaving every cell of `area` but `except` that had it on the board.
-std::uint64_t areaLossAncestors(const TechniqueBoard& board, const BranchState& s, int area, int digit, int except) {
-  const std::uint16_t bit = bitOf(digit);
+std::uint64_t areaLossAncestors(const TechniqueContext& ctx, const BranchState& s, int area, int digit, int except) {
+  const auto& cells = kAreas[std::size_t(area)];
   std::uint64_t m = 0;
-  for (std::uint8_t c : kAreas[std::size_t(area)])
-    if (c != except && (board.cand[c] & bit)) m |= s.ancestors[s.removedBy[c][std::size_t(digit - 1)]];
+  for (std::uint16_t at = ctx.at(area, digit); at; at &= std::uint16_t(at - 1)) {
+    const std::uint8_t c = cells[std::size_t(std::countr_zero(unsigned(at)))];
+    if (c != except) m |= s.ancestors[s.removedBy[c][std::size_t(digit - 1)]];
+  }
   return m;
 }
 
@@ -172,11 +201,14 @@ std::uint64_t areaLossAncestors(const TechniqueBoard& board, const BranchState& 
 /// every cell and every such digit of the board, unless the board is quiet).
 /// The others look as they did at the last look, when they held no single (or
 /// their singles were placed, which changes them) and no contradiction.
-void runBranch(const TechniqueBoard& board, const Start& start, int cell, int digit, BranchState& s) {
+void runBranch(const TechniqueContext& ctx, const Start& start, int cell, int digit, BranchState& s) {
+  const TechniqueBoard& board = ctx.board;
   s.cand = board.cand;
   s.value = board.value;
   s.places = start.places;
+  for (int d = 1; d <= 9; ++d) s.holds[std::size_t(d - 1)] = ctx.holds(d);
   s.touched = start.quiet ? CellSet{} : kAllCells;
+  s.changed = CellSet{};
   s.size = 0;
   s.contradiction = false;
   s.dead = Dead{};
@@ -231,15 +263,12 @@ void runBranch(const TechniqueBoard& board, const Start& start, int cell, int di
       }
       for (std::uint16_t m = missing; m; m &= std::uint16_t(m - 1)) {
         const int d = lowDigit(m);
-        die({-1, int(a), d, areaLossAncestors(board, s, int(a), d, -1)});
+        die({-1, int(a), d, areaLossAncestors(ctx, s, int(a), d, -1)});
       }
       for (; hidden; hidden &= std::uint16_t(hidden - 1)) {
         const int d = lowDigit(hidden);
-        for (std::uint8_t c : kAreas[a])
-          if (s.cand[c] & bitOf(d)) {
-            offer(c, d, areaLossAncestors(board, s, int(a), d, c));
-            break;
-          }
+        const int c = (s.holds[std::size_t(d - 1)] & kAreaSets[a]).first();  // its one place left
+        offer(c, d, areaLossAncestors(ctx, s, int(a), d, c));
       }
     }
     s.places.watchAreas = 0;
@@ -263,6 +292,9 @@ void runBranch(const TechniqueBoard& board, const Start& start, int cell, int di
   }
 }
 
+/// The branches of a source, in the order of its possibilities.
+using Branches = std::array<const BranchState*, 9>;
+
 /// What a source concludes: its assumption (every other branch dies), a
 /// placement, or an elimination, and the implications all its branches need.
 struct Conclusion {
@@ -284,58 +316,62 @@ bool wanted(const TechniqueContext& ctx, Conclusion::Kind kind, int cell, int di
 /// The cheapest conclusion of the branches (in the order: the surviving
 /// assumption, then cells ascending, a placement before eliminations, digits
 /// ascending) that the context wants, or None.
-Conclusion conclude(const TechniqueContext& ctx, const std::array<BranchState, 9>& branches,
+Conclusion conclude(const TechniqueContext& ctx, const Branches& branches,
                     const std::array<Candidate, 9>& assumed, int n) {
   const TechniqueBoard& board = ctx.board;
   int deadCost = 0, live = 0, first = -1;
   for (int b = 0; b < n; ++b) {
-    if (branches[std::size_t(b)].contradiction) {
-      deadCost += popcount(branches[std::size_t(b)].dead.ancestors);
+    if (branches[std::size_t(b)]->contradiction) {
+      deadCost += popcount(branches[std::size_t(b)]->dead.ancestors);
     } else {
       ++live;
       if (first < 0) first = b;
     }
   }
-  Conclusion best;
-  if (live == 0) return best;  // no solution on this board
+  if (live == 0) return {};  // no solution on this board
   if (live == 1) {
     const Candidate& a = assumed[std::size_t(first)];
-    if (!wanted(ctx, Conclusion::Assumption, a.cell, a.digit)) return best;
+    if (!wanted(ctx, Conclusion::Assumption, a.cell, a.digit)) return {};
     return {Conclusion::Assumption, a.cell, a.digit, deadCost};
   }
-  for (int y = 0; y < kCellCount; ++y) {
-    if (board.value[std::size_t(y)] || !board.cand[std::size_t(y)]) continue;
-    const int w = branches[std::size_t(first)].value[std::size_t(y)];
+  // Only a cell every live branch changed can be placed or lose a candidate in all.
+  CellSet everywhere = branches[std::size_t(first)]->changed;
+  for (int b = first + 1; b < n; ++b)
+    if (!branches[std::size_t(b)]->contradiction) everywhere = everywhere & branches[std::size_t(b)]->changed;
+  Conclusion best;
+  everywhere.forEach([&](int y) {
+    if (board.value[std::size_t(y)] || !board.cand[std::size_t(y)]) return;
+    const int w = branches[std::size_t(first)]->value[std::size_t(y)];
     bool placedInAll = w != 0;
     std::uint16_t lost = board.cand[std::size_t(y)];
     for (int b = first; b < n; ++b) {
-      const BranchState& s = branches[std::size_t(b)];
+      const BranchState& s = *branches[std::size_t(b)];
       if (s.contradiction) continue;
       const int v = s.value[std::size_t(y)];
       placedInAll = placedInAll && v == w && s.placedBy[std::size_t(y)] != kAssumption;
       lost &= std::uint16_t(~s.cand[std::size_t(y)] & ~(v ? bitOf(v) : 0));
     }
     if (placedInAll) {
-      if (!wanted(ctx, Conclusion::Placement, y, w)) continue;
+      if (!wanted(ctx, Conclusion::Placement, y, w)) return;
       int cost = deadCost;
       for (int b = first; b < n; ++b) {
-        const BranchState& s = branches[std::size_t(b)];
+        const BranchState& s = *branches[std::size_t(b)];
         if (!s.contradiction) cost += popcount(s.ancestors[s.placedBy[std::size_t(y)]]);
       }
       if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Placement, y, w, cost};
-      continue;
+      return;
     }
     for (; lost; lost &= std::uint16_t(lost - 1)) {
       const int d = lowDigit(lost);
       if (!wanted(ctx, Conclusion::Elimination, y, d)) continue;
       int cost = deadCost;
       for (int b = first; b < n; ++b) {
-        const BranchState& s = branches[std::size_t(b)];
+        const BranchState& s = *branches[std::size_t(b)];
         if (!s.contradiction) cost += 1 + popcount(s.ancestors[s.removedBy[std::size_t(y)][std::size_t(d - 1)]]);
       }
       if (best.kind == Conclusion::None || cost < best.cost) best = {Conclusion::Elimination, y, d, cost};
     }
-  }
+  });
   return best;
 }
 
@@ -349,10 +385,10 @@ std::vector<Implication> implications(const BranchState& s, std::uint64_t ancest
 }
 
 /// The record of a source's branches and their conclusion.
-void record(TechniqueStep& step, const std::array<BranchState, 9>& branches, const std::array<Candidate, 9>& assumed,
+void record(TechniqueStep& step, const Branches& branches, const std::array<Candidate, 9>& assumed,
             int n, const Conclusion& c) {
   for (int b = 0; b < n; ++b) {
-    const BranchState& s = branches[std::size_t(b)];
+    const BranchState& s = *branches[std::size_t(b)];
     Branch branch;
     branch.cell = assumed[std::size_t(b)].cell;
     branch.digit = assumed[std::size_t(b)].digit;
@@ -397,49 +433,103 @@ int assumptions(const TechniqueBoard& board, const Source& src, std::array<Candi
   return n;
 }
 
-/// The sources with `n` possibilities, in order; `visit` returns false to stop.
-template <class Visit>
-void forEachSource(const TechniqueContext& ctx, bool units, int n, Visit visit) {
+/// The sources of a board by their number of possibilities: the open cells
+/// by their candidates, and in each area the digits not placed there by
+/// their places.
+struct Sources {
+  std::array<CellSet, 10> cells{};
+  std::array<std::array<std::uint16_t, 27>, 10> digits{};
+};
+
+Sources sourcesOf(const TechniqueContext& ctx, bool units) {
   const TechniqueBoard& board = ctx.board;
+  Sources sources;
   if (!units) {
     for (int c = 0; c < kCellCount; ++c)
-      if (!board.value[std::size_t(c)] && count(board.cand[std::size_t(c)]) == n) visit(Source{c, -1, 0});
-    return;
+      if (!board.value[std::size_t(c)]) sources.cells[std::size_t(count(board.cand[std::size_t(c)]))].add(c);
+    return sources;
   }
   for (int a = 0; a < 27; ++a) {
     std::uint16_t placed = 0;
     for (std::uint8_t c : kAreas[std::size_t(a)])
       if (board.value[c]) placed |= bitOf(board.value[c]);
     for (int d = 1; d <= 9; ++d)
-      if (!(placed & bitOf(d)) && count(ctx.at(a, d)) == n) visit(Source{-1, a, d});
+      if (!(placed & bitOf(d))) sources.digits[std::size_t(count(ctx.at(a, d)))][std::size_t(a)] |= bitOf(d);
   }
+  return sources;
+}
+
+/// The sources with `n` possibilities, in order.
+template <class Visit>
+void forEachSource(const Sources& sources, bool units, int n, Visit visit) {
+  if (!units) {
+    sources.cells[std::size_t(n)].forEach([&](int c) { visit(Source{c, -1, 0}); });
+    return;
+  }
+  for (int a = 0; a < 27; ++a)
+    for (std::uint16_t m = sources.digits[std::size_t(n)][std::size_t(a)]; m; m &= std::uint16_t(m - 1))
+      visit(Source{-1, a, lowDigit(m)});
 }
 
 /// The forcing chain with the fewest branches, and among those the fewest
 /// implications (ties: the first source, then the first conclusion, in order).
 std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units) {
   const TechniqueBoard& board = ctx.board;
-  const Start start = startOf(board);
-  std::array<BranchState, 9> branches;
-  std::array<Candidate, 9> assumed;
+  const Start start = startOf(ctx);
+  const Sources sources = sourcesOf(ctx, units);
+  // A cell's branches belong to it alone: those of the source being followed,
+  // and those of the best one so far (kept for its record), swap when a
+  // source becomes the best. A branch of a unit (a cell holding the digit)
+  // is one of up to three units' and is followed once, into `followedOnce`
+  // (a deque: what it holds stays where it is), found through `onceAt`.
+  std::array<std::array<BranchState, 9>, 2> followed;
+  std::array<BranchState, 9>* current = &followed[0];
+  std::array<BranchState, 9>* kept = &followed[1];
+  std::deque<BranchState> followedOnce;
+  std::array<std::int16_t, kCellCount * 9> onceAt;
+  if (units) onceAt.fill(-1);
+  std::array<Candidate, 9> assumed, keptAssumed;
+  Branches branches{}, keptBranches{};
   for (int n = 2; n <= 9; ++n) {
     Source bestSource;
     Conclusion best;
-    forEachSource(ctx, units, n, [&](const Source& src) {
+    forEachSource(sources, units, n, [&](const Source& src) {
       assumptions(board, src, assumed);
-      for (int b = 0; b < n; ++b)
-        runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
+      // What the branches followed so far already cost: each dead one the
+      // placements behind its contradiction, and once two live, each live one
+      // at least one (the conclusion's own placement or elimination). A source
+      // that cannot cost less than the best one so far cannot replace it.
+      int spent = 0, live = 0;
+      for (int b = 0; b < n; ++b) {
+        const Candidate& a = assumed[std::size_t(b)];
+        if (!units) {
+          runBranch(ctx, start, a.cell, a.digit, (*current)[std::size_t(b)]);
+          branches[std::size_t(b)] = &(*current)[std::size_t(b)];
+        } else {
+          std::int16_t& at = onceAt[std::size_t(a.cell * 9 + a.digit - 1)];
+          if (at < 0) {
+            at = std::int16_t(followedOnce.size());
+            runBranch(ctx, start, a.cell, a.digit, followedOnce.emplace_back());
+          }
+          branches[std::size_t(b)] = &followedOnce[std::size_t(at)];
+        }
+        const BranchState& s = *branches[std::size_t(b)];
+        if (s.contradiction)
+          spent += popcount(s.dead.ancestors);
+        else
+          ++live;
+        if (best.kind != Conclusion::None && spent + (live >= 2 ? live : 0) >= best.cost) return;
+      }
       const Conclusion c = conclude(ctx, branches, assumed, n);
       if (c.kind != Conclusion::None && (best.kind == Conclusion::None || c.cost < best.cost)) {
         best = c;
         bestSource = src;
+        keptAssumed = assumed;
+        keptBranches = branches;
+        if (!units) std::swap(current, kept);
       }
     });
     if (best.kind == Conclusion::None) continue;
-    // Follow the chosen source's branches again (the same way) to write its record.
-    assumptions(board, bestSource, assumed);
-    for (int b = 0; b < n; ++b)
-      runBranch(board, start, assumed[std::size_t(b)].cell, assumed[std::size_t(b)].digit, branches[std::size_t(b)]);
     TechniqueStep step;
     if (units) {
       step.technique = Technique::UnitForcingChain;
@@ -449,7 +539,7 @@ std::optional<TechniqueStep> findForcing(const TechniqueContext& ctx, bool units
       step.technique = Technique::CellForcingChain;
       step.cells = {bestSource.cell};
     }
-    record(step, branches, assumed, n, best);
+    record(step, keptBranches, keptAssumed, n, best);
     return step;
   }
   return std::nullopt;

@@ -37,6 +37,7 @@ struct TechniqueBoard {
 };
 
 struct ChainWork;
+struct AlsWork;
 
 /// Buffers finders reuse from one call to the next on the boards of one solve
 /// (the step search keeps them in its StepMemory), so that a call seldom
@@ -49,9 +50,13 @@ class FinderWork {
   FinderWork(const FinderWork&);
   FinderWork& operator=(const FinderWork&);
   ChainWork& chains();  ///< the chain searches' (TechChains.cpp)
+  AlsWork& als();        ///< ALS-XZ's (TechAls.cpp)
 
  private:
   std::unique_ptr<ChainWork> m_chains;
+  /// Shared only for its deleter, which it takes where AlsWork is complete;
+  /// a copied FinderWork still starts without one.
+  std::shared_ptr<AlsWork> m_als;
 };
 
 /// A board with what many finders read of it worked out once: where each
