@@ -267,9 +267,10 @@ std::optional<TechniqueStep> findAlsXz(const TechniqueContext& ctx) {
     // Those with an x whose places all see A's (so holding x in a cell that
     // sees all of A's) and a z that might remove something.
     std::fill(partners.begin(), partners.end(), 0);
-    for (int x = 1; x <= 9; ++x) {
+    for (std::uint16_t xs = a.digits; xs; xs &= std::uint16_t(xs - 1)) {
+      const int x = std::countr_zero(xs) + 1;
       const auto zs = std::uint16_t(a.reaching & ~bitOf(x));
-      if (!(a.digits & bitOf(x)) || !zs) continue;
+      if (!zs) continue;
       const CellSet& sees = seeing[i][std::size_t(x - 1)];
       const CellSet& places = holds[std::size_t(x - 1)];
       const CellSet meeting = sees & places;
