@@ -187,10 +187,14 @@ static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
         if (!step || !TechniqueContext::touches(*step, left)) return false;
         if (!sameAsFirst(*step) && visit(*step)) return true;
         // What this instance bears on is judged: the next must bear on something else.
-        for (const Candidate& e : step->eliminations) left[std::size_t(e.digit - 1)] = left[std::size_t(e.digit - 1)] - cellSetOf(e.cell);
+        for (const Candidate& e : step->eliminations) {
+          CellSet& cells = left[std::size_t(e.digit - 1)];
+          cells = cells - cellSetOf(e.cell);
+        }
         for (const Candidate& p : step->placements) {
-          left[std::size_t(p.digit - 1)] = left[std::size_t(p.digit - 1)] - kPeerSets[std::size_t(p.cell)];
-          for (CellSet& cells : left) cells = cells - cellSetOf(p.cell);
+          CellSet& cells = left[std::size_t(p.digit - 1)];
+          cells = cells - kPeerSets[std::size_t(p.cell)];
+          for (CellSet& other : left) other = other - cellSetOf(p.cell);
         }
       }
     }

@@ -50,13 +50,12 @@ TechniqueContext::TechniqueContext(const TechniqueBoard& b) : board(b) {
 }
 
 bool TechniqueContext::touches(const TechniqueStep& step, const std::array<CellSet, 9>& cells) {
-  const auto has = [&](int cell, int digit) { return cells[std::size_t(digit - 1)].has(cell); };
   for (const Candidate& e : step.eliminations)
-    if (has(e.cell, e.digit)) return true;
+    if (cells[std::size_t(e.digit - 1)].has(e.cell)) return true;
   for (const Candidate& p : step.placements) {
     if ((kPeerSets[std::size_t(p.cell)] & cells[std::size_t(p.digit - 1)]).any()) return true;
-    for (int d = 1; d <= 9; ++d)
-      if (has(p.cell, d)) return true;
+    for (const CellSet& digitCells : cells)
+      if (digitCells.has(p.cell)) return true;
   }
   return false;
 }

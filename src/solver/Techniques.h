@@ -280,7 +280,9 @@ constexpr bool standsOnBivalueCells(Technique t) { return t == Technique::XYWing
 /// candidate comes back. Any sequence of boards may share one memory.
 class StepMemory {
  public:
-  /// Forgets what was found on the digits and areas whose cells differ on this board.
+  /// Forgets what was found on the digits and areas whose cells differ on
+  /// this board, and by the finders that stand on the bivalue cells unless
+  /// those stay as they were and no candidate comes back.
   void moveTo(const TechniqueBoard& board);
   /// The digits or areas on which the finder of `t` is known to find nothing.
   std::uint32_t nothingOn(Technique t) const { return m_nothingOn[std::size_t(t)]; }
