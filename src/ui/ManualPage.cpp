@@ -475,11 +475,15 @@ void ManualPage::showVerdict(const std::optional<Verdict>& verdict) {
   std::vector<HintLine>& hints = m_session.hints;
   std::erase_if(hints, [](const HintLine& line) { return line.kind == HintKind::Verdict; });
   if (verdict) hints.push_back(verdict->line());
+  // The board shows which instance the verdict means: any on the board counts,
+  // not only the one Nudge would show.
+  m_verdictPattern = verdict && verdict->step ? tellStep(*verdict->step, 3).pattern : std::vector<int>{};
 }
 
 void ManualPage::endNudge() {
   m_nudgeShown.reset();
   m_wrongNotes.clear();
+  m_verdictPattern.clear();
 }
 
 void ManualPage::undo() {
@@ -511,6 +515,7 @@ void ManualPage::nudge() {
       lines.push_back({HintKind::Heading, 0, 0, line});
     m_session.hints = std::move(lines);
     m_wrongNotes.clear();
+    m_verdictPattern.clear();
     m_nudgeShown = nudge;
   });
   m_hints->scrollToBottom();
@@ -534,6 +539,7 @@ void ManualPage::checkNotes() {
   run([this] {
     const NotesCheck check = m_game->checkNotes();
     m_nudgeShown.reset();
+    m_verdictPattern.clear();
     m_wrongNotes = check.cells;
     m_session.hints = {{HintKind::Heading, 0, 0, check.text}};
   });
@@ -553,6 +559,7 @@ void ManualPage::drawMarks() {
       m.clash = repeated[std::size_t(c)];
       if (digit && c != selected && grid[c].value == digit) m.shade = PlayShade::SameDigit;
     }
+    for (int c : m_verdictPattern) marks.at(std::size_t(c - 1)).shade = PlayShade::NudgePattern;
     if (m_nudgeShown) {
       for (int c : m_nudgeShown->area) marks.at(std::size_t(c - 1)).shade = PlayShade::NudgeArea;
       for (int c : m_nudgeShown->pattern) marks.at(std::size_t(c - 1)).shade = PlayShade::NudgePattern;

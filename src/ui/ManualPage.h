@@ -200,6 +200,9 @@ class ManualPage : public TabPage {
   std::function<void(const BoardPlayMarks&)> m_drawMarks;
   BoardPlayMarks m_marks{};
   std::optional<Nudge> m_nudgeShown;  ///< the last nudge, until the board changes
+  /// The cells of the step the last move's verdict names (1..81), until the
+  /// board changes or a nudge or Check notes takes the board.
+  std::vector<int> m_verdictPattern;
   std::vector<int> m_wrongNotes;      ///< the cells Check notes found, until the board changes
   QTimer m_clock;
   Event::Subscription m_puzzleLoaded;  ///< ends before the page goes

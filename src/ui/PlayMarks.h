@@ -15,7 +15,7 @@ enum class PlayShade {
   None,
   SameDigit,   ///< holds the digit of the selected cell
   NudgeArea,   ///< in an area a nudge (level 2 on) points to
-  NudgePattern,  ///< a cell of the nudge's pattern (level 3 on)
+  NudgePattern,  ///< a cell of the nudge's pattern (level 3 on), or of the step the coach's verdict names
   WrongNotes,  ///< "Check notes": its notes lost the cell's solution digit
 };
 
