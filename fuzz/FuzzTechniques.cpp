@@ -9,6 +9,9 @@
 // each once, and its placements are candidates of open cells. On a puzzle
 // with exactly one solution whose board lost only candidates the solution
 // does not use, no step removes a digit of the solution or places another.
+// The same holds with one candidate singled out (the input's length chooses
+// it), and then a finder that looks at the whole board returns a step that
+// bears on it.
 
 #include <algorithm>
 #include <string>
@@ -26,22 +29,33 @@ bool candidate(const TechniqueBoard& board, const Candidate& c) {
          (board.cand[std::size_t(c.cell)] >> (c.digit - 1)) & 1u;
 }
 
-void checkFinders(const TechniqueBoard& board, const std::string& solution) {
+void checkStep(const TechniqueBoard& board, const std::string& solution, const std::optional<TechniqueStep>& step) {
+  if (!step) return;
+  FUZZ_CHECK(!step->eliminations.empty() || !step->placements.empty());
+  FUZZ_CHECK(std::is_sorted(step->eliminations.begin(), step->eliminations.end()));
+  FUZZ_CHECK(std::adjacent_find(step->eliminations.begin(), step->eliminations.end()) == step->eliminations.end());
+  for (const Candidate& e : step->eliminations) {
+    FUZZ_CHECK(candidate(board, e));
+    if (!solution.empty()) FUZZ_CHECK(solution[std::size_t(e.cell)] - '0' != e.digit);
+  }
+  for (const Candidate& p : step->placements) {
+    FUZZ_CHECK(candidate(board, p));
+    if (!solution.empty()) FUZZ_CHECK(solution[std::size_t(p.cell)] - '0' == p.digit);
+  }
+}
+
+void checkFinders(const TechniqueBoard& board, const std::string& solution, std::size_t pick) {
+  std::array<CellSet, 9> wanted{};
+  wanted[pick / 81 % 9].add(int(pick % 81));
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find) continue;
-    const std::optional<TechniqueStep> step = t.find(board);
-    if (!step) continue;
-    FUZZ_CHECK(!step->eliminations.empty() || !step->placements.empty());
-    FUZZ_CHECK(std::is_sorted(step->eliminations.begin(), step->eliminations.end()));
-    FUZZ_CHECK(std::adjacent_find(step->eliminations.begin(), step->eliminations.end()) == step->eliminations.end());
-    for (const Candidate& e : step->eliminations) {
-      FUZZ_CHECK(candidate(board, e));
-      if (!solution.empty()) FUZZ_CHECK(solution[std::size_t(e.cell)] - '0' != e.digit);
-    }
-    for (const Candidate& p : step->placements) {
-      FUZZ_CHECK(candidate(board, p));
-      if (!solution.empty()) FUZZ_CHECK(solution[std::size_t(p.cell)] - '0' == p.digit);
-    }
+    checkStep(board, solution, t.find(board));
+    TechniqueContext singled(board);
+    singled.singleOut(wanted);
+    const std::optional<TechniqueStep> step = t.find(singled);
+    checkStep(board, solution, step);
+    if (step && techniqueScope(t.id) == TechniqueScope::Board && int(t.id) >= kRuleCount)
+      FUZZ_CHECK(TechniqueContext::touches(*step, wanted));
   }
 }
 
@@ -66,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       if (unique && solution[std::size_t(cell)] - '0' == digit) continue;
       board.cand[std::size_t(cell)] &= std::uint16_t(~(1u << (digit - 1)));
     }
-    checkFinders(board, unique ? solution : std::string());
+    checkFinders(board, unique ? solution : std::string(), size);
     return 0;
   }
   TechniqueBoard board;
@@ -78,6 +92,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       board.cand[c] = std::uint16_t(word & 0x1FF);
   }
   board.uniqueSolution = size % 2 == 1;
-  checkFinders(board, {});
+  checkFinders(board, {}, size);
   return 0;
 }
