@@ -136,12 +136,6 @@ TechniqueBoard playerBoard(const Position& position, bool uniqueSolution) {
   return board;
 }
 
-static CellSet cellSetOf(int cell) {
-  CellSet set;
-  set.add(cell);
-  return set;
-}
-
 // Visits the instances of a technique the coach may name (true from `visit`
 // stops): every instance of a rule; of a further technique the first on the
 // board, then, for one that looks at each digit or each area on its own, the
@@ -189,12 +183,12 @@ static bool forEachInstance(const TechniqueInfo& t, const TechniqueBoard& board,
         // What this instance bears on is judged: the next must bear on something else.
         for (const Candidate& e : step->eliminations) {
           CellSet& cells = left[std::size_t(e.digit - 1)];
-          cells = cells - cellSetOf(e.cell);
+          cells = cells - CellSet::of(e.cell);
         }
         for (const Candidate& p : step->placements) {
           CellSet& cells = left[std::size_t(p.digit - 1)];
           cells = cells - kPeerSets[std::size_t(p.cell)];
-          for (CellSet& other : left) other = other - cellSetOf(p.cell);
+          for (CellSet& other : left) other = other - CellSet::of(p.cell);
         }
       }
     }
@@ -232,7 +226,7 @@ Verdict judgePlacement(const Position& before, int cell, int digit, const Soluti
   // or the digit's other places in one of the cell's areas.
   std::array<CellSet, 9> wanted{};
   for (int d = 1; d <= 9; ++d)
-    wanted[std::size_t(d - 1)] = d == digit ? kPeerSets[std::size_t(c0)] : cellSetOf(c0);
+    wanted[std::size_t(d - 1)] = d == digit ? kPeerSets[std::size_t(c0)] : CellSet::of(c0);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !options.techniques.has(t.id)) continue;
     if (t.id == Technique::Rule1) {
@@ -293,7 +287,7 @@ Verdict judgeNoteRemoval(const Position& before, int cell, int digit, const Solu
   const TechniqueBoard board = playerBoard(before, true);
   const std::string removes = ", which removes it";
   std::array<CellSet, 9> wanted{};
-  wanted[std::size_t(digit - 1)] = cellSetOf(c0);
+  wanted[std::size_t(digit - 1)] = CellSet::of(c0);
   for (const TechniqueInfo& t : kTechniques) {
     if (!t.find || !options.techniques.has(t.id)) continue;
     if (t.id == Technique::Rule1) {

@@ -15,6 +15,12 @@ namespace tessaly {
 struct CellSet {
   std::uint64_t lo = 0;  ///< cells 0..63
   std::uint64_t hi = 0;  ///< cells 64..80
+  /// The set of cell c alone.
+  static constexpr CellSet of(int c) {
+    CellSet set;
+    set.add(c);
+    return set;
+  }
   constexpr void add(int c) {
     if (c < 64)
       lo |= std::uint64_t(1) << c;

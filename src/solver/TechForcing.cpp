@@ -144,8 +144,7 @@ void place(BranchState& s, int cell, int digit, std::uint8_t by) {
   auto& removed = s.removedBy[std::size_t(cell)];
   for (std::uint16_t rest = std::uint16_t(s.cand[std::size_t(cell)] & ~bit); rest; rest &= std::uint16_t(rest - 1))
     removed[std::size_t(std::countr_zero(unsigned(rest)))] = by;
-  CellSet self;
-  self.add(cell);
+  const CellSet self = CellSet::of(cell);
   const auto& areas = kCellAreas[std::size_t(cell)];
   const std::uint32_t cellAreas = (1u << areas[0]) | (1u << areas[1]) | (1u << areas[2]);
   for (std::uint16_t all = s.cand[std::size_t(cell)]; all; all &= std::uint16_t(all - 1)) {

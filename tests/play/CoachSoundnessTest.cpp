@@ -82,8 +82,7 @@ bool techniqueForces(const TechniqueBoard& board, Technique t, int c, int d) {
   // one candidate whose removal could leave d alone in c or in an area of c.
   if (techniqueScope(row->id) == TechniqueScope::Board)
     for (int digit = 1; digit <= 9; ++digit) {
-      CellSet cells = kPeerSets[std::size_t(c)];
-      if (digit != d) cells = CellSet{}, cells.add(c);
+      const CellSet cells = digit == d ? kPeerSets[std::size_t(c)] : CellSet::of(c);
       cells.forEach([&](int p) {
         std::array<CellSet, 9> one{};
         one[std::size_t(digit - 1)].add(p);
