@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -397,12 +398,29 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
   event->accept();
 }
 
+int BoardView::boardKey(const QKeyEvent& event, QStringView platform) {
+  const int key = event.key();
+  // A digit is taken as it comes; the numeric pad and AltGr's signs are not the row's digits.
+  if ((key >= Qt::Key_1 && key <= Qt::Key_9) || (event.modifiers() & (Qt::KeypadModifier | Qt::GroupSwitchModifier)))
+    return key;
+  // The scan code of the row's "1" key: X keycodes (evdev's plus 8) under X
+  // and Wayland, set 1 scan codes under Windows. The row runs 1 to 9 from there.
+  quint32 one = 0;
+  if (platform == u"xcb" || platform.startsWith(u"wayland"))
+    one = 10;
+  else if (platform == u"windows")
+    one = 2;
+  const quint32 code = event.nativeScanCode();
+  if (!one || code < one || code > one + 8) return key;
+  return Qt::Key_1 + int(code - one);
+}
+
 void BoardView::keyReleaseEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return QWidget::keyReleaseEvent(event);
   event->accept();
   if (event->isAutoRepeat()) return;
   const int moves = m_currentMoves;
-  emit keyReleased(event->key(), event->modifiers());
+  emit keyReleased(boardKey(*event, QGuiApplication::platformName()), event->modifiers());
   // Whoever heard the key did not move the current cell: the arrows move it
   // here, so that a screen reader can walk the board on every tab.
   if (m_currentMoves != moves) return;

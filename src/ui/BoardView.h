@@ -97,6 +97,13 @@ class BoardView : public QWidget {
   int cellSize() const { return m_cellSize; }
   /// The tool tip of cell 0..80: its cell number 1..81.
   static QString cellToolTip(int index) { return QString::number(index + 1); }
+  /// The key `event` stands for on the board: a key of the main keyboard's
+  /// digit row that gives no digit on this layout (its shifted sign, or the
+  /// AZERTY row's unshifted one) is told as that digit's key, found from its
+  /// place on the row; every other key as it comes. `platform` names the
+  /// window system (QGuiApplication::platformName), whose scan codes the row
+  /// is read from; where they are unknown, the key comes as it is.
+  static int boardKey(const QKeyEvent& event, QStringView platform);
 
   /// The cell 0..80 under a point, or -1.
   int cellAt(const QPoint& point) const;

@@ -413,7 +413,9 @@ int ManualPage::noteDigit(int key, Qt::KeyboardModifiers modifiers) {
   if (!(modifiers & Qt::ShiftModifier) || (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
     return 0;
   if (key >= Qt::Key_1 && key <= Qt::Key_9) return 1 + (key - Qt::Key_1);
-  // With Shift, a keyboard reports the sign on the digit's key; these are a US keyboard's.
+  // With Shift, a keyboard reports the sign on the digit's key. The board tells
+  // such a key as its digit where it can read the key's place on the row
+  // (BoardView::boardKey); elsewhere, these are a US keyboard's signs.
   static constexpr std::array<int, 9> kShifted = {Qt::Key_Exclam,     Qt::Key_At,        Qt::Key_NumberSign,
                                                   Qt::Key_Dollar,     Qt::Key_Percent,   Qt::Key_AsciiCircum,
                                                   Qt::Key_Ampersand,  Qt::Key_Asterisk,  Qt::Key_ParenLeft};

@@ -150,5 +150,43 @@ TEST_F(KeyboardTest, TheContextMenuKeysDoWhatTheRightButtonDoes) {
   EXPECT_EQ(session.grid[line.cell].value, line.digit);
 }
 
+// What a key of the main keyboard's digit row does on the board, whatever the
+// layout: alone it places its digit, with Shift it notes it.
+TEST(BoardKeys, TheDigitRowPlacesAndNotesItsDigitsOnEveryLayout) {
+  struct Press {
+    const char* what;
+    const char* platform;
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    quint32 scanCode;
+    int value, note;  // what ManualPage takes from it
+  };
+  const Qt::KeyboardModifiers none = Qt::NoModifier, shift = Qt::ShiftModifier;
+  const std::vector<Press> presses = {
+      {"US 1", "xcb", Qt::Key_1, none, 10, 1, 0},
+      {"US Shift+1", "xcb", Qt::Key_Exclam, shift, 10, 0, 1},
+      {"German Shift+6 (&)", "xcb", Qt::Key_Ampersand, shift, 15, 0, 6},
+      {"German Shift+8 (()", "wayland", Qt::Key_ParenLeft, shift, 17, 0, 8},
+      {"UK Shift+3 (pound)", "xcb", Qt::Key_sterling, shift, 12, 0, 3},
+      {"AZERTY & alone", "xcb", Qt::Key_Ampersand, none, 10, 1, 0},
+      {"AZERTY Shift+& (1)", "xcb", Qt::Key_1, shift, 10, 0, 1},
+      {"German Shift+7 under Windows", "windows", Qt::Key_Slash, shift, 8, 0, 7},
+      {"the row's 0 key", "xcb", Qt::Key_Equal, shift, 19, 0, 0},
+      {"AltGr+7 ({)", "xcb", Qt::Key_BraceLeft, Qt::GroupSwitchModifier, 16, 0, 0},
+      {"keypad 5", "xcb", Qt::Key_5, Qt::KeypadModifier, 84, 5, 0},
+      {"Ctrl+Shift+1", "xcb", Qt::Key_Exclam, Qt::ControlModifier | shift, 10, 0, 0},
+      // Where the scan codes are unknown, a US keyboard's signs.
+      {"US Shift+7, no scan code", "offscreen", Qt::Key_Ampersand, shift, 0, 0, 7},
+      {"German Shift+6, scan codes unknown", "cocoa", Qt::Key_Ampersand, shift, 22, 0, 7},
+  };
+  for (const Press& p : presses) {
+    const QKeyEvent event(QEvent::KeyRelease, p.key, p.modifiers, p.scanCode, 0, 0);
+    const int key = BoardView::boardKey(event, QString::fromLatin1(p.platform));
+    const int note = ManualPage::noteDigit(key, p.modifiers);
+    EXPECT_EQ(note, p.note) << p.what;
+    EXPECT_EQ(note ? 0 : ManualPage::typedValue(key, p.modifiers), p.value) << p.what;
+  }
+}
+
 }  // namespace
 }  // namespace tessaly::testing
