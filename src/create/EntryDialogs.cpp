@@ -6,6 +6,7 @@
 #include "model/CollectionFile.h"
 #include "model/GridTables.h"
 #include "model/Session.h"
+#include "solver/ReadPuzzle.h"
 #include "solver/SolverEngine.h"
 
 namespace tessaly {
@@ -59,31 +60,13 @@ EntryCheck checkGridEntry(std::string_view text) {
   return check;
 }
 
-void applyGridEntry(Session& session, std::string_view digits) {
-  for (int c = 1; c <= kCells; ++c) {
-    Cell& cell = session.grid[c];
-    const int v = std::size_t(c - 1) < digits.size() ? digitValue(digits[std::size_t(c - 1)]) : 0;
-    cell.value = v;
-    cell.given = v != 0;
-    // A given shows its own digit as its candidate, as after a read.
-    cell.candidates = v ? CandidateSet::of(v) : CandidateSet();
-    session.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
-  }
-  SolverEngine(session).computeCandidates(false);
-  session.collection.setOrigin(BoardOrigin::entered());
-  session.collection.boardFromFile = false;
-  // What the status line told was about the board this one replaces.
-  session.run.ended = {};
-  session.puzzleLoaded.notify();
-}
-
 bool gridEntryOk(Session& session, std::string_view text) {
   EntryCheck check = checkGridEntry(text);
   if (!check.ok()) {
     session.message(check.refusal);
     return false;
   }
-  applyGridEntry(session, check.accepted);
+  enterPuzzle(session, check.accepted);
   return true;
 }
 
@@ -117,7 +100,7 @@ bool pastePuzzle(Session& session, std::string_view text) {
     return false;
   }
   if (!confirmPuzzle(session, digits)) return false;
-  applyGridEntry(session, digits);
+  enterPuzzle(session, digits);
   // The log told of the puzzle the paste replaced: it starts again with this
   // one's blank count, as after a read.
   session.clearEventLog();

@@ -41,9 +41,6 @@ struct EntryCheck {
 /// breaks are ignored; the first other non-digit refuses the text. More than 81
 /// digits are accepted and the first 81 used.
 EntryCheck checkGridEntry(std::string_view text);
-/// Makes 81 accepted digits the new puzzle: each non-zero digit a given, zeros
-/// empty cells; candidates computed; the title "New Puzzle".
-void applyGridEntry(Session& session, std::string_view digits);
 /// OK of the grid entry dialog: a refusal is shown and false returned (the
 /// dialog stays open); an accepted grid is applied and true returned (answer "Y").
 bool gridEntryOk(Session& session, std::string_view text);

@@ -268,21 +268,8 @@ void Game::resume(const GameRecord& record) {
     s.collection.CurrentFile = record.source;
     loaded = readPuzzle(s, record.source, record.number).analysed && givensOnBoard();
   }
-  if (!loaded) {
-    // The puzzle as if typed in: its collection no longer holds it.
-    for (int c = 1; c <= kCells; ++c) {
-      const char ch = record.givens[std::size_t(c - 1)];
-      const int v = ch >= '1' && ch <= '9' ? ch - '0' : 0;
-      s.grid[c].value = v;
-      s.grid[c].given = v != 0;
-      s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
-      s.display().paintCell(c, v ? CellPaint::Given : CellPaint::Normal);
-    }
-    SolverEngine(s).computeCandidates(false);
-    s.collection.setOrigin(BoardOrigin::entered());
-    s.collection.boardFromFile = false;
-    s.puzzleLoaded.notify();
-  }
+  // Else the puzzle as if typed in: its collection no longer holds it.
+  if (!loaded) enterPuzzle(s, record.givens);
   // The puzzle's arrival emptied the game; now its commands come back.
   m_play.moves.clear();
   m_commands = record.commands;

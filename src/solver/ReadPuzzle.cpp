@@ -141,6 +141,24 @@ std::optional<ReadResult> openCollection(Session& s, const std::string& path) {
   return readPuzzle(s, path, 1);
 }
 
+void enterPuzzle(Session& s, std::string_view cells) {
+  for (int c = 1; c <= kCells; ++c) {
+    Cell& cell = s.grid[c];
+    const char ch = std::size_t(c - 1) < cells.size() ? cells[std::size_t(c - 1)] : '0';
+    const int v = ch >= '1' && ch <= '9' ? ch - '0' : 0;
+    cell.value = v;
+    cell.given = v != 0;
+    // A given shows its own digit as its candidate, as after a read.
+    cell.candidates = v ? CandidateSet::of(v) : CandidateSet();
+    s.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
+  }
+  SolverEngine(s).computeCandidates(false);
+  s.collection.setOrigin(BoardOrigin::entered());
+  s.collection.boardFromFile = false;
+  s.run.ended = {};
+  s.puzzleLoaded.notify();
+}
+
 ReadResult clearCommand(Session& s) {
   const int n = s.collection.CurrentPuzzleNumber;
   if (s.collection.CurrentFile.empty() || n <= 0) return {};

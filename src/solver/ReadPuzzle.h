@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tessaly {
 
@@ -20,6 +21,12 @@ struct ReadResult {
 /// are told through message boxes. What the configuration remembers of the
 /// read is the caller's business (the window writes it after an analysed read).
 ReadResult readPuzzle(Session& session, const std::string& path, int n);
+
+/// Makes 81 characters the puzzle on the board, as if typed in: each digit
+/// 1..9 a given, anything else an empty cell; candidates computed; the title
+/// "New Puzzle". What the status line told was about the board this one
+/// replaces, so it goes.
+void enterPuzzle(Session& session, std::string_view cells);
 
 /// Open: makes the file the current collection and reads its first puzzle,
 /// when it is a collection with puzzles. A file that is refused or holds no

@@ -1,6 +1,7 @@
 #include "ui/GridEntryDialog.h"
 
 #include "create/PuzzleCheck.h"
+#include "solver/ReadPuzzle.h"
 #include "model/Session.h"
 #include "ui/ObjectNames.h"
 
@@ -16,7 +17,7 @@ GridEntryDialog::GridEntryDialog(Session& session, UserInterface& ui, QWidget* p
 std::string GridEntryDialog::keepQuestion(const std::string& digits) const { return keepAnywayQuestion(digits); }
 
 void GridEntryDialog::accepted(const std::string& digits) {
-  applyGridEntry(m_session, digits);
+  enterPuzzle(m_session, digits);
   m_accepted = digits;
 }
 
