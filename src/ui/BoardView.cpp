@@ -396,6 +396,8 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
   // no further.
   if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return QWidget::keyPressEvent(event);
   event->accept();
+  if (!event->isAutoRepeat() && event->nativeScanCode())
+    m_heldKeys.insert(event->nativeScanCode(), {boardKey(*event, QGuiApplication::platformName()), event->modifiers()});
 }
 
 int BoardView::boardKey(const QKeyEvent& event, QStringView platform) {
@@ -420,7 +422,15 @@ void BoardView::keyReleaseEvent(QKeyEvent* event) {
   event->accept();
   if (event->isAutoRepeat()) return;
   const int moves = m_currentMoves;
-  emit keyReleased(boardKey(*event, QGuiApplication::platformName()), event->modifiers());
+  // As pressed, when the press was seen: a modifier may have been let go first.
+  const auto held = m_heldKeys.constFind(event->nativeScanCode());
+  if (event->nativeScanCode() && held != m_heldKeys.constEnd()) {
+    const auto [key, modifiers] = *held;
+    m_heldKeys.remove(event->nativeScanCode());
+    emit keyReleased(key, modifiers);
+  } else {
+    emit keyReleased(boardKey(*event, QGuiApplication::platformName()), event->modifiers());
+  }
   // Whoever heard the key did not move the current cell: the arrows move it
   // here, so that a screen reader can walk the board on every tab.
   if (m_currentMoves != moves) return;
@@ -442,6 +452,8 @@ void BoardView::focusInEvent(QFocusEvent* event) {
 }
 
 void BoardView::focusOutEvent(QFocusEvent* event) {
+  // A key released elsewhere is not heard here.
+  m_heldKeys.clear();
   QWidget::focusOutEvent(event);
   update(m_boardRect);
 }

@@ -17,6 +17,7 @@
 #include <QString>
 #include <QWidget>
 #include <array>
+#include <utility>
 
 namespace tessaly {
 
@@ -185,6 +186,9 @@ class BoardView : public QWidget {
   int m_pressed = -1;  ///< the cell a button went down on, -1 for none
   int m_pressedBox = -1;  ///< the box frame a button went down on, -1 for none
   int m_hovered = -1;
+  /// What each key held down was pressed as (by scan code): a key acts when
+  /// released, as it was pressed, so that Shift let go first still notes.
+  QHash<quint32, std::pair<int, Qt::KeyboardModifiers>> m_heldKeys;
   /// The drawings of the looks the cells had, each made once: laying out a
   /// cell's text costs many times copying it. They hold for the cell size,
   /// pixel ratio, palette and font named by m_drawingsFor.

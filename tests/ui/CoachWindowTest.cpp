@@ -207,6 +207,24 @@ TEST_F(CoachWindowTest, TheBoardShowsThePatternTheVerdictNames) {
   EXPECT_EQ(shaded(), std::vector<int>{});
 }
 
+// A key acts as it was pressed: Shift let go before the digit still notes.
+// (A window system's own key events carry scan codes; Qt Test's do not.)
+TEST_F(CoachWindowTest, AKeyActsAsItWasPressed) {
+  play(1);
+  goTo(2);
+  const auto send = [&](QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    QKeyEvent event(type, key, modifiers, 14, 0, 0, text);
+    QApplication::sendEvent(grid(), &event);
+  };
+  send(QEvent::KeyPress, Qt::Key_Percent, Qt::ShiftModifier, "%");
+  send(QEvent::KeyRelease, Qt::Key_5, Qt::NoModifier, "5");
+  EXPECT_EQ(session.grid[2].value, 0);
+  EXPECT_EQ(game().notes()[2], bit(5));
+  // Released with no press seen (it went down elsewhere), as released.
+  send(QEvent::KeyRelease, Qt::Key_8, Qt::NoModifier, "8");
+  EXPECT_EQ(session.grid[2].value, 8);
+}
+
 TEST_F(CoachWindowTest, NotesAreFilledCheckedClearedByAPlacementAndKeptAcrossATabSwitch) {
   play(1);
   click("FillNotes");
