@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "model/CollectionFile.h"
 #include "model/Session.h"
 #include "solver/BitGrid.h"
 #include "solver/ReadPuzzle.h"
@@ -262,13 +263,30 @@ void Game::resume(const GameRecord& record) {
     }
     return true;
   };
+  // Whether the collection still holds the game's puzzle under its number:
+  // looked at before the board is touched, so that a collection since changed
+  // or emptied neither shows another puzzle on the way nor speaks of a file
+  // the user did not ask for.
+  const auto stillHeld = [&] {
+    std::error_code error;
+    if (record.source.empty() || record.number <= 0 || !std::filesystem::is_regular_file(record.source, error))
+      return false;
+    const PuzzleRowsRead read = readPuzzleRows(record.source, record.number);
+    if (read.status != PuzzleRowsRead::Status::Found || read.rows.size() < 9) return false;
+    std::string givens;
+    for (const std::string& row : read.rows)
+      for (std::size_t col = 0; col < 9; ++col) {
+        const char ch = col < row.size() ? row[col] : '0';
+        givens += ch >= '1' && ch <= '9' ? ch : '.';
+      }
+    return givens == record.givens;
+  };
   bool loaded = false;
-  std::error_code error;
-  if (!record.source.empty() && record.number > 0 && std::filesystem::is_regular_file(record.source, error)) {
+  if (stillHeld()) {
     s.collection.CurrentFile = record.source;
     loaded = readPuzzle(s, record.source, record.number).analysed && givensOnBoard();
   }
-  // Else the puzzle as if typed in: its collection no longer holds it.
+  // Else the puzzle as if typed in.
   if (!loaded) enterPuzzle(s, record.givens);
   // The puzzle's arrival emptied the game; now its commands come back.
   m_play.moves.clear();

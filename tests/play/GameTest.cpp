@@ -157,10 +157,11 @@ TEST(Game, AGameFileBringsTheGameBackAndADamagedOneIsRefused) {
                 "..3.2.6..9..3.5..1..18.64....81.29..7.......8..67.82....26.95..8..2.3..9..5.1.3..\n"
                 "elapsed 754\ndone 3\n");
 
-  // The puzzle comes from its collection, or as if typed in when the
-  // collection is gone or no longer holds puzzles (which is told).
+  // The puzzle comes from its collection, or as if typed in, without a word,
+  // when the collection is gone, emptied or holds another puzzle under its number.
   test::writeFile(dir.path() + "/emptied.sud", "");
-  for (const char* source : {"", "gone.sud", "emptied.sud"}) {
+  test::writeFile(dir.path() + "/changed.sud", test::readFile(test::puzzleFile("top95.sud")));
+  for (const char* source : {"", "gone.sud", "emptied.sud", "changed.sud"}) {
     SCOPED_TRACE(source);
     const bool fromCollection = !*source;
     GameRead read = readGameFile(path);
@@ -171,10 +172,8 @@ TEST(Game, AGameFileBringsTheGameBackAndADamagedOneIsRefused) {
     h.m.session.run.ended = {RunEnd::Kind::Solved, 0};  // the status line of the board before
     h.game.resume(*read.record);
     EXPECT_EQ(statusLine(h.m.session.run.ended), "");
-    EXPECT_EQ(h.m.recorder.messages, source == std::string("emptied.sud")
-                                         ? std::vector<std::string>{read.record->source +
-                                                                    " does not appear to have any puzzles"}
-                                         : std::vector<std::string>{});
+    EXPECT_EQ(h.m.recorder.messages, std::vector<std::string>{});
+    EXPECT_EQ(h.m.session.collection.CurrentFile, fromCollection ? test::kPe96 : test::puzzleFile("top95.sud"));
     EXPECT_EQ(h.summary(), g.summary());
     EXPECT_EQ(h.m.session.grid.valueCode(), g.m.session.grid.valueCode());
     EXPECT_EQ(h.game.notes(), game.notes());
