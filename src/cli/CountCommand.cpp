@@ -30,18 +30,6 @@ bool parsePuzzleNumber(const std::string& text, int& number) {
   return n.has_value();
 }
 
-// The 81 cells of a puzzle's nine row lines, as a read takes them: each line
-// padded or cut to nine characters.
-std::string puzzleText(const std::vector<std::string>& rows) {
-  std::string text;
-  for (const std::string& row : rows) {
-    std::string cells = row.substr(0, 9);
-    cells.resize(9, '0');
-    text += cells;
-  }
-  return text;
-}
-
 // count FILE --check: one line per damaged record, then a summary; exit 1
 // when there is any.
 int checkCommand(const std::string& file) {
@@ -99,7 +87,7 @@ int countCommand(const Arguments& arguments) {
     std::cerr << "tessaly-cli: puzzle " << number << " of " << file << " is incomplete or unreadable\n";
     return kExitUsage;
   }
-  const int found = countSolutions(puzzleText(read.rows), 2);
+  const int found = countSolutions(read.cells(), 2);
   return writeOut((found >= 2 ? std::string("2+") : std::to_string(found)) + "\n") ? kExitOk : kExitFailure;
 }
 

@@ -71,12 +71,7 @@ int gradeCommand(const Arguments& arguments) {
     std::cerr << "tessaly-cli: puzzle " << *number << " of " << file << " is incomplete or unreadable\n";
     return kExitUsage;
   }
-  std::string cells;
-  for (const std::string& row : read.rows) {
-    std::string part = row.substr(0, 9);
-    part.resize(9, '0');
-    cells += part;
-  }
+  const std::string cells = read.cells();
   if (!bitgrid::givens(cells)) {
     std::cerr << "tessaly-cli: puzzle " << *number << " of " << file << ": a given repeats in a row, column or box\n";
     return kExitUsage;

@@ -360,6 +360,16 @@ PuzzleRowsRead readPuzzleRows(const CollectionIndex& index, int n) {
   return result;
 }
 
+std::string PuzzleRowsRead::cells() const {
+  std::string text;
+  for (const std::string& row : rows) {
+    std::string part = row.substr(0, 9);
+    part.resize(9, '0');
+    text += part;
+  }
+  return text;
+}
+
 PuzzleRowsRead readPuzzleRows(const std::string& path, int n) { return readPuzzleRows(indexCollection(path), n); }
 
 namespace {
@@ -415,9 +425,7 @@ CollectionCheck checkCollection(const std::string& path) {
     if (check.scan.puzzles == 0) {
       add(check.scan.firstBadLine, 0, "does not fit a grid of nine lines of nine cells");
     } else if (const PuzzleRowsRead read = readPuzzleRows(path, 1); read.status == PuzzleRowsRead::Status::Found) {
-      std::string cells;
-      for (const std::string& row : read.rows) cells += row;
-      if (givensRepeat(cells)) add(1, 1, kRepeatText);
+      if (givensRepeat(read.cells())) add(1, 1, kRepeatText);
     }
     return check;
   }

@@ -92,6 +92,9 @@ int countPuzzles(const std::string& path);
 struct PuzzleRowsRead {
   enum class Status { Found, NotFound, Incomplete, Unreadable } status = Status::Unreadable;
   std::vector<std::string> rows;  ///< nine row lines with "." and " " turned into "0"
+  /// The 81 cells as a read takes them: each row line cut to nine
+  /// characters, or filled out with "0" (a blank) when shorter.
+  std::string cells() const;
 };
 /// Finds puzzle n (1-based) and its nine row lines (for the other forms, the
 /// n-th good puzzle, its rows written with "0" for blanks).

@@ -272,13 +272,10 @@ void Game::resume(const GameRecord& record) {
     if (record.source.empty() || record.number <= 0 || !std::filesystem::is_regular_file(record.source, error))
       return false;
     const PuzzleRowsRead read = readPuzzleRows(record.source, record.number);
-    if (read.status != PuzzleRowsRead::Status::Found || read.rows.size() < 9) return false;
-    std::string givens;
-    for (const std::string& row : read.rows)
-      for (std::size_t col = 0; col < 9; ++col) {
-        const char ch = col < row.size() ? row[col] : '0';
-        givens += ch >= '1' && ch <= '9' ? ch : '.';
-      }
+    if (read.status != PuzzleRowsRead::Status::Found) return false;
+    std::string givens = read.cells();
+    for (char& ch : givens)
+      if (ch < '1' || ch > '9') ch = '.';
     return givens == record.givens;
   };
   bool loaded = false;

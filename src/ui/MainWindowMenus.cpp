@@ -259,8 +259,7 @@ void MainWindow::printCollection() {
   for (int n = 1; n <= total; ++n) {
     const PuzzleRowsRead read = readPuzzleRows(path, n);
     if (read.status != PuzzleRowsRead::Status::Found) continue;
-    std::string cells;
-    for (const std::string& row : read.rows) cells += row.substr(0, 9);
+    const std::string cells = read.cells();
     const int grade = gradePuzzle(cells).grade;
     QString caption = QString("%1  #%2").arg(file).arg(n);
     if (grade > 0) caption += QString("  ·  %1").arg(QString::fromStdString(gradeCaption(grade)));

@@ -12,6 +12,7 @@
 
 #include "model/CollectionFile.h"
 #include "play/ManualPlay.h"
+#include "solver/ReadPuzzle.h"
 #include "solver/Techniques.h"
 #include "solver/SolverEngine.h"
 #include "ui/CreatePage.h"
@@ -65,15 +66,7 @@ std::optional<std::pair<int, int>> findingOf(const std::string& collection, Tech
     Session s;
     s.controls.techniques = TechniqueSet::all();
     s.controls.PauseCheck = true;
-    int c = 1;
-    for (const std::string& row : read.rows)
-      for (std::size_t k = 0; k < 9 && c <= kCells; ++k, ++c) {
-        const int v = k < row.size() && row[k] >= '1' && row[k] <= '9' ? row[k] - '0' : 0;
-        s.grid[c].value = v;
-        s.grid[c].given = v != 0;
-        s.grid[c].candidates = v ? CandidateSet::of(v) : CandidateSet();
-      }
-    SolverEngine(s).computeCandidates(false);
+    enterPuzzle(s, read.cells());
     SolverEngine(s).startCommand();
     for (const Finding& f : s.run.findings)
       if (f.kind == FindingKind::TechniqueFound && Technique(f.technique) == technique) return {{n, f.logLine}};

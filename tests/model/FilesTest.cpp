@@ -261,6 +261,8 @@ TEST(CollectionFile, PuzzlesAreFoundByPositionWhateverTheirHeaderSaysAndBlanksRe
   const PuzzleRowsRead read = readPuzzleRows(path, 1);
   ASSERT_EQ(read.status, Status::Found);
   EXPECT_EQ(read.rows, (std::vector<std::string>{"400100070", "400100070", "400100070", "4", "", "", "", "", ""}));
+  // As cells, as a read places them: a short row's missing cells are blanks.
+  EXPECT_EQ(read.cells(), "400100070400100070400100070400000000" + std::string(45, '0'));
 }
 
 TEST(CollectionFile, AppendingIntoAMissingFolderFailsAndTheOneLineCode) {
