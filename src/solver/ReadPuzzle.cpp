@@ -14,21 +14,20 @@ struct BusyPointer {
   Session& s;
 };
 
-// Fills the grid from the nine row lines: digits 1..9 are givens, anything else
-// is an empty cell; a short line leaves its missing columns empty.
-int fillGridFromRows(Session& s, const std::vector<std::string>& rows) {
+// Makes the 81 cells the puzzle's givens: digits 1..9 are givens, anything
+// else (or a cell past the end) an empty cell. A given shows its own digit as
+// its candidate. Then paints every cell. The number of empty cells.
+int placeGivens(Session& s, std::string_view cells) {
   int blanks = 0;
-  for (int r = 1; r <= 9; ++r)
-    for (int c = 1; c <= 9; ++c) {
-      const std::string& row = rows[std::size_t(r - 1)];
-      const char ch = std::size_t(c - 1) < row.size() ? row[std::size_t(c - 1)] : '0';
-      Cell& cell = s.grid[CellNumber[r][c]];
-      const int v = digitValue(ch);
-      cell.value = v;
-      cell.given = v != 0;
-      cell.candidates = v ? CandidateSet::of(v) : CandidateSet();
-      if (!v) ++blanks;
-    }
+  for (int c = 1; c <= kCells; ++c) {
+    Cell& cell = s.grid[c];
+    const int v = std::size_t(c - 1) < cells.size() ? digitValue(cells[std::size_t(c - 1)]) : 0;
+    cell.value = v;
+    cell.given = v != 0;
+    cell.candidates = v ? CandidateSet::of(v) : CandidateSet();
+    if (!v) ++blanks;
+  }
+  for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
   return blanks;
 }
 // Skipped lines are told once for each file, not again at every read of
@@ -78,10 +77,9 @@ ReadResult readPuzzle(Session& s, const std::string& path, int n) {
     s.collection.CurrentPuzzleNumber = n;
     s.collection.boardFromFile = true;
 
-    const int blanks = fillGridFromRows(s, read.rows);
+    const int blanks = placeGivens(s, read.cells());
     s.collection.boardAsRead = s.grid.valueCode();
     s.collection.setOrigin(BoardOrigin::read(n, total, blanks));
-    for (int c = 1; c <= kCells; ++c) s.display().paintCell(c, s.grid[c].given ? CellPaint::Given : CellPaint::Normal);
     s.puzzleLoaded.notify();
     s.run.ended = {};
     s.clearEventLog();
@@ -142,16 +140,7 @@ std::optional<ReadResult> openCollection(Session& s, const std::string& path) {
 }
 
 void enterPuzzle(Session& s, std::string_view cells) {
-  for (int c = 1; c <= kCells; ++c) {
-    Cell& cell = s.grid[c];
-    const char ch = std::size_t(c - 1) < cells.size() ? cells[std::size_t(c - 1)] : '0';
-    const int v = ch >= '1' && ch <= '9' ? ch - '0' : 0;
-    cell.value = v;
-    cell.given = v != 0;
-    // A given shows its own digit as its candidate, as after a read.
-    cell.candidates = v ? CandidateSet::of(v) : CandidateSet();
-    s.display().paintCell(c, cell.given ? CellPaint::Given : CellPaint::Normal);
-  }
+  placeGivens(s, cells);
   SolverEngine(s).computeCandidates(false);
   s.collection.setOrigin(BoardOrigin::entered());
   s.collection.boardFromFile = false;

@@ -1,8 +1,8 @@
 #include "ui/GridEntryDialog.h"
 
 #include "create/PuzzleCheck.h"
-#include "solver/ReadPuzzle.h"
 #include "model/Session.h"
+#include "solver/ReadPuzzle.h"
 #include "ui/ObjectNames.h"
 
 namespace tessaly {
